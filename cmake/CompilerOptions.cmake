@@ -1,0 +1,29 @@
+# Warnings for everything, and what the presets switch on.
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+option(VGDT_WARNINGS_AS_ERRORS "Warnings stop the build" OFF)
+if(VGDT_WARNINGS_AS_ERRORS)
+  add_compile_options(-Werror)
+endif()
+
+set(VGDT_SANITIZE "" CACHE STRING "Sanitizers, such as address,undefined")
+if(VGDT_SANITIZE)
+  add_compile_options(-fsanitize=${VGDT_SANITIZE} -fno-sanitize-recover=undefined
+                      -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${VGDT_SANITIZE})
+endif()
+
+option(VGDT_COVERAGE "Count executed lines" OFF)
+if(VGDT_COVERAGE)
+  add_compile_options(--coverage -fprofile-update=atomic)
+  add_link_options(--coverage)
+endif()
+
+# A function's statics must not keep the library from being unloaded.
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  add_compile_options(-fno-gnu-unique)
+endif()
+
+if(NOT VGDT_SANITIZE AND NOT VGDT_BUILD_FUZZERS)
+  add_link_options(LINKER:--no-undefined LINKER:-O1 LINKER:--as-needed)
+endif()

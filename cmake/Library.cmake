@@ -1,0 +1,41 @@
+# The product: libvgdatatypes.so. It links to Boost's headers and to the host, nothing else.
+
+find_package(Boost REQUIRED)
+# Only jni.h is used: the types and the function table. No Java library is linked.
+find_path(JNI_INCLUDE_DIR jni.h
+  HINTS ENV JAVA_HOME
+  PATHS /usr/lib/jvm/default-java /usr/lib/jvm/java-17-openjdk-amd64
+  PATH_SUFFIXES include REQUIRED)
+
+string(TIMESTAMP VGDT_BUILD_SECONDS "%s" UTC)
+string(TIMESTAMP VGDT_BUILD_DATE "%Y-%m-%d %H:%M:%S UTC" UTC)
+configure_file(src/build_info.h.in ${PROJECT_BINARY_DIR}/generated/build_info.h)
+
+file(GLOB_RECURSE public_headers CONFIGURE_DEPENDS include/*.h)
+file(GLOB library_sources CONFIGURE_DEPENDS src/*.cpp generated/*.cpp objects/*.cpp)
+add_library(vgdatatypes SHARED)
+add_library(vgdatatypes::vgdatatypes ALIAS vgdatatypes)
+target_sources(vgdatatypes
+  PRIVATE ${library_sources}
+  PUBLIC FILE_SET HEADERS BASE_DIRS include FILES ${public_headers})
+target_include_directories(vgdatatypes
+  PRIVATE src ${PROJECT_BINARY_DIR}/generated)
+target_include_directories(vgdatatypes SYSTEM
+  PRIVATE ${JNI_INCLUDE_DIR} ${JNI_INCLUDE_DIR}/linux)
+target_link_libraries(vgdatatypes PUBLIC vghost PRIVATE Boost::headers)
+set_target_properties(vgdatatypes PROPERTIES
+  VERSION ${PROJECT_VERSION} SOVERSION 0
+  VERIFY_INTERFACE_HEADER_SETS ON)
+
+install(TARGETS vgdatatypes EXPORT vgdatatypesTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+if(NOT VGDT_HOST_DIR)
+  install(EXPORT vgdatatypesTargets NAMESPACE vgdatatypes::
+          FILE vgdatatypesConfig.cmake
+          DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/vgdatatypes)
+  write_basic_package_version_file(${PROJECT_BINARY_DIR}/vgdatatypesConfigVersion.cmake
+    COMPATIBILITY SameMinorVersion)
+  install(FILES ${PROJECT_BINARY_DIR}/vgdatatypesConfigVersion.cmake
+          DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/vgdatatypes)
+endif()

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <vx/array.h>
+
+#include <memory>
+
+namespace gui_objects {
+
+/// Ends a host array.
+struct VxArrayDtor {
+  static void destroy(vxArray* array) noexcept { vxDestroyArray(array); }
+  void operator()(vxArray* array) const noexcept { destroy(array); }
+};
+
+/// Sole owner of an object of the host.
+template <class T, class Destructor>
+using AutoPtr = std::unique_ptr<T, Destructor>;
+
+}  // namespace gui_objects

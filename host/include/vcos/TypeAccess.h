@@ -1,0 +1,63 @@
+#pragma once
+
+#include <gui_objects/AutoPtr.h>
+#include <ut/export.h>
+#include <vcos/COSDataType.h>
+#include <vcos/COSNameID.h>
+#include <vcos/COSTypeConversion.h>
+
+#include <optional>
+#include <string>
+
+namespace vcos {
+
+using ArrayOwner = gui_objects::AutoPtr<vxArray, gui_objects::VxArrayDtor>;
+
+/// Owner of a value word: ends it with its data type's destroy().
+class VGHOST_API OwnedValue {
+ public:
+  OwnedValue(const COSDataType& type, COSValue value) noexcept : type_(&type), value_(value) {}
+  ~OwnedValue() { type_->destroy(value_); }
+  OwnedValue(const OwnedValue&) = delete;
+  OwnedValue& operator=(const OwnedValue&) = delete;
+
+  COSValue get() const noexcept { return value_; }
+
+ private:
+  const COSDataType* type_;
+  COSValue value_;
+};
+
+/// How the class system moves values into and out of a type: the type and its conversions, looked
+/// up once.
+class VGHOST_API TypeAccess {
+ public:
+  /// By the full name ("vortil.graphics.datatype.on_off", "bool"); none if there is no such type.
+  static std::optional<TypeAccess> find(COSNameID name);
+
+  COSNameID name() const noexcept { return name_; }
+  COSDataType& dataType() const noexcept { return *dataType_; }
+  /// Null where the type has no such conversion.
+  const COSTypeConversion* textConversion() const noexcept { return text_; }
+  const COSTypeConversion* arrayConversion() const noexcept { return array_; }
+
+  /// A new value from a text. The conversion is handed a copy on the host's heap, which is freed
+  /// afterwards unless the value is that very copy: some types take the text over.
+  COSValue fromText(const char* text) const;
+  /// A new value from a host array, which stays the caller's and may be null.
+  COSValue fromArray(const vxArray* array) const;
+  /// The text of a value; none where the type has no text form for it.
+  std::optional<std::string> toText(COSValue value) const;
+  /// The host array of a value; null where the type gives none.
+  ArrayOwner toArray(COSValue value) const;
+
+ private:
+  TypeAccess(COSNameID name, COSDataType& dataType) noexcept;
+
+  COSNameID name_;
+  COSDataType* dataType_;
+  const COSTypeConversion* text_;
+  const COSTypeConversion* array_;
+};
+
+}  // namespace vcos

@@ -1,0 +1,58 @@
+#pragma once
+
+/// How an error reaches the user. The raising calls throw
+/// Lindgrove::System::utErrorException_DEPRECATED and never return.
+
+#include <messages/BaseMsgID.h>
+#include <ut/export.h>
+
+#include <string>
+#include <vector>
+
+/// By a message of the catalogue.
+[[noreturn]] VGHOST_API void vxErrMsgId(const resource_core::BaseMsgID& message);
+/// By a literal identifier and a printf format.
+[[noreturn, gnu::format(printf, 2, 3)]] VGHOST_API void vxErrMsgIdAndTxt(const char* identifier,
+                                                                         const char* format, ...);
+/// By a number of the host: 17 is "VORTIL:host:NumberToText", any other number
+/// "VORTIL:host:UnknownMessage".
+[[noreturn]] VGHOST_API void vxErrMsg(int number);
+
+/// A warning goes to the innermost vghost::WarningCapture, or to the console as one line.
+VGHOST_API void vxWarningMsgId(const resource_core::BaseMsgID& message);
+
+/// Identifier and text of the error that was raised last; empty texts if there was none. The
+/// pointers are valid until the next error.
+VGHOST_API void vxGetLastErrIdAndMsg(const char** identifier, const char** message) noexcept;
+
+/// How the host's evaluator is to treat a failure of what it runs. Raising always throws.
+enum vxErrorMode : int { vxERROR_MODE_RAISE = 0, vxERROR_MODE_REPORT = 1 };
+
+/// Sets the mode and returns the old one.
+VGHOST_API vxErrorMode vxSetErrorMode(vxErrorMode mode) noexcept;
+
+namespace vghost {
+
+struct Warning {
+  std::string identifier;
+  std::string message;
+};
+
+/// Keeps the warnings that are issued while it lives. Captures nest; the innermost gets them.
+class VGHOST_API WarningCapture {
+ public:
+  WarningCapture();
+  ~WarningCapture();
+  WarningCapture(const WarningCapture&) = delete;
+  WarningCapture& operator=(const WarningCapture&) = delete;
+
+  const std::vector<Warning>& warnings() const noexcept { return warnings_; }
+
+ private:
+  friend void ::vxWarningMsgId(const resource_core::BaseMsgID& message);
+
+  std::vector<Warning> warnings_;
+  WarningCapture* outer_;
+};
+
+}  // namespace vghost

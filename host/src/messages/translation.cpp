@@ -1,0 +1,93 @@
+#include <dlfcn.h>
+#include <messages/catalog.h>
+#include <messages/translation.h>
+#include <unicode/msgfmt.h>
+#include <unicode/resbund.h>
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <stdexcept>
+
+namespace vghost::messages {
+namespace {
+
+using resource_core::MessageDefinition;
+
+constexpr const MessageDefinition* kCatalog[] = {
+#define VGHOST_MESSAGE(Space, Name, Arity, Identifier, English) &Space::Name::kDefinition,
+#include <catalog/messages.def>
+#undef VGHOST_MESSAGE
+};
+
+std::string& currentLocale() {
+  static auto& locale = *new std::string("en");
+  return locale;
+}
+
+/// The bundles stand in vghost/messages beside the library, wherever that was loaded from.
+const std::string& bundleDirectory() {
+  static const auto& directory = *new std::string([] {
+    Dl_info library{};
+    if (dladdr(reinterpret_cast<void*>(&currentLocale), &library) == 0) return std::string();
+    const std::string path = library.dli_fname;
+    return path.substr(0, path.find_last_of('/') + 1) + "vghost/messages";
+  }());
+  return directory;
+}
+
+/// The translated pattern; empty if the locale's language has none. ICU would also try the
+/// language of the process, which is not wanted here.
+std::string translation(const char* identifier, const std::string& locale) {
+  UErrorCode status = U_ZERO_ERROR;
+  const icu::ResourceBundle bundle(bundleDirectory().c_str(), icu::Locale(locale.c_str()), status);
+  if (U_FAILURE(status) || status == U_USING_DEFAULT_WARNING) return {};
+  status = U_ZERO_ERROR;
+  std::string utf8;
+  const icu::UnicodeString text = bundle.getStringEx(identifier, status);
+  if (U_SUCCESS(status)) text.toUTF8String(utf8);
+  return utf8;
+}
+
+}  // namespace
+
+std::span<const MessageDefinition* const> catalog() noexcept {
+  return kCatalog;
+}
+
+void setLocale(const std::string& locale) {
+  currentLocale() = locale;
+}
+
+const std::string& locale() noexcept {
+  return currentLocale();
+}
+
+std::string pattern(const char* identifier, const std::string& locale) {
+  if (!locale.starts_with("en")) {
+    std::string translated = translation(identifier, locale);
+    if (!translated.empty()) return translated;
+  }
+  for (const MessageDefinition* message : kCatalog)
+    if (std::strcmp(message->identifier, identifier) == 0) return message->english;
+  return identifier;
+}
+
+std::string text(const resource_core::BaseMsgID& message, const std::string& locale) {
+  const std::string chosen = pattern(message.definition().identifier, locale);
+  UErrorCode status = U_ZERO_ERROR;
+  const icu::MessageFormat format(icu::UnicodeString::fromUTF8(chosen), icu::Locale(locale.c_str()),
+                                  status);
+  std::vector<icu::Formattable> arguments;
+  for (const std::string& argument : message.arguments())
+    arguments.emplace_back(icu::UnicodeString::fromUTF8(argument));
+  icu::UnicodeString text;
+  icu::FieldPosition ignored;
+  if (U_SUCCESS(status))
+    format.format(arguments.data(), static_cast<int32_t>(arguments.size()), text, ignored, status);
+  std::string utf8;
+  if (U_SUCCESS(status)) text.toUTF8String(utf8);
+  return U_SUCCESS(status) ? utf8 : chosen;
+}
+
+}  // namespace vghost::messages

@@ -1,0 +1,49 @@
+#include <ut/faults.h>
+#include <ut/memory.h>
+
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+constinit std::size_t live = 0;
+
+void* counted(void* block) noexcept {
+  if (block) ++live;
+  return block;
+}
+
+}  // namespace
+
+void* utMalloc(std::size_t size) noexcept {
+  if (vghost::faults::countAllocation()) return nullptr;
+  return counted(std::malloc(size == 0 ? 1 : size));
+}
+
+void* utCalloc(std::size_t count, std::size_t size) noexcept {
+  if (vghost::faults::countAllocation()) return nullptr;
+  if (count == 0 || size == 0) count = size = 1;
+  return counted(std::calloc(count, size));
+}
+
+char* utStrdup(const char* text) noexcept {
+  if (!text) return nullptr;
+  const std::size_t size = std::strlen(text) + 1;
+  auto* copy = static_cast<char*>(utMalloc(size));
+  if (copy) std::memcpy(copy, text, size);
+  return copy;
+}
+
+void utFree(void* block) noexcept {
+  if (!block) return;
+  --live;
+  std::free(block);
+}
+
+namespace vghost {
+
+std::size_t liveBlocks() noexcept {
+  return live;
+}
+
+}  // namespace vghost

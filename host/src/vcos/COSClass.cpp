@@ -1,0 +1,130 @@
+#include "CountedObject.h"
+
+#include <ut/faults.h>
+#include <vcos/COSClass.h>
+#include <vcos/exceptions.h>
+
+#include <memory>
+
+namespace vcos {
+
+COSInterface::~COSInterface() = default;
+COSPropInfo::~COSPropInfo() = default;
+
+namespace {
+
+/// An object is a word for each property of its class, in the order of the class's properties.
+class Object final : public CountedObject {
+ public:
+  explicit Object(const COSClass& ownClass) : class_(ownClass) {}
+  ~Object() override { destroyValues(); }
+
+  bool isDestroyed() const override { return destroyed_; }
+  COSClass* getClass() const override { return const_cast<COSClass*>(&class_); }
+  COSInterfacePtr findProperty(COSNameID name) const override { return class_.findProperty(name); }
+
+  void initialize();
+  void destroyValues() noexcept;
+
+  std::vector<COSValue> values;
+
+ private:
+  const COSClass& class_;
+  bool destroyed_ = false;
+};
+
+class Property final : public CountedObject, public COSPropInfo {
+ public:
+  Property(COSNameID name, COSDataTypePtr type, std::size_t index)
+      : name_(name),
+        type_(std::move(type)),
+        index_(index) {}
+
+  COSNameID nameID() const noexcept { return name_; }
+  COSDataType& type() const { return *type_.getObject(); }
+
+  const char* getName() const override { return name_.c_str(); }
+  COSDataTypePtr getDataType() const override { return type_; }
+
+  COSValue getValue(const COSInterface* object) const override {
+    return static_cast<const Object*>(object)->values.at(index_);
+  }
+
+  void setValue(COSInterface* object, COSValue value) override {
+    vghost::faults::countHostCall("setValue");
+    COSValue& held = static_cast<Object*>(object)->values.at(index_);
+    const COSValue copy = type().copy(value);
+    type().destroy(held);
+    held = copy;
+  }
+
+ private:
+  COSNameID name_;
+  COSDataTypePtr type_;
+  std::size_t index_;
+};
+
+const Property& propertyOf(const COSInterfacePtr& pointer) {
+  return static_cast<const Property&>(*pointer.get());
+}
+
+void Object::initialize() {
+  values.reserve(class_.properties().size());
+  for (const COSInterfacePtr& property : class_.properties()) {
+    const COSDataType& type = propertyOf(property).type();
+    values.push_back(type.copy(type.getDefaultValue()));
+  }
+}
+
+void Object::destroyValues() noexcept {
+  for (std::size_t i = 0; i < values.size(); ++i)
+    propertyOf(class_.properties()[i]).type().destroy(values[i]);
+  values.clear();
+  destroyed_ = true;
+}
+
+}  // namespace
+
+COSPropInfo* COSPropInfoPtrHelper::getObject(const COSInterfacePtr& property) const noexcept {
+  return dynamic_cast<Property*>(property.get());
+}
+
+COSClass::COSClass(const char* name, const COSClass* base) : name_(name), base_(base) {
+  if (base) properties_ = base->properties_;
+}
+
+COSClass::~COSClass() = default;
+
+bool COSClass::isA(COSNameID name) const noexcept {
+  return name_ == name || (base_ && base_->isA(name));
+}
+
+void COSClass::addProperty(const char* name, COSNameID type) {
+  const COSNameID nameID(name);
+  COSDataTypePtr dataType = COSTypeRepository::getType(type);
+  if (!dataType.getObject())
+    throw COSMsgException(std::string("There is no type ") + type.c_str() + ".");
+  if (findProperty(nameID))
+    throw COSMsgException(std::string("The class ") + getName() + " has a property " + name +
+                          " already.");
+  properties_.emplace_back(new Property(nameID, std::move(dataType), properties_.size()));
+}
+
+COSInterfacePtr COSClass::findProperty(COSNameID name) const {
+  for (const COSInterfacePtr& property : properties_)
+    if (propertyOf(property).nameID() == name) return property;
+  return {};
+}
+
+COSInterfacePtr COSClass::createObject() const {
+  auto* object = new Object(*this);
+  COSInterfacePtr owner(object);
+  object->initialize();
+  return owner;
+}
+
+void COSClass::destroyObject(const COSInterfacePtr& object) noexcept {
+  static_cast<Object*>(object.get())->destroyValues();
+}
+
+}  // namespace vcos

@@ -1,0 +1,152 @@
+#include "BuiltInTypes.h"
+#include "CountedObject.h"
+
+#include <ut/faults.h>
+#include <vcos/COSPackage.h>
+#include <vcos/COSTypeRepository.h>
+#include <vcos/exceptions.h>
+
+#include <cstring>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace vcos {
+
+COSTypeConversion::~COSTypeConversion() = default;
+JavaTypeConversion::~JavaTypeConversion() = default;
+
+namespace {
+
+using vghost::faults::countHostCall;
+
+/// What a COSDataTypePtr points to.
+class TypeObject final : public CountedObject {
+ public:
+  TypeObject(COSNameID ownName, COSDataType* ownType) : name(ownName), type(ownType) {}
+
+  bool isDestroyed() const override { return type == nullptr; }
+
+  COSNameID name;
+  COSDataType* type;
+};
+
+struct NamePair {
+  COSNameID outside;
+  COSNameID inner;
+  friend bool operator==(const NamePair&, const NamePair&) noexcept = default;
+};
+
+struct NamePairHash {
+  std::size_t operator()(const NamePair& pair) const noexcept {
+    const std::hash<COSNameID> hash;
+    return hash(pair.outside) * 31 + hash(pair.inner);
+  }
+};
+
+struct Repository {
+  std::vector<std::unique_ptr<COSDataType>> builtInTypes;
+  std::unordered_map<COSNameID, COSDataTypePtr> types;
+  std::unordered_map<NamePair, std::unique_ptr<COSTypeConversion>, NamePairHash> conversions;
+  std::unordered_map<COSNameID, std::unique_ptr<JavaTypeConversion>> javaConversions;
+};
+
+[[noreturn]] void throwTaken(const std::string& what) {
+  throw COSMsgException(what + " is registered already.");
+}
+
+void add(Repository& repository, COSNameID name, COSDataType* type) {
+  if (repository.types.contains(name)) throwTaken(std::string("The type ") + name.c_str());
+  repository.types.emplace(name, COSDataTypePtr(COSInterfacePtr(new TypeObject(name, type))));
+}
+
+std::unique_ptr<Repository> createRepository() {
+  auto repository = std::make_unique<Repository>();
+  repository->builtInTypes = makeBuiltInTypes();
+  for (const auto& type : repository->builtInTypes)
+    add(*repository, COSNameID(type->getName()), type.get());
+  repository->conversions.try_emplace({COSNameID("any"), COSNameID("string")},
+                                      makeArrayStringConversion());
+  return repository;
+}
+
+/// Made on first use, complete with the host's own types, and kept for good.
+Repository& repository() {
+  static Repository& instance = *createRepository().release();
+  return instance;
+}
+
+/// Lets the package around a dotted name load the type.
+bool loadType(COSNameID name) {
+  const char* leaf = std::strrchr(name.c_str(), '.');
+  if (!leaf) return false;
+  const std::string packageName(name.c_str(), leaf);
+  COSPackage* package = COSPackage::getPackage(COSNameID(packageName.c_str()));
+  return package && package->getInfo().attemptToLoadType(leaf + 1);
+}
+
+}  // namespace
+
+COSDataType* COSDataTypePtrHelper::getObject(const COSInterfacePtr& type) const noexcept {
+  const auto* object = dynamic_cast<const TypeObject*>(type.get());
+  return object ? object->type : nullptr;
+}
+
+COSNameID COSDataTypePtr::getID() const noexcept {
+  const auto* object = dynamic_cast<const TypeObject*>(get());
+  return object ? object->name : COSNameID();
+}
+
+COSDataTypePtr COSTypeRepository::findType(COSNameID name) {
+  const auto& types = repository().types;
+  const auto found = types.find(name);
+  return found == types.end() ? COSDataTypePtr() : found->second;
+}
+
+COSDataTypePtr COSTypeRepository::getType(COSNameID name) {
+  countHostCall("getType");
+  COSDataTypePtr type = findType(name);
+  return !type && loadType(name) ? findType(name) : type;
+}
+
+void COSTypeRepository::addType(COSNameID name, COSDataType* type) {
+  add(repository(), name, type);
+}
+
+void COSTypeRepository::removeType(COSNameID name) {
+  auto& types = repository().types;
+  const auto found = types.find(name);
+  if (found == types.end()) return;
+  static_cast<TypeObject*>(found->second.get())->type = nullptr;
+  types.erase(found);
+}
+
+void COSTypeRepository::addConversion(COSNameID outside, COSNameID inner,
+                                      COSTypeConversion* conversion) {
+  std::unique_ptr<COSTypeConversion> owner(conversion);
+  countHostCall("addConversion");
+  if (!repository().conversions.try_emplace({outside, inner}, std::move(owner)).second)
+    throwTaken(std::string("The conversion between ") + outside.c_str() + " and " + inner.c_str());
+}
+
+COSTypeConversion* COSTypeRepository::getConversion(COSNameID outside, COSNameID inner) {
+  const auto& conversions = repository().conversions;
+  const auto found = conversions.find({outside, inner});
+  return found == conversions.end() ? nullptr : found->second.get();
+}
+
+void JavaTypeConversion::addConversion(COSNameID inner, JavaTypeConversion* conversion) {
+  std::unique_ptr<JavaTypeConversion> owner(conversion);
+  countHostCall("JavaTypeConversion::addConversion");
+  if (!repository().javaConversions.try_emplace(inner, std::move(owner)).second)
+    throwTaken(std::string("The Java conversion of ") + inner.c_str());
+}
+
+JavaTypeConversion* JavaTypeConversion::getConversion(COSNameID inner) {
+  const auto& conversions = repository().javaConversions;
+  const auto found = conversions.find(inner);
+  return found == conversions.end() ? nullptr : found->second.get();
+}
+
+}  // namespace vcos

@@ -1,0 +1,60 @@
+#include <dlfcn.h>
+#include <ut/memory.h>
+#include <vcos/COSTypeRepository.h>
+#include <vcos/TypeAccess.h>
+#include <vcos/exceptions.h>
+
+#include <memory>
+
+namespace vcos {
+namespace {
+
+/// A text conversion may answer with a constant of its library, which is nobody's to free. Such a
+/// text lies inside the image of a loaded library, and a block of the heap never does.
+bool isConstant(const char* text) noexcept {
+  Dl_info library{};
+  return dladdr(text, &library) != 0;
+}
+
+struct FreeText {
+  void operator()(char* text) const noexcept {
+    if (!isConstant(text)) utFree(text);
+  }
+};
+
+}  // namespace
+
+TypeAccess::TypeAccess(COSNameID name, COSDataType& dataType) noexcept
+    : name_(name),
+      dataType_(&dataType),
+      text_(COSTypeRepository::getConversion(COSNameID("string"), name)),
+      array_(COSTypeRepository::getConversion(COSNameID("any"), name)) {}
+
+std::optional<TypeAccess> TypeAccess::find(COSNameID name) {
+  COSDataType* dataType = COSTypeRepository::getType(name).getObject();
+  if (!dataType) return std::nullopt;
+  return TypeAccess(name, *dataType);
+}
+
+COSValue TypeAccess::fromText(const char* text) const {
+  std::unique_ptr<char, FreeText> copy(utStrdup(text));
+  if (text && !copy) throw COSOutOfMemoryException();
+  const COSValue value = text_->from(COSValue::fromPointer(copy.get()));
+  if (value == COSValue::fromPointer(copy.get())) static_cast<void>(copy.release());
+  return value;
+}
+
+COSValue TypeAccess::fromArray(const vxArray* array) const {
+  return array_->from(COSValue::fromPointer(array));
+}
+
+std::optional<std::string> TypeAccess::toText(COSValue value) const {
+  const std::unique_ptr<char, FreeText> text(text_->to(value).asPointer<char>());
+  return text ? std::optional<std::string>(text.get()) : std::nullopt;
+}
+
+ArrayOwner TypeAccess::toArray(COSValue value) const {
+  return ArrayOwner(array_->to(value).asPointer<vxArray>());
+}
+
+}  // namespace vcos

@@ -1,0 +1,143 @@
+#include <ut/faults.h>
+#include <vcos/TypedEnumStringType.h>
+#include <vcos/exceptions.h>
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <string_view>
+
+namespace vcos {
+
+EnumerationType::~EnumerationType() = default;
+
+namespace {
+
+class ElementEnumeration final : public EnumerationUtil<COSValue> {
+ public:
+  explicit ElementEnumeration(std::vector<COSValue> values) : values_(std::move(values)) {}
+  bool hasMoreElements() const override { return next_ < values_.size(); }
+  COSValue nextElement() override { return values_[next_++]; }
+
+ private:
+  std::vector<COSValue> values_;
+  std::size_t next_ = 0;
+};
+
+}  // namespace
+
+TypedEnumStringType::TypedEnumStringType(COSDataTypePtr baseType, std::string typeName)
+    : baseType_(std::move(baseType)),
+      typeName_(std::move(typeName)) {}
+
+TypedEnumStringType::~TypedEnumStringType() = default;
+
+TypedEnumStringType* TypedEnumStringType::createInstance(COSDataTypePtr baseType,
+                                                         const char* typeName, const char*) {
+  vghost::faults::countHostCall("TypedEnumStringType::createInstance");
+  std::unique_ptr<TypedEnumStringType> type(new TypedEnumStringType(std::move(baseType), typeName));
+  COSTypeRepository::addType(COSNameID(typeName), type.get());
+  return type.release();
+}
+
+void TypedEnumStringType::destroyInstance(COSNameID typeName) {
+  const COSDataTypePtr found = COSTypeRepository::findType(typeName);
+  auto* type = dynamic_cast<TypedEnumStringType*>(found.getObject());
+  if (!type) return;
+  COSTypeRepository::removeType(typeName);
+  delete type;
+}
+
+const TypedEnumStringType::Element* TypedEnumStringType::find(const char* name) const noexcept {
+  if (!name) return nullptr;
+  const auto found = std::ranges::find(elements_, std::string_view(name), &Element::name);
+  return found == elements_.end() ? nullptr : &*found;
+}
+
+void TypedEnumStringType::addElement(COSValue value, const char* name) {
+  vghost::faults::countHostCall("TypedEnumStringType::addElement");
+  const auto found = std::ranges::find(elements_, std::string_view(name), &Element::name);
+  if (found == elements_.end())
+    elements_.push_back({name, value});
+  else
+    found->value = value;
+}
+
+std::size_t TypedEnumStringType::getEnumLength() const {
+  return elements_.size();
+}
+
+const char* TypedEnumStringType::getEnumString(COSValue value) const {
+  const auto found = std::ranges::find(elements_, value, &Element::value);
+  return found == elements_.end() ? nullptr : found->name.c_str();
+}
+
+COSValue TypedEnumStringType::getEnumValue(const char* name) const {
+  const Element* element = find(name);
+  return element ? element->value : COSValue();
+}
+
+bool TypedEnumStringType::isValidEnumName(const char* name) const {
+  return find(name) != nullptr;
+}
+
+bool TypedEnumStringType::isEnumNameAmbiguous(const char* name) const {
+  if (!name || find(name)) return false;
+  return std::ranges::count_if(elements_, [name](const Element& element) {
+           return element.name.starts_with(name);
+         }) > 1;
+}
+
+bool TypedEnumStringType::getEnumVisibility(const char* name) const {
+  return isValidEnumName(name);
+}
+
+const char* TypedEnumStringType::getDeclarationName() const {
+  return typeName_.c_str();
+}
+const char* TypedEnumStringType::getName() const {
+  return typeName_.c_str();
+}
+bool TypedEnumStringType::isPossibleValuesFinite() const {
+  return true;
+}
+
+Enumeration<COSValue> TypedEnumStringType::getPossibleValues() const {
+  std::vector<COSValue> values;
+  std::ranges::transform(elements_, std::back_inserter(values), &Element::value);
+  return Enumeration<COSValue>(new ElementEnumeration(std::move(values)));
+}
+
+COSValue TypedEnumStringType::getDefaultValue() const {
+  return elements_.empty() ? COSValue() : elements_.front().value;
+}
+
+int TypedEnumStringType::getStorageType() const {
+  return 0;
+}
+const char* TypedEnumStringType::getCategoryName() const {
+  return "Enumeration";
+}
+
+std::size_t TypedEnumStringType::getSizeInBits() const {
+  return 8 * getValueSizeInBytes(COSValue());
+}
+
+bool TypedEnumStringType::isEqual(COSValue a, COSValue b) const {
+  return a == b;
+}
+int TypedEnumStringType::compare(COSValue a, COSValue b) const {
+  return isEqual(a, b) ? 0 : 2;
+}
+
+std::size_t TypedEnumStringType::getValueSizeInBytes(COSValue value) const {
+  const COSDataType* base = baseType_.getObject();
+  return base ? base->getValueSizeInBytes(value) : sizeof(COSValue);
+}
+
+COSValue TypedEnumStringType::copy(COSValue value) const {
+  return value;
+}
+void TypedEnumStringType::destroy(COSValue) const {}
+
+}  // namespace vcos

@@ -1,0 +1,432 @@
+#include "array.h"
+
+#include <messages/catalog.h>
+#include <messages/exceptions.h>
+#include <unistd.h>
+#include <ut/faults.h>
+#include <vx/errors.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <numeric>
+
+using vghost::faults::countHostCall;
+
+namespace vghost {
+namespace {
+
+constinit std::size_t live = 0;
+
+struct ClassRow {
+  vxClassID classID;
+  const char* name;
+  std::size_t elementSize;  // 0: no plain elements
+};
+
+constexpr ClassRow kClasses[] = {
+    {vxCELL_CLASS, "cell", 0},
+    {vxSTRUCT_CLASS, "struct", 0},
+    {vxLOGICAL_CLASS, "logical", 1},
+    {vxCHAR_CLASS, "char", 2},
+    {vxDOUBLE_CLASS, "double", 8},
+    {vxSINGLE_CLASS, "single", 4},
+    {vxINT8_CLASS, "int8", 1},
+    {vxUINT8_CLASS, "uint8", 1},
+    {vxINT16_CLASS, "int16", 2},
+    {vxUINT16_CLASS, "uint16", 2},
+    {vxINT32_CLASS, "int32", 4},
+    {vxUINT32_CLASS, "uint32", 4},
+    {vxINT64_CLASS, "int64", 8},
+    {vxUINT64_CLASS, "uint64", 8},
+    {vxFUNCTION_CLASS, "function_handle", 0},
+    {vxOBJECT_CLASS, "object", 0},
+};
+constexpr ClassRow kUnknownClass{vxClassID(0), "unknown", 0};
+
+constexpr const ClassRow& rowOf(vxClassID classID) noexcept {
+  for (const ClassRow& row : kClasses)
+    if (row.classID == classID) return row;
+  return kUnknownClass;
+}
+
+/// Half of the machine's memory: an array has to leave room for whatever is made of it.
+std::size_t sizeLimit() noexcept {
+  static const std::size_t limit = static_cast<std::size_t>(sysconf(_SC_PHYS_PAGES)) *
+                                   static_cast<std::size_t>(sysconf(_SC_PAGESIZE)) / 2;
+  return limit;
+}
+
+/// Number of elements; raises if they, or their bytes, are too many. The dimensions beside a zero
+/// are checked as well, so that every product of dimensions fits.
+std::size_t checkedCount(const std::size_t* dimensions, std::size_t numberOfDimensions,
+                         std::size_t bytesPerElement) {
+  std::size_t product = 1;
+  bool empty = false;
+  bool tooLarge = false;
+  for (std::size_t i = 0; i < numberOfDimensions; ++i) {
+    empty |= dimensions[i] == 0;
+    tooLarge |= __builtin_mul_overflow(product, std::max<std::size_t>(dimensions[i], 1), &product);
+  }
+  const std::size_t count = empty ? 0 : product;
+  if (tooLarge || count > sizeLimit() / std::max<std::size_t>(bytesPerElement, 1))
+    vxErrMsgId(VORTIL::array::SizeLimitExceeded(sizeText(dimensions, numberOfDimensions)));
+  return count;
+}
+
+/// Slots or object references that make one element of the array.
+std::size_t widthOf(const vxArray& array) noexcept {
+  return array.classID == vxSTRUCT_CLASS ? array.names->size() : 1;
+}
+
+std::size_t bytesPerElement(const vxArray& array) noexcept {
+  if (array.elementSize() == 0) return widthOf(array) * sizeof(void*);
+  return array.elementSize() * (array.complex ? 2 : 1);
+}
+
+BlockPtr createBlock(const vxArray& array, std::size_t count) {
+  if (count == 0 || array.classID == vxFUNCTION_CLASS) return nullptr;
+  if (array.elementSize() != 0)
+    return BlockPtr(new PlainBlock(count, array.elementSize(), array.complex));
+  if (array.classID == vxOBJECT_CLASS) return BlockPtr(new ObjectBlock(count, 1));
+  return BlockPtr(new CellBlock(count, widthOf(array)));
+}
+
+vxArray* createElements(const char* operation, vxClassID classID, const std::size_t* dimensions,
+                        std::size_t numberOfDimensions, vxComplexity complexity = vxREAL) {
+  countHostCall(operation);
+  return createArray(classID, dimensions, numberOfDimensions, complexity).release();
+}
+
+vxArray* createNumeric(const char* operation, vxClassID classID, const std::size_t* dimensions,
+                       std::size_t numberOfDimensions, vxComplexity complexity) {
+  if (rowOf(classID).elementSize == 0) raiseWrongClass(operation, rowOf(classID).name);
+  return createElements(operation, classID, dimensions, numberOfDimensions, complexity);
+}
+
+void reshape(const char* operation, vxArray* array, const std::size_t* dimensions,
+             std::size_t numberOfDimensions) {
+  countHostCall(operation);
+  if (array->classID == vxFUNCTION_CLASS) raiseWrongClass(operation, vxGetClassName(array));
+  const std::size_t count = checkedCount(dimensions, numberOfDimensions, bytesPerElement(*array));
+  if (count != array->count())
+    array->block =
+        array->block && count != 0 ? array->block->resized(count) : createBlock(*array, count);
+  array->dimensions.assign(dimensions, dimensions + numberOfDimensions);
+}
+
+}  // namespace
+
+void* ArrayStorage::operator new(std::size_t size) {
+  void* block = faults::countAllocation() ? nullptr : std::malloc(size);
+  if (!block) throw Lindgrove::System::OutOfMemoryException_DEPRECATED();
+  return block;
+}
+
+void ArrayStorage::operator delete(void* block) noexcept {
+  std::free(block);
+}
+
+PlainBlock::PlainBlock(std::size_t count, std::size_t elementSize, bool complex)
+    : count_(count),
+      elementSize_(elementSize),
+      real_(allocate(count, elementSize)),
+      imag_(complex ? allocate(count, elementSize) : nullptr) {}
+
+void PlainBlock::Free::operator()(std::byte* bytes) const noexcept {
+  std::free(bytes);
+}
+
+PlainBlock::Bytes PlainBlock::allocate(std::size_t count, std::size_t elementSize) {
+  auto* bytes = static_cast<std::byte*>(
+      faults::countAllocation() ? nullptr : std::calloc(count, elementSize));
+  if (!bytes) throw Lindgrove::System::OutOfMemoryException_DEPRECATED();
+  return Bytes(bytes);
+}
+
+BlockPtr PlainBlock::resized(std::size_t count) const {
+  boost::intrusive_ptr<PlainBlock> result(new PlainBlock(count, elementSize_, imag() != nullptr));
+  const std::size_t bytes = std::min(count, count_) * elementSize_;
+  std::memcpy(result->real(), real(), bytes);
+  if (imag()) std::memcpy(result->imag(), imag(), bytes);
+  return result;
+}
+
+BlockPtr PlainBlock::transposed(std::size_t m, std::size_t n) const {
+  boost::intrusive_ptr<PlainBlock> result(new PlainBlock(count_, elementSize_, imag() != nullptr));
+  transpose(m, n, real_.get(), result->real_.get());
+  if (imag_) transpose(m, n, imag_.get(), result->imag_.get());
+  return result;
+}
+
+void PlainBlock::transpose(std::size_t m, std::size_t n, const std::byte* from,
+                           std::byte* to) const {
+  for (std::size_t column = 0; column < n; ++column)
+    for (std::size_t row = 0; row < m; ++row, from += elementSize_)
+      std::memcpy(to + (row * n + column) * elementSize_, from, elementSize_);
+}
+
+Slot::Slot(const Slot& other)
+    : array_(other.array_ ? vxCreateSharedCopyNotOnArrayList(other.array_) : nullptr) {}
+
+ArrayPtr createArray(vxClassID classID, const std::size_t* dimensions,
+                     std::size_t numberOfDimensions, vxComplexity complexity, Names names) {
+  ArrayPtr array(new vxArray(classID));
+  array->complex = complexity == vxCOMPLEX;
+  array->names = std::move(names);
+  const std::size_t count = checkedCount(dimensions, numberOfDimensions, bytesPerElement(*array));
+  array->dimensions.assign(dimensions, dimensions + numberOfDimensions);
+  array->block = createBlock(*array, count);
+  return array;
+}
+
+Names makeNames(std::vector<std::string> names) {
+  return std::make_shared<const std::vector<std::string>>(std::move(names));
+}
+
+void raiseWrongClass(const char* operation, const char* className) {
+  vxErrMsgId(VORTIL::array::WrongClass(operation, className));
+}
+
+void requireClass(const vxArray* array, vxClassID classID, const char* operation) {
+  if (array->classID != classID) raiseWrongClass(operation, vxGetClassName(array));
+}
+
+void requireTwoDimensions(const vxArray* array, const char* operation) {
+  const Dimensions& dimensions = array->dimensions;
+  if (dimensions.size() != 2)
+    vxErrMsgId(
+        VORTIL::array::WrongShape(operation, sizeText(dimensions.data(), dimensions.size())));
+}
+
+void requireIndex(std::size_t index, std::size_t count) {
+  if (index >= count)
+    vxErrMsgId(VORTIL::array::IndexOutOfRange(std::to_string(index), std::to_string(count)));
+}
+
+std::size_t liveArrays() noexcept {
+  return live;
+}
+
+std::string sizeText(const std::size_t* dimensions, std::size_t numberOfDimensions) {
+  std::string text;
+  for (std::size_t i = 0; i < numberOfDimensions; ++i) {
+    if (i != 0) text += 'x';
+    text += std::to_string(dimensions[i]);
+  }
+  return text;
+}
+
+}  // namespace vghost
+
+using namespace vghost;
+
+vxArray_tag::vxArray_tag(vxClassID newClass) : classID(newClass) {
+  ++live;
+  enlist(this);
+}
+
+vxArray_tag::vxArray_tag(const vxArray_tag& other)
+    : ArrayStorage(),
+      ArrayListHook(),
+      classID(other.classID),
+      sparse(other.sparse),
+      complex(other.complex),
+      dimensions(other.dimensions),
+      block(other.block),
+      names(other.names) {
+  ++live;
+  enlist(this);
+}
+
+vxArray_tag::~vxArray_tag() {
+  --live;
+}
+
+std::size_t vxArray_tag::count() const noexcept {
+  return std::accumulate(dimensions.begin(), dimensions.end(), std::size_t{1}, std::multiplies<>());
+}
+
+std::size_t vxArray_tag::elementSize() const noexcept {
+  return rowOf(classID).elementSize;
+}
+
+Block* vxArray_tag::writableBlock() {
+  if (block && block->isShared()) block = block->resized(count());
+  return block.get();
+}
+
+vxArray* vxCreateNumericMatrix(std::size_t m, std::size_t n, vxClassID classID,
+                               vxComplexity complexity) {
+  const std::size_t dimensions[] = {m, n};
+  return createNumeric("vxCreateNumericMatrix", classID, dimensions, 2, complexity);
+}
+
+vxArray* vxCreateNumericArray(std::size_t numberOfDimensions, const std::size_t* dimensions,
+                              vxClassID classID, vxComplexity complexity) {
+  return createNumeric("vxCreateNumericArray", classID, dimensions, numberOfDimensions, complexity);
+}
+
+vxArray* vxCreateDoubleMatrix(std::size_t m, std::size_t n, vxComplexity complexity) {
+  const std::size_t dimensions[] = {m, n};
+  return createElements("vxCreateDoubleMatrix", vxDOUBLE_CLASS, dimensions, 2, complexity);
+}
+
+vxArray* vxCreateDoubleScalar(double value) {
+  const std::size_t dimensions[] = {1, 1};
+  vxArray* array = createElements("vxCreateDoubleScalar", vxDOUBLE_CLASS, dimensions, 2);
+  *static_cast<double*>(vxGetWritableData(array)) = value;
+  return array;
+}
+
+vxArray* vxCreateCharArray(std::size_t numberOfDimensions, const std::size_t* dimensions) {
+  return createElements("vxCreateCharArray", vxCHAR_CLASS, dimensions, numberOfDimensions);
+}
+
+vxArray* vxCreateCellMatrix(std::size_t m, std::size_t n) {
+  const std::size_t dimensions[] = {m, n};
+  return createElements("vxCreateCellMatrix", vxCELL_CLASS, dimensions, 2);
+}
+
+vxArray* vxCreateCellArray(std::size_t numberOfDimensions, const std::size_t* dimensions) {
+  return createElements("vxCreateCellArray", vxCELL_CLASS, dimensions, numberOfDimensions);
+}
+
+vxArray* vxCreateStructMatrix(std::size_t m, std::size_t n, int numberOfFields,
+                              const char* const* fieldNames) {
+  countHostCall("vxCreateStructMatrix");
+  const std::size_t dimensions[] = {m, n};
+  std::vector<std::string> names(fieldNames, fieldNames + std::max(numberOfFields, 0));
+  return createArray(vxSTRUCT_CLASS, dimensions, 2, vxREAL, makeNames(std::move(names))).release();
+}
+
+vxArray* vxCreateFunctionHandle(const char* functionName) {
+  countHostCall("vxCreateFunctionHandle");
+  const std::size_t dimensions[] = {1, 1};
+  return createArray(vxFUNCTION_CLASS, dimensions, 2, vxREAL, makeNames({functionName})).release();
+}
+
+vxClassID vxGetClassID(const vxArray* array) noexcept {
+  return array->classID;
+}
+
+const char* vxGetClassName(const vxArray* array) noexcept {
+  return array->classID == vxOBJECT_CLASS ? array->names->front().c_str()
+                                          : vxClassName(array->classID);
+}
+
+const char* vxClassName(vxClassID classID) noexcept {
+  return rowOf(classID).name;
+}
+
+bool vxIsNumeric(const vxArray* array) noexcept {
+  return array->classID >= vxDOUBLE_CLASS && array->classID <= vxUINT64_CLASS;
+}
+
+bool vxIsComplex(const vxArray* array) noexcept {
+  return array->complex;
+}
+
+bool vxIsSparse(const vxArray* array) noexcept {
+  return array->sparse;
+}
+
+std::size_t vxGetNumberOfDimensions(const vxArray* array) noexcept {
+  return array->dimensions.size();
+}
+
+const std::size_t* vxGetDimensions(const vxArray* array) noexcept {
+  return array->dimensions.data();
+}
+
+std::size_t vxGetM(const vxArray* array) noexcept {
+  return array->dimensions.empty() ? 1 : array->dimensions[0];
+}
+
+std::size_t vxGetN(const vxArray* array) noexcept {
+  const Dimensions& dimensions = array->dimensions;
+  if (dimensions.size() < 2) return 1;
+  return std::accumulate(dimensions.begin() + 1, dimensions.end(), std::size_t{1},
+                         std::multiplies<>());
+}
+
+std::size_t vxGetNumberOfElements(const vxArray* array) noexcept {
+  return array->count();
+}
+
+std::size_t vxGetElementSize(const vxArray* array) noexcept {
+  return array->elementSize();
+}
+
+bool vxIsEmpty(const vxArray* array) noexcept {
+  return array->count() == 0;
+}
+
+bool vxIsScalar(const vxArray* array) noexcept {
+  return array->count() == 1;
+}
+
+bool vxIsVector(const vxArray* array) noexcept {
+  const Dimensions& dimensions = array->dimensions;
+  return dimensions.size() == 2 && (dimensions[0] == 1 || dimensions[1] == 1) &&
+         array->count() != 0;
+}
+
+void vxSetM(vxArray* array, std::size_t m) {
+  std::vector<std::size_t> dimensions(array->dimensions.begin(), array->dimensions.end());
+  if (dimensions.empty()) dimensions.resize(1);
+  dimensions.front() = m;
+  reshape("vxSetM", array, dimensions.data(), dimensions.size());
+}
+
+void vxSetN(vxArray* array, std::size_t n) {
+  const std::size_t dimensions[] = {vxGetM(array), n};
+  reshape("vxSetN", array, dimensions, 2);
+}
+
+void vxSetDimensions(vxArray* array, const std::size_t* dimensions,
+                     std::size_t numberOfDimensions) {
+  reshape("vxSetDimensions", array, dimensions, numberOfDimensions);
+}
+
+vxArray* vxTranspose(const vxArray* array) {
+  countHostCall("vxTranspose");
+  requireTwoDimensions(array, "vxTranspose");
+  ArrayPtr result(new vxArray(*array));
+  if (array->block) result->block = array->block->transposed(vxGetM(array), vxGetN(array));
+  std::swap(result->dimensions[0], result->dimensions[1]);
+  return result.release();
+}
+
+vxArray* vxCreateSharedDataCopy(const vxArray* array) {
+  countHostCall("vxCreateSharedDataCopy");
+  return new vxArray(*array);
+}
+
+vxArray* vxCreateSharedCopyNotOnArrayList(const vxArray* array) {
+  countHostCall("vxCreateSharedCopyNotOnArrayList");
+  auto* copy = new vxArray(*array);
+  copy->unlink();
+  return copy;
+}
+
+void vxDestroyArray(vxArray* array) noexcept {
+  delete array;
+}
+
+vxArray* vxCreateSparse(const vxArray* array) {
+  countHostCall("vxCreateSparse");
+  if (array->classID != vxDOUBLE_CLASS && array->classID != vxLOGICAL_CLASS)
+    raiseWrongClass("vxCreateSparse", vxGetClassName(array));
+  requireTwoDimensions(array, "vxCreateSparse");
+  auto* copy = new vxArray(*array);
+  copy->sparse = true;
+  return copy;
+}
+
+vxArray* vxMustBeFull(const vxArray* array) {
+  countHostCall("vxMustBeFull");
+  auto* copy = new vxArray(*array);
+  copy->sparse = false;
+  return copy;
+}

@@ -1,0 +1,179 @@
+#include "array.h"
+
+#include <ut/faults.h>
+#include <vcos/COSClass.h>
+#include <vx/objects.h>
+
+#include <algorithm>
+#include <cstdint>
+
+using namespace vghost;
+using vghost::faults::countHostCall;
+
+namespace {
+
+const PlainBlock* plainBlock(const vxArray* array) noexcept {
+  return array->elementSize() == 0 ? nullptr : static_cast<const PlainBlock*>(array->block.get());
+}
+
+PlainBlock* writablePlainBlock(vxArray* array) {
+  return array->elementSize() == 0 ? nullptr : static_cast<PlainBlock*>(array->writableBlock());
+}
+
+const vxArray* slotContent(const vxArray* array, std::size_t index, std::size_t part) {
+  requireIndex(index, array->count());
+  return static_cast<CellBlock*>(array->block.get())->at(index, part).get();
+}
+
+/// `element` is on no list and destroyed unless it arrives.
+void setSlot(vxArray* array, std::size_t index, std::size_t part, ArrayPtr element) {
+  requireIndex(index, array->count());
+  static_cast<CellBlock*>(array->writableBlock())->at(index, part).reset(element.release());
+}
+
+ArrayPtr takeOver(vxArray* element) noexcept {
+  if (element) element->unlink();
+  return ArrayPtr(element);
+}
+
+std::size_t checkedField(const vxArray* array, int field, const char* operation) {
+  requireClass(array, vxSTRUCT_CLASS, operation);
+  const auto index = static_cast<std::size_t>(field);
+  requireIndex(index, array->names->size());
+  return index;
+}
+
+template <class T>
+double firstAs(const vxArray* array) {
+  return static_cast<double>(*static_cast<const T*>(vxGetData(array)));
+}
+
+}  // namespace
+
+const void* vxGetData(const vxArray* array) noexcept {
+  const PlainBlock* block = plainBlock(array);
+  return block ? block->real() : nullptr;
+}
+
+const void* vxGetImagData(const vxArray* array) noexcept {
+  const PlainBlock* block = plainBlock(array);
+  return block ? block->imag() : nullptr;
+}
+
+void* vxGetWritableData(vxArray* array) {
+  PlainBlock* block = writablePlainBlock(array);
+  return block ? block->real() : nullptr;
+}
+
+void* vxGetWritableImagData(vxArray* array) {
+  PlainBlock* block = writablePlainBlock(array);
+  return block ? block->imag() : nullptr;
+}
+
+double vxGetScalar(const vxArray* array) {
+  countHostCall("vxGetScalar");
+  if (array->elementSize() != 0) requireIndex(0, array->count());
+  switch (array->classID) {
+    case vxLOGICAL_CLASS:
+      return firstAs<bool>(array);
+    case vxCHAR_CLASS:
+      return firstAs<vxChar>(array);
+    case vxDOUBLE_CLASS:
+      return firstAs<double>(array);
+    case vxSINGLE_CLASS:
+      return firstAs<float>(array);
+    case vxINT8_CLASS:
+      return firstAs<std::int8_t>(array);
+    case vxUINT8_CLASS:
+      return firstAs<std::uint8_t>(array);
+    case vxINT16_CLASS:
+      return firstAs<std::int16_t>(array);
+    case vxUINT16_CLASS:
+      return firstAs<std::uint16_t>(array);
+    case vxINT32_CLASS:
+      return firstAs<std::int32_t>(array);
+    case vxUINT32_CLASS:
+      return firstAs<std::uint32_t>(array);
+    case vxINT64_CLASS:
+      return firstAs<std::int64_t>(array);
+    case vxUINT64_CLASS:
+      return firstAs<std::uint64_t>(array);
+    default:
+      raiseWrongClass("vxGetScalar", vxGetClassName(array));
+  }
+}
+
+const bool* vxGetLogicals(const vxArray* array) {
+  requireClass(array, vxLOGICAL_CLASS, "vxGetLogicals");
+  return static_cast<const bool*>(vxGetData(array));
+}
+
+const vxArray* vxGetCell(const vxArray* array, std::size_t index) {
+  requireClass(array, vxCELL_CLASS, "vxGetCell");
+  return slotContent(array, index, 0);
+}
+
+void vxSetCell(vxArray* array, std::size_t index, vxArray* element) {
+  ArrayPtr taken = takeOver(element);
+  countHostCall("vxSetCell");
+  requireClass(array, vxCELL_CLASS, "vxSetCell");
+  setSlot(array, index, 0, std::move(taken));
+}
+
+int vxGetNumberOfFields(const vxArray* array) {
+  requireClass(array, vxSTRUCT_CLASS, "vxGetNumberOfFields");
+  return static_cast<int>(array->names->size());
+}
+
+const char* vxGetFieldNameByNumber(const vxArray* array, int field) {
+  return (*array->names)[checkedField(array, field, "vxGetFieldNameByNumber")].c_str();
+}
+
+const vxArray* vxGetFieldByNumber(const vxArray* array, std::size_t index, int field) {
+  return slotContent(array, index, checkedField(array, field, "vxGetFieldByNumber"));
+}
+
+void vxSetFieldByNumber(vxArray* array, std::size_t index, int field, vxArray* element) {
+  ArrayPtr taken = takeOver(element);
+  countHostCall("vxSetFieldByNumber");
+  setSlot(array, index, checkedField(array, field, "vxSetFieldByNumber"), std::move(taken));
+}
+
+const char* vxGetFunctionName(const vxArray* array) {
+  requireClass(array, vxFUNCTION_CLASS, "vxGetFunctionName");
+  return array->names->front().c_str();
+}
+
+vxArray* omCreateVCOSScalar(const vcos::COSInterfacePtr& object) {
+  ArrayPtr array(omCreateVCOSMatrix(1, 1, object->getClass()->getNameID()));
+  omSetArrayElement(array.get(), 0, object);
+  return array.release();
+}
+
+vxArray* omCreateVCOSEmpty(vcos::COSNameID className) {
+  return omCreateVCOSMatrix(0, 0, className);
+}
+
+vxArray* omCreateVCOSMatrix(std::size_t m, std::size_t n, vcos::COSNameID className) {
+  countHostCall("omCreateVCOSMatrix");
+  const std::size_t dimensions[] = {m, n};
+  return createArray(vxOBJECT_CLASS, dimensions, 2, vxREAL, makeNames({className.c_str()}))
+      .release();
+}
+
+vcos::COSInterfacePtr omGetArrayElement(const vxArray* array, std::size_t index) {
+  requireClass(array, vxOBJECT_CLASS, "omGetArrayElement");
+  requireIndex(index, array->count());
+  return static_cast<ObjectBlock*>(array->block.get())->at(index);
+}
+
+void omSetArrayElement(vxArray* array, std::size_t index, const vcos::COSInterfacePtr& object) {
+  countHostCall("omSetArrayElement");
+  requireClass(array, vxOBJECT_CLASS, "omSetArrayElement");
+  requireIndex(index, array->count());
+  static_cast<ObjectBlock*>(array->writableBlock())->at(index) = object;
+}
+
+bool omIsVCOS(const vxArray* array) noexcept {
+  return array && array->classID == vxOBJECT_CLASS;
+}

@@ -1,0 +1,101 @@
+#include "../ut/format.h"
+
+#include <messages/catalog.h>
+#include <messages/exceptions.h>
+#include <messages/translation.h>
+#include <ut/console.h>
+#include <vx/errors.h>
+
+#include <cstdarg>
+#include <memory>
+#include <utility>
+
+namespace {
+
+/// A host error in its real type.
+class UserError final
+    : public fl::except::Exception<fl::except::IUserException, std::exception, void> {
+ public:
+  UserError(std::string identifier, std::string text)
+      : texts_(std::make_shared<const Texts>(Texts{std::move(identifier), std::move(text)})) {}
+
+  const char* GetID() const override { return texts_->identifier.c_str(); }
+  fl::ustring GetUnicodeMessageTxt() const override { return fl::i18n::to_ustring(texts_->text); }
+  std::string GetMessageTxt() const override { return texts_->text; }
+  UserError* clone() const override { return new UserError(*this); }
+  [[noreturn]] void rethrow() const override { throw *this; }
+  const char* what() const noexcept override { return texts_->text.c_str(); }
+
+ private:
+  struct Texts {
+    std::string identifier;
+    std::string text;
+  };
+  std::shared_ptr<const Texts> texts_;  // shared, since a thrown exception must copy without fail
+};
+
+UserError& lastError() {
+  static auto& error = *new UserError("", "");
+  return error;
+}
+
+[[noreturn]] void raise(std::string identifier, std::string text) {
+  auto error = std::make_shared<const UserError>(std::move(identifier), std::move(text));
+  lastError() = *error;
+  throw Lindgrove::System::utErrorException_DEPRECATED(std::move(error));
+}
+
+constexpr int kNumberToText = 17;
+
+constinit vxErrorMode errorMode = vxERROR_MODE_RAISE;
+constinit vghost::WarningCapture* innermostCapture = nullptr;
+
+}  // namespace
+
+void vxErrMsgId(const resource_core::BaseMsgID& message) {
+  raise(message.definition().identifier,
+        vghost::messages::text(message, vghost::messages::locale()));
+}
+
+void vxErrMsgIdAndTxt(const char* identifier, const char* format, ...) {
+  std::va_list arguments;
+  va_start(arguments, format);
+  std::string text = vghost::formatted(format, arguments);
+  va_end(arguments);
+  raise(identifier, std::move(text));
+}
+
+void vxErrMsg(int number) {
+  if (number == kNumberToText) vxErrMsgId(VORTIL::host::NumberToText());
+  vxErrMsgId(VORTIL::host::UnknownMessage(std::to_string(number)));
+}
+
+void vxWarningMsgId(const resource_core::BaseMsgID& message) {
+  vghost::Warning warning{message.definition().identifier,
+                          vghost::messages::text(message, vghost::messages::locale())};
+  if (innermostCapture)
+    innermostCapture->warnings_.push_back(std::move(warning));
+  else
+    utPrintf("Warning: %s\n", warning.message.c_str());
+}
+
+void vxGetLastErrIdAndMsg(const char** identifier, const char** message) noexcept {
+  *identifier = lastError().GetID();
+  *message = lastError().what();
+}
+
+vxErrorMode vxSetErrorMode(vxErrorMode mode) noexcept {
+  return std::exchange(errorMode, mode);
+}
+
+namespace vghost {
+
+WarningCapture::WarningCapture() : outer_(innermostCapture) {
+  innermostCapture = this;
+}
+
+WarningCapture::~WarningCapture() {
+  innermostCapture = outer_;
+}
+
+}  // namespace vghost

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <graphics/datatype/export.h>
+
+#include <string>
+
+namespace graphics::datatype {
+
+/// A value class was given a number that it refuses. It has no base class: only those who ask for
+/// it by name catch it.
+class VGDT_API InvalidValueException {
+ public:
+  InvalidValueException(const char* identifier, const char* text)
+      : identifier_(identifier),
+        text_(text) {}
+
+  const std::string& identifier() const noexcept { return identifier_; }
+  const std::string& text() const noexcept { return text_; }
+
+ private:
+  std::string identifier_;
+  std::string text_;
+};
+
+}  // namespace graphics::datatype

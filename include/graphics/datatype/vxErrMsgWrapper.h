@@ -1,0 +1,12 @@
+#pragma once
+
+#include <graphics/datatype/export.h>
+
+namespace graphics::datatype {
+
+/// Raises a host error with a literal identifier. `format` is a printf format, which may have a %s
+/// for `argument` or do without.
+[[noreturn]] VGDT_API void vxErrMsgWrapper(const char* identifier, const char* format,
+                                           const char* argument);
+
+}  // namespace graphics::datatype

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <jni.h>
+
+#include <string>
+
+namespace graphics::datatype::JavaConverterUtils {
+
+/// Leaves a Java exception pending in `env`, with the text "<message> in file <file> line <line>".
+/// One that is pending already is replaced. `exceptionClass` is a path ("java/lang/...") that must
+/// be found.
+void throwJavaException(JNIEnv* env, const std::string& message, const std::string& exceptionClass,
+                        const std::string& file, int line);
+
+}  // namespace graphics::datatype::JavaConverterUtils

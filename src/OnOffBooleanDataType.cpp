@@ -1,0 +1,150 @@
+#include "Registration.h"
+
+#include <graphics/datatype/HostAllocated.h>
+#include <graphics/datatype/OnOffBooleanDataType.h>
+#include <messages/catalog.h>
+#include <vx/array.h>
+#include <vx/errors.h>
+#include <vx/protected_array.h>
+
+#include <locale>
+#include <string>
+#include <vector>
+
+namespace graphics::datatype {
+
+using vcos::COSValue;
+namespace messages = VORTIL::datatypes::onoffboolean;
+
+namespace {
+
+/// Not formed from the class's name, as the dotted names of all other types are.
+constexpr const char* kDottedName = "vortil.graphics.datatype.on_off";
+
+class BoolEnumeration final : public vcos::EnumerationUtil<COSValue>, public HostAllocated {
+ public:
+  bool hasMoreElements() const override { return next_ != end_; }
+  COSValue nextElement() override { return *next_++; }
+
+ private:
+  std::vector<COSValue> values_{COSValue::fromLogical(true), COSValue::fromLogical(false)};
+  std::vector<COSValue>::const_iterator next_ = values_.begin();
+  std::vector<COSValue>::const_iterator end_ = values_.end();
+};
+
+const char* textOf(COSValue value) {
+  return value.asLogical() ? "on" : "off";
+}
+
+Vprotected_vxArray guardedText(bool value) {
+  Vprotected_vxArray array(vxCreateString(textOf(COSValue::fromLogical(value))));
+  array.myLocalize();
+  return array;
+}
+
+}  // namespace
+
+vcos::COSDataType* OnOffBooleanDataType::getType() {
+  static OnOffBooleanDataType* type = nullptr;
+  if (!type) type = new OnOffBooleanDataType;
+  return type;
+}
+
+const char* OnOffBooleanDataType::getDeclarationName() const {
+  return "char";
+}
+const char* OnOffBooleanDataType::getName() const {
+  return "on_off";
+}
+const char* OnOffBooleanDataType::getPossibleValuesDescription() const {
+  return "on/off";
+}
+bool OnOffBooleanDataType::isPossibleValuesFinite() const {
+  return true;
+}
+
+vcos::Enumeration<COSValue> OnOffBooleanDataType::getPossibleValues() const {
+  return vcos::Enumeration<COSValue>(new BoolEnumeration);
+}
+
+COSValue OnOffBooleanDataType::getDefaultValue() const {
+  return COSValue::fromLogical(false);
+}
+int OnOffBooleanDataType::getStorageType() const {
+  return 0;
+}
+const char* OnOffBooleanDataType::getCategoryName() const {
+  return "Fundamental";
+}
+std::size_t OnOffBooleanDataType::getSizeInBits() const {
+  return 8;
+}
+std::size_t OnOffBooleanDataType::getValueSizeInBytes(COSValue) const {
+  return 1;
+}
+
+bool OnOffBooleanDataType::isEqual(COSValue a, COSValue b) const {
+  return a.asLogical() == b.asLogical();
+}
+
+int OnOffBooleanDataType::compare(COSValue a, COSValue b) const {
+  return int{a.asLogical()} - int{b.asLogical()};
+}
+
+COSValue OnOffBooleanDataType::copy(COSValue value) const {
+  return value;
+}
+void OnOffBooleanDataType::destroy(COSValue) const {}
+
+COSValue OnOffBooleanSC::to(COSValue value) const {
+  return COSValue::fromPointer(textOf(value));
+}
+
+COSValue OnOffBooleanSC::from(COSValue text) const {
+  std::string lowered = text.asPointer<const char>();
+  std::use_facet<std::ctype<char>>(std::locale())
+      .tolower(lowered.data(), lowered.data() + lowered.size());
+  if (lowered == "on") return COSValue::fromLogical(true);
+  if (lowered == "off" || lowered == "of") return COSValue::fromLogical(false);
+  vxErrMsgId(messages::UnknownOnOffBooleanValue());
+}
+
+COSValue OnOffBooleanVC::to(COSValue value) const {
+  static const Vprotected_vxArray on = guardedText(true);
+  static const Vprotected_vxArray off = guardedText(false);
+  const Vprotected_vxArray& text = value.asLogical() ? on : off;
+  return COSValue::fromPointer(vxCreateSharedDataCopy(text.get()));
+}
+
+COSValue OnOffBooleanVC::from(COSValue value) const {
+  const auto* array = value.asPointer<const vxArray>();
+  if (vxGetClassID(array) != vxCHAR_CLASS) vxErrMsgId(messages::IncorrectValue());
+  std::string text;
+  try {
+    text = vxArrayToStdString(array);
+  } catch (...) {
+    vxErrMsgId(component_VORTIL::component_vg::catalog_datatypes::key_OutOfMemory());
+  }
+  return OnOffBooleanSC().from(COSValue::fromPointer(text.c_str()));
+}
+
+namespace {
+
+void registerOnOffBoolean() {
+  auto* type = dynamic_cast<OnOffBooleanDataType*>(OnOffBooleanDataType::getType());
+  if (!type) return;
+  try {
+    registerDatatype(type);
+    addConversion<OnOffBooleanVC>("any", kDottedName);
+    addConversion<OnOffBooleanSC>("string", kDottedName);
+    addConversion<OnOffBooleanSC>("string", "bool");
+  } catch (const vcos::COSException&) {
+    vxErrMsgId(messages::MultipleRegistry());
+  }
+}
+
+}  // namespace
+
+VGDT_QUEUE_AT_LOAD(init_datatypes_OnOffBooleanDataType, registerOnOffBoolean)
+
+}  // namespace graphics::datatype

@@ -1,0 +1,36 @@
+#pragma once
+
+/// What every type's registration is made of. A type registers with one line beside its data type:
+///
+///     VGDT_QUEUE_AT_LOAD(init_datatypes_OnOffBooleanDataType, registerOnOffBoolean)
+
+#include <graphics/datatype/registration.h>
+#include <gui_objects/InitializationCallbackRegistrar.h>
+#include <vcos/COSNameID.h>
+#include <vcos/COSTypeRepository.h>
+
+#include <utility>
+
+/// Defines the queueing function, which puts `callback` on the queue that start-up runs, and calls
+/// it when the library is loaded.
+#define VGDT_QUEUE_AT_LOAD(queueFunction, callback)                   \
+  bool queueFunction() {                                              \
+    get_initialization_callback_registry()->addCallback(&(callback)); \
+    return true;                                                      \
+  }                                                                   \
+  namespace {                                                         \
+  [[maybe_unused]] const bool queueFunction##_done = queueFunction(); \
+  }
+
+namespace graphics::datatype {
+
+/// Makes a `Conversion` and gives it to the repository. Nothing leaks if any step fails.
+template <class Conversion, class... Arguments>
+void addConversion(const char* outside, const char* inner, Arguments&&... arguments) {
+  const vcos::COSNameID outsideName(outside);
+  const vcos::COSNameID innerName(inner);
+  vcos::COSTypeRepository::addConversion(outsideName, innerName,
+                                         new Conversion(std::forward<Arguments>(arguments)...));
+}
+
+}  // namespace graphics::datatype
