@@ -56,14 +56,18 @@ COSPackage* register_package(const char* name, const char* (*description)(const 
 
   const std::string fullName = name;
   const std::size_t lastDot = fullName.rfind('.');
-  if (lastDot == std::string::npos) {
-    COSPackage::addPackage(new VGPackageInfo(fullName, description(name), details(name)));
-  } else {
-    COSPackage* parent =
-        register_package(fullName.substr(0, lastDot).c_str(), description, details);
-    parent->addSubPackageInfo(
-        new VGPackageInfo(fullName.substr(lastDot + 1), description(name), details(name)));
+  COSPackage* parent = nullptr;
+  if (lastDot != std::string::npos) {
+    parent = register_package(fullName.substr(0, lastDot).c_str(), description, details);
+    if (!parent) return nullptr;
   }
+  const char* ownDescription = description(name);
+  const char* ownDetails = details(name);
+  auto* info = new VGPackageInfo(fullName.substr(lastDot + 1), ownDescription, ownDetails);
+  if (parent)
+    parent->addSubPackageInfo(info);
+  else
+    COSPackage::addPackage(info);
   return COSPackage::getPackage(COSNameID(name));
 }
 

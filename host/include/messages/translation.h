@@ -15,7 +15,7 @@ VGHOST_API std::span<const resource_core::MessageDefinition* const> catalog() no
 
 /// The locale in which errors and warnings are raised from now on, such as "de" or "de_CH".
 VGHOST_API void setLocale(const std::string& locale);
-VGHOST_API const std::string& locale() noexcept;
+VGHOST_API const std::string& locale();
 
 /// The pattern of an identifier in a locale; the identifier itself if the catalogue lacks it.
 VGHOST_API std::string pattern(const char* identifier, const std::string& locale);

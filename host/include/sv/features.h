@@ -18,9 +18,9 @@ struct svFeatureEntry {
 VGHOST_API void svRegisterFeature(const char* name, int state, void (*onChange)(int),
                                   void (*command)(int, vxArray**, int, vxArray**));
 /// The entry of a feature, or null. It lives as long as the process.
-VGHOST_API const svFeatureEntry* svFindFeatureEntry(const char* name) noexcept;
+VGHOST_API const svFeatureEntry* svFindFeatureEntry(const char* name);
 /// True if the feature exists and is on.
-VGHOST_API bool svIsFeatureEnabled(const char* name) noexcept;
+VGHOST_API bool svIsFeatureEnabled(const char* name);
 /// Changes the state of a feature and tells its `onChange`. False if there is no such feature.
 VGHOST_API bool svSetFeatureState(const char* name, int state);
 

@@ -23,7 +23,7 @@ VGHOST_API void vxWarningMsgId(const resource_core::BaseMsgID& message);
 
 /// Identifier and text of the error that was raised last; empty texts if there was none. The
 /// pointers are valid until the next error.
-VGHOST_API void vxGetLastErrIdAndMsg(const char** identifier, const char** message) noexcept;
+VGHOST_API void vxGetLastErrIdAndMsg(const char** identifier, const char** message);
 
 /// How the host's evaluator is to treat a failure of what it runs. Raising always throws.
 enum vxErrorMode : int { vxERROR_MODE_RAISE = 0, vxERROR_MODE_REPORT = 1 };

@@ -59,7 +59,7 @@ void setLocale(const std::string& locale) {
   currentLocale() = locale;
 }
 
-const std::string& locale() noexcept {
+const std::string& locale() {
   return currentLocale();
 }
 

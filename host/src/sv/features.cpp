@@ -13,7 +13,7 @@ auto& features() {
   return entries;
 }
 
-svFeatureEntry* find(const char* name) noexcept {
+svFeatureEntry* find(const char* name) {
   const auto found = features().find(std::string_view(name));
   return found == features().end() ? nullptr : &found->second;
 }
@@ -29,11 +29,11 @@ void svRegisterFeature(const char* name, int state, void (*onChange)(int),
   entry->second = {entry->first.c_str(), state, onChange, command};
 }
 
-const svFeatureEntry* svFindFeatureEntry(const char* name) noexcept {
+const svFeatureEntry* svFindFeatureEntry(const char* name) {
   return find(name);
 }
 
-bool svIsFeatureEnabled(const char* name) noexcept {
+bool svIsFeatureEnabled(const char* name) {
   const svFeatureEntry* entry = find(name);
   return entry && entry->state == 1;
 }

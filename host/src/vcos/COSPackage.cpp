@@ -42,7 +42,7 @@ auto& packages() {
   return byName;
 }
 
-COSPackage* find(COSNameID name) noexcept {
+COSPackage* find(COSNameID name) {
   const auto found = packages().find(name);
   return found == packages().end() ? nullptr : found->second.get();
 }

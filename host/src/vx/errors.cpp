@@ -79,7 +79,7 @@ void vxWarningMsgId(const resource_core::BaseMsgID& message) {
     utPrintf("Warning: %s\n", warning.message.c_str());
 }
 
-void vxGetLastErrIdAndMsg(const char** identifier, const char** message) noexcept {
+void vxGetLastErrIdAndMsg(const char** identifier, const char** message) {
   *identifier = lastError().GetID();
   *message = lastError().what();
 }

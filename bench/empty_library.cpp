@@ -1,0 +1,1 @@
+// What loading a shared library costs when there is nothing in it.
