@@ -27,3 +27,9 @@ endif()
 if(NOT VGDT_SANITIZE AND NOT VGDT_BUILD_FUZZERS)
   add_link_options(LINKER:--no-undefined LINKER:-O1 LINKER:--as-needed)
 endif()
+
+# Coverage feedback for the fuzzers, in the libraries as well.
+if(VGDT_BUILD_FUZZERS)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+  add_link_options(-fsanitize=fuzzer-no-link)
+endif()

@@ -16,9 +16,10 @@ class VGHOST_API COSPropInfo {
   virtual ~COSPropInfo();
   virtual const char* getName() const = 0;
   virtual COSDataTypePtr getDataType() const = 0;
-  /// The word as it is held: it stays the object's.
+  /// The word as it is held: it stays the object's. A COSException if the object is destroyed.
   virtual COSValue getValue(const COSInterface* object) const = 0;
-  /// Copies the word in and ends the old one. A failing copy leaves the old value in place.
+  /// Copies the word in and ends the old one. A failing copy leaves the old value in place. A
+  /// COSException if the object is destroyed.
   virtual void setValue(COSInterface* object, COSValue value) = 0;
 };
 

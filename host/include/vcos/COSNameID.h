@@ -5,6 +5,8 @@
 #include <compare>
 #include <cstddef>
 #include <functional>
+#include <optional>
+#include <string_view>
 
 namespace vcos {
 
@@ -13,14 +15,19 @@ namespace vcos {
 class VGHOST_API COSNameID {
  public:
   /// The name "".
-  COSNameID() noexcept;
+  COSNameID();
   explicit COSNameID(const char* name);
+  /// The name if it has been interned by now; nothing is kept of one that has not.
+  static std::optional<COSNameID> find(std::string_view name);
 
   const char* c_str() const noexcept { return text_; }
 
   friend bool operator==(COSNameID, COSNameID) noexcept = default;
 
  private:
+  struct Interned {};
+  COSNameID(Interned, const char* text) noexcept : text_(text) {}
+
   const char* text_;
 };
 

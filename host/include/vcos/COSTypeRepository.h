@@ -20,7 +20,7 @@ class VGHOST_API COSDataTypePtr
  public:
   using COSSpecializedInterfacePtr::COSSpecializedInterfacePtr;
   /// The full name of the type; "" for a null pointer.
-  COSNameID getID() const noexcept;
+  COSNameID getID() const;
 };
 
 /// All types and conversions, by name. The host's own types are there from the start: "any" (a

@@ -14,7 +14,8 @@ class EnumerationUtil {
   virtual T nextElement() = 0;
 
   void addReference() noexcept { ++referenceCount_; }
-  void releaseReference() noexcept {
+  // Not inlined: g++ 12 would warn of a use after free that cannot happen.
+  [[gnu::noinline]] void releaseReference() noexcept {
     if (--referenceCount_ == 0) delete this;
   }
 

@@ -52,7 +52,7 @@ class VGHOST_API TypeAccess {
   ArrayOwner toArray(COSValue value) const;
 
  private:
-  TypeAccess(COSNameID name, COSDataType& dataType) noexcept;
+  TypeAccess(COSNameID name, COSDataType& dataType);
 
   COSNameID name_;
   COSDataType* dataType_;

@@ -47,7 +47,8 @@ enum vxComplexity : int { vxREAL = 0, vxCOMPLEX = 1 };
 
 // --- creation -----------------------------------------------------------------------------------
 
-/// Zeroed arrays of one of the twelve element classes (logical to uint64).
+/// Zeroed arrays of one of the twelve element classes (logical to uint64); an array without
+/// elements may be of any class. Only the ten numeric classes can be complex.
 [[nodiscard]] VGHOST_API vxArray* vxCreateNumericMatrix(std::size_t m, std::size_t n,
                                                         vxClassID classID, vxComplexity complexity);
 /// As above with any number of dimensions, also none (one element) or one (then N is 1).

@@ -26,10 +26,15 @@ class Object final : public CountedObject {
   void initialize();
   void destroyValues() noexcept;
 
-  std::vector<COSValue> values;
+  COSValue& value(std::size_t index) {
+    if (destroyed_) throw COSMsgException("The object has been destroyed.");
+    return values_[index];
+  }
+  COSValue value(std::size_t index) const { return const_cast<Object*>(this)->value(index); }
 
  private:
   const COSClass& class_;
+  std::vector<COSValue> values_;
   bool destroyed_ = false;
 };
 
@@ -47,12 +52,12 @@ class Property final : public CountedObject, public COSPropInfo {
   COSDataTypePtr getDataType() const override { return type_; }
 
   COSValue getValue(const COSInterface* object) const override {
-    return static_cast<const Object*>(object)->values.at(index_);
+    return static_cast<const Object*>(object)->value(index_);
   }
 
   void setValue(COSInterface* object, COSValue value) override {
     vghost::faults::countHostCall("setValue");
-    COSValue& held = static_cast<Object*>(object)->values.at(index_);
+    COSValue& held = static_cast<Object*>(object)->value(index_);
     const COSValue copy = type().copy(value);
     type().destroy(held);
     held = copy;
@@ -69,17 +74,17 @@ const Property& propertyOf(const COSInterfacePtr& pointer) {
 }
 
 void Object::initialize() {
-  values.reserve(class_.properties().size());
+  values_.reserve(class_.properties().size());
   for (const COSInterfacePtr& property : class_.properties()) {
     const COSDataType& type = propertyOf(property).type();
-    values.push_back(type.copy(type.getDefaultValue()));
+    values_.push_back(type.copy(type.getDefaultValue()));
   }
 }
 
 void Object::destroyValues() noexcept {
-  for (std::size_t i = 0; i < values.size(); ++i)
-    propertyOf(class_.properties()[i]).type().destroy(values[i]);
-  values.clear();
+  for (std::size_t i = 0; i < values_.size(); ++i)
+    propertyOf(class_.properties()[i]).type().destroy(values_[i]);
+  values_.clear();
   destroyed_ = true;
 }
 

@@ -15,8 +15,13 @@ struct TextHash {
 };
 
 /// The set's nodes never move, so a name is the address of its text.
+auto& internedNames() {
+  static auto& names = *new std::unordered_set<std::string, TextHash, std::equal_to<>>{""};
+  return names;
+}
+
 const char* intern(std::string_view text) {
-  static auto& names = *new std::unordered_set<std::string, TextHash, std::equal_to<>>;
+  auto& names = internedNames();
   auto found = names.find(text);
   if (found == names.end()) found = names.emplace(text).first;
   return found->c_str();
@@ -24,8 +29,15 @@ const char* intern(std::string_view text) {
 
 }  // namespace
 
-COSNameID::COSNameID() noexcept : text_("") {}
+COSNameID::COSNameID() : COSNameID("") {}
 
-COSNameID::COSNameID(const char* name) : text_(*name ? intern(name) : COSNameID().c_str()) {}
+COSNameID::COSNameID(const char* name) : text_(intern(name)) {}
+
+std::optional<COSNameID> COSNameID::find(std::string_view name) {
+  const auto& names = internedNames();
+  const auto found = names.find(name);
+  if (found == names.end()) return std::nullopt;
+  return COSNameID(Interned(), found->c_str());
+}
 
 }  // namespace vcos

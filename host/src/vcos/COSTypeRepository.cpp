@@ -93,7 +93,7 @@ COSDataType* COSDataTypePtrHelper::getObject(const COSInterfacePtr& type) const 
   return object ? object->type : nullptr;
 }
 
-COSNameID COSDataTypePtr::getID() const noexcept {
+COSNameID COSDataTypePtr::getID() const {
   const auto* object = dynamic_cast<const TypeObject*>(get());
   return object ? object->name : COSNameID();
 }

@@ -24,7 +24,7 @@ struct FreeText {
 
 }  // namespace
 
-TypeAccess::TypeAccess(COSNameID name, COSDataType& dataType) noexcept
+TypeAccess::TypeAccess(COSNameID name, COSDataType& dataType)
     : name_(name),
       dataType_(&dataType),
       text_(COSTypeRepository::getConversion(COSNameID("string"), name)),

@@ -74,14 +74,28 @@ std::size_t checkedCount(const std::size_t* dimensions, std::size_t numberOfDime
   return count;
 }
 
-/// Slots or object references that make one element of the array.
-std::size_t widthOf(const vxArray& array) noexcept {
-  return array.classID == vxSTRUCT_CLASS ? array.names->size() : 1;
+/// Slots or object references that make one element of an array.
+std::size_t widthOf(vxClassID classID, const Names& names) noexcept {
+  return classID == vxSTRUCT_CLASS ? names->size() : 1;
 }
 
-std::size_t bytesPerElement(const vxArray& array) noexcept {
-  if (array.elementSize() == 0) return widthOf(array) * sizeof(void*);
-  return array.elementSize() * (array.complex ? 2 : 1);
+std::size_t bytesPerElement(vxClassID classID, bool complex, const Names& names) noexcept {
+  const std::size_t plain = rowOf(classID).elementSize;
+  return plain == 0 ? widthOf(classID, names) * sizeof(void*) : plain * (complex ? 2 : 1);
+}
+
+/// The names of an array that is made by class and size alone.
+Names defaultNames(vxClassID classID) {
+  switch (classID) {
+    case vxSTRUCT_CLASS:
+      return makeNames({});
+    case vxFUNCTION_CLASS:
+      return makeNames({""});
+    case vxOBJECT_CLASS:
+      return makeNames({"object"});
+    default:
+      return nullptr;
+  }
 }
 
 BlockPtr createBlock(const vxArray& array, std::size_t count) {
@@ -89,7 +103,7 @@ BlockPtr createBlock(const vxArray& array, std::size_t count) {
   if (array.elementSize() != 0)
     return BlockPtr(new PlainBlock(count, array.elementSize(), array.complex));
   if (array.classID == vxOBJECT_CLASS) return BlockPtr(new ObjectBlock(count, 1));
-  return BlockPtr(new CellBlock(count, widthOf(array)));
+  return BlockPtr(new CellBlock(count, widthOf(array.classID, array.names)));
 }
 
 vxArray* createElements(const char* operation, vxClassID classID, const std::size_t* dimensions,
@@ -100,7 +114,11 @@ vxArray* createElements(const char* operation, vxClassID classID, const std::siz
 
 vxArray* createNumeric(const char* operation, vxClassID classID, const std::size_t* dimensions,
                        std::size_t numberOfDimensions, vxComplexity complexity) {
-  if (rowOf(classID).elementSize == 0) raiseWrongClass(operation, rowOf(classID).name);
+  const ClassRow& row = rowOf(classID);
+  const bool empty = std::count(dimensions, dimensions + numberOfDimensions, 0U) != 0;
+  const bool known = row.elementSize != 0 || (empty && &row != &kUnknownClass);
+  const bool mayBeComplex = classID >= vxDOUBLE_CLASS && classID <= vxUINT64_CLASS;
+  if (!known || (complexity == vxCOMPLEX && !mayBeComplex)) raiseWrongClass(operation, row.name);
   return createElements(operation, classID, dimensions, numberOfDimensions, complexity);
 }
 
@@ -108,7 +126,10 @@ void reshape(const char* operation, vxArray* array, const std::size_t* dimension
              std::size_t numberOfDimensions) {
   countHostCall(operation);
   if (array->classID == vxFUNCTION_CLASS) raiseWrongClass(operation, vxGetClassName(array));
-  const std::size_t count = checkedCount(dimensions, numberOfDimensions, bytesPerElement(*array));
+  const std::size_t count =
+      checkedCount(dimensions, numberOfDimensions,
+                   bytesPerElement(array->classID, array->complex, array->names));
+  array->dimensions.reserve(numberOfDimensions);  // nothing fails once the elements are replaced
   if (count != array->count())
     array->block =
         array->block && count != 0 ? array->block->resized(count) : createBlock(*array, count);
@@ -171,10 +192,13 @@ Slot::Slot(const Slot& other)
 
 ArrayPtr createArray(vxClassID classID, const std::size_t* dimensions,
                      std::size_t numberOfDimensions, vxComplexity complexity, Names names) {
+  const bool complex = complexity == vxCOMPLEX;
+  if (!names) names = defaultNames(classID);
+  const std::size_t count =
+      checkedCount(dimensions, numberOfDimensions, bytesPerElement(classID, complex, names));
   ArrayPtr array(new vxArray(classID));
-  array->complex = complexity == vxCOMPLEX;
+  array->complex = complex;
   array->names = std::move(names);
-  const std::size_t count = checkedCount(dimensions, numberOfDimensions, bytesPerElement(*array));
   array->dimensions.assign(dimensions, dimensions + numberOfDimensions);
   array->block = createBlock(*array, count);
   return array;

@@ -64,6 +64,8 @@ vxArrayListContext* vxEnterNewArrayListContext() {
 
 void vxExitArrayListContext(vxArrayListContext* context, vxArray* const* keep,
                             std::size_t keepCount, bool destroyRest) noexcept {
+  for (std::size_t i = 0; i < keepCount; ++i)
+    vxSetArrayScope(keep[i], 0);
   // Contexts that an error has jumped over end with the one around them.
   while (arrayContext != context)
     vxExitArrayListContext(arrayContext, nullptr, 0, destroyRest);
