@@ -1,0 +1,257 @@
+#include <gmock/gmock.h>
+#include <graphics/datatype/vgdatatypes.h>
+
+#include "Eval.h"
+#include "ProbeType.h"
+
+#include <sstream>
+
+namespace {
+
+using namespace vgdt;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class Eval : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    VLInitialize_vgdatatypes();
+    test::ProbeType::instance();
+  }
+
+  std::string replyTo(const std::string& line) {
+    const auto replies = repliesTo(line);
+    EXPECT_EQ(replies.size(), 1U) << line;
+    return replies.empty() ? "" : replies.front();
+  }
+
+  std::vector<std::string> repliesTo(const std::string& lines) {
+    std::istringstream input(lines);
+    std::stringstream output;
+    status_ = evaluateLines(input, output);
+    std::vector<std::string> replies;
+    for (std::string line; std::getline(output, line);)
+      replies.push_back(line);
+    return replies;
+  }
+
+  ExitStatus status_ = kDone;
+};
+
+#define ON                                                    \
+  R"({"null":false,"word":"0x0000000000000001","text":"on",)" \
+  R"("array":{"class":"char","dims":[1,2],"rows":["on"]}})"
+#define OFF                                                    \
+  R"({"null":false,"word":"0x0000000000000000","text":"off",)" \
+  R"("array":{"class":"char","dims":[1,3],"rows":["off"]}})"
+#define PROBE(TEXT) R"({"null":false,"text":")" TEXT R"(","array":{"class":"char","dims":)"
+
+TEST_F(Eval, AnswersEachRouteWithTheValue) {
+  const std::pair<const char*, const char*> kCases[] = {
+      {R"({"id":1,"type":"on_off","text":"oN"})", R"({"id":1,"ok":true,"value":)" ON "}"},
+      {R"({"type":"on_off","array":"'OF'"})", R"({"ok":true,"value":)" OFF "}"},
+      {R"({"op":"value","type":"on_off","word":"default"})", R"({"ok":true,"value":)" OFF "}"},
+      {R"({"type":"on_off","word":"null","java":false})", R"({"ok":true,"value":)" OFF "}"},
+      {R"({"text":"on","type":"bool","id":null})",
+       R"({"id":null,"ok":true,"value":)"
+       R"({"null":false,"word":"0x0000000000000001","text":"on","array":null}})"},
+      {R"({"type":"Probe","text":"é"})",
+       R"({"ok":true,"value":)" PROBE("é") R"([1,1],"rows":["é"]}}})"},
+      {R"({"type":"Probe","word":"default"})",
+       R"({"ok":true,"value":)" PROBE("default") R"([1,7],"rows":["default"]}}})"},
+      {R"({"type":"Probe","word":"null"})",
+       R"({"ok":true,"value":{"null":true,"text":null,"array":null}})"},
+      {R"({"type":"on_off","text":"on","equals":{"array":"'on'"}})",
+       R"({"ok":true,"value":)" ON R"(,"equal":true,"compare":0})"},
+      {R"({"type":"on_off","word":"default","equals":{"text":"on"}})",
+       R"({"ok":true,"value":)" OFF R"(,"equal":false,"compare":-1})"},
+      {R"({"type":"on_off","text":"on","equals":{"word":"null"}})",
+       R"({"ok":true,"value":)" ON R"(,"equal":false,"compare":1})"},
+  };
+  for (const auto& [request, reply] : kCases)
+    EXPECT_EQ(replyTo(request), reply) << request;
+  EXPECT_EQ(status_, kDone);
+}
+
+TEST_F(Eval, NamesTheKindOfEveryFailure) {
+  const std::pair<const char*, const char*> kCases[] = {
+      {R"({"id":"x","type":"on_off","text":"maybe"})",
+       R"({"id":"x","ok":false,"error":{"kind":"host",)"
+       R"("id":"VORTIL:datatypes:onoffboolean:UnknownOnOffBooleanValue",)"},
+      {R"({"type":"on_off","array":"1:1e18"})",
+       R"({"ok":false,"error":{"kind":"host","id":"VORTIL:array:SizeLimitExceeded",)"},
+      {R"({"type":"on_off","text":"on","equals":{"array":"1"}})",
+       R"({"ok":false,"error":{"kind":"host",)"
+       R"("id":"VORTIL:datatypes:onoffboolean:IncorrectValue",)"},
+      {R"({"type":"Probe","text":"!host"})",
+       "{\"ok\":false,\"error\":{\"kind\":\"host\",\"id\":\"A:b\",\"message\":\"text \uFFFD\"}}"},
+      {R"({"type":"Probe","array":"'!parse'"})",
+       R"({"ok":false,"error":{"kind":"parse","id":"","message":""}})"},
+      {R"({"type":"Probe","text":"!invalid"})",
+       R"({"ok":false,"error":{"kind":"invalid-value","id":"C:d","message":"out of range"}})"},
+      {R"({"type":"Probe","text":"!cosmemory"})", R"({"ok":false,"error":{"kind":"memory",)"},
+      {R"({"type":"Probe","text":"!hostmemory"})", R"({"ok":false,"error":{"kind":"memory",)"},
+      {R"({"type":"Probe","text":"!new"})", R"({"ok":false,"error":{"kind":"memory",)"},
+      {R"({"type":"Probe","text":"!standard"})",
+       R"({"ok":false,"error":{"kind":"other","id":"","message":"what it says"}})"},
+      {R"({"type":"Probe","text":"!number"})",
+       R"({"ok":false,"error":{"kind":"other","id":"","message":""}})"},
+  };
+  for (const auto& [request, beginning] : kCases) {
+    EXPECT_THAT(replyTo(request), StartsWith(beginning)) << request;
+    EXPECT_EQ(status_, kRefused) << request;
+  }
+}
+
+TEST_F(Eval, ShowsTheErrorOfAConversionBackInItsMember) {
+  EXPECT_EQ(replyTo(R"({"type":"Probe","text":"!to"})"),
+            R"({"ok":true,"value":{"null":false,)"
+            R"("text":{"error":{"kind":"host","id":"E:f","message":"no text"}},)"
+            R"("array":{"error":{"kind":"memory","id":"","message":"out of memory"}}}})");
+  EXPECT_EQ(status_, kDone);
+}
+
+TEST_F(Eval, PassesOnWhatIsPrintedAndWarnedOf) {
+  EXPECT_THAT(replyTo(R"({"type":"Probe","text":"!talk"})"),
+              HasSubstr(R"("rows":["!talk"]}},"console":["first","second"]})"));
+  EXPECT_THAT(replyTo(R"({"type":"Probe","text":"!warn"})"),
+              HasSubstr(R"("warnings":[{"id":"VORTIL:array:SizeLimitExceeded","message":")"));
+  EXPECT_THAT(replyTo(R"({"type":"Probe","text":"quiet"})"), Not(HasSubstr("console")));
+}
+
+TEST_F(Eval, EndsEveryValueItHasMadeAndNoOther) {
+  const std::size_t arrays = vghost::liveArrays();
+  repliesTo(R"({"type":"Probe","text":"a","equals":{"array":"'b'"}})"
+            "\n"
+            R"({"type":"Probe","text":"a","equals":{"text":"!parse"}})"
+            "\n"
+            R"({"type":"Probe","word":"default","equals":{"word":"null"}})"
+            "\n"
+            R"({"type":"Probe","text":"!leave"})"
+            "\n"
+            R"({"op":"describe","type":"Probe"})");
+  EXPECT_EQ(test::ProbeType::instance().liveValues(), 0);
+  EXPECT_EQ(vghost::liveArrays(), arrays);
+}
+
+TEST_F(Eval, DescribesATypeWithEverythingTheClassSystemKnows) {
+  EXPECT_EQ(replyTo(R"({"id":[1],"op":"describe","type":"on_off"})"),
+            R"({"id":[1],"ok":true,"type":{"name":"on_off",)"
+            R"("dottedName":"vortil.graphics.datatype.on_off","declarationName":"char",)"
+            R"("category":"Fundamental","storageType":0,"sizeInBits":8,"valueSizeInBytes":1,)"
+            R"("possibleValuesDescription":"on/off","finite":true,)"
+            R"("possibleValues":["on","off"],"default":)" OFF "}}");
+  EXPECT_THAT(replyTo(R"({"op":"describe","type":"Probe"})"),
+              HasSubstr(R"("possibleValuesDescription":null,"finite":false,"possibleValues":[],)"));
+}
+
+TEST_F(Eval, ListsTheTypesByNameWhateverTheCase) {
+  EXPECT_THAT(replyTo(R"({"op":"types"})"), testing::MatchesRegex(R"(.*"on_off".*"Probe".*)"));
+}
+
+TEST_F(Eval, RefusesARequestThatIsWrongAndServesTheNext) {
+  const std::string tooDeep = std::string(64, '[') + std::string(64, ']');
+  const std::pair<std::string, const char*> kCases[] = {
+      {R"({"id":7})", "type"},
+      {R"({"id":7,"type":5,"text":"on"})", "type"},
+      {R"({"id":7,"type":"onoff","text":"on"})", R"(did you mean \"on_off\"?)"},
+      {R"({"id":7,"type":"any","text":"on"})", "no text form"},
+      {R"({"id":7,"type":"on_off\u0000","text":"on"})", "no type"},
+      {R"({"id":7,"type":"vortil.graphics.datatype.on_off","text":"on"})", "no type"},
+      {R"({"id":7,"type":"on_off"})", "exactly one"},
+      {R"({"id":7,"type":"on_off","text":"on","word":"null"})", "exactly one"},
+      {R"({"id":7,"type":"on_off","text":null})", "string"},
+      {R"({"id":7,"type":"on_off","text":"on\u0000"})", "NUL"},
+      {R"({"id":7,"type":"on_off","word":"other"})", "default"},
+      {R"({"id":7,"type":"on_off","array":"[1 2"})", "column 5"},
+      {R"({"id":7,"type":"on_off","array":"'é' x"})", "column 5"},
+      {R"({"id":7,"type":"on_off","text":"on","equals":"on"})", "equals"},
+      {R"({"id":7,"type":"on_off","text":"on","equals":{}})", "equals"},
+      {R"({"id":7,"type":"on_off","text":"on","equals":{"text":"on","word":"null"}})", "equals"},
+      {R"({"id":7,"type":"on_off","text":"on","equals":{"type":"on_off"}})", "exactly one"},
+      {R"({"id":7,"type":"bool","array":"'on'"})", "scalar"},
+      {R"({"id":7,"type":"bool","word":"default"})", "scalar"},
+      {R"({"id":7,"type":"bool","text":"on","equals":{"text":"on"}})", "scalar"},
+      {R"({"id":7,"type":"on_off","text":"on","java":true})", "Java"},
+      {R"({"id":7,"type":"on_off","text":"on","java":1})", "java"},
+      {R"({"id":7,"op":"colour"})", "op"},
+      {R"({"id":7,"op":["types"]})", "op"},
+      {R"({"id":7,"type":"on_off","text":"on","Text":"on"})", "Text"},
+      {R"({"id":7,"type":"on_off","text":"on","text":"on"})", "twice"},
+      {R"({"id":7,"type":"on_off","text":{"a":1,"b":{},"a":2}})", "twice"},
+      {R"({"id":7,"type":"on_off","text":)" + tooDeep + "}", "64"},
+  };
+  for (const auto& [request, problem] : kCases) {
+    const auto replies = repliesTo(request + "\n{\"type\":\"on_off\",\"text\":\"on\"}\n");
+    ASSERT_EQ(replies.size(), 2U) << request;
+    EXPECT_THAT(replies[0], StartsWith(R"({"id":7,"ok":false,"error":{"kind":"request","id":"",)"));
+    EXPECT_THAT(replies[0], HasSubstr(problem));
+    EXPECT_EQ(replies[1], R"({"ok":true,"value":)" ON "}");
+    EXPECT_EQ(status_, kNotUnderstood);
+  }
+}
+
+TEST_F(Eval, RefusesALineThatIsNoRequestAndServesTheNext) {
+  const std::string lines[] = {
+      "nonsense", "[1]", "\"on\"", "null", R"({"id":7)", R"({"id":7,})", R"({"id":1e999})",
+      "{\"id\":\"\xff\"}", "{\"id\":\"\xed\xa0\x80\"}", R"({"id":7} {})",
+      // Depth must cost no stack and no more than the length's worth of time.
+      std::string(4000000, '['), "{\"a\":" + std::string(1000000, '{'),
+      // Too long for a line, good JSON though it is.
+      R"({"type":"on_off","text":")" + std::string(10U << 20U, 'x') + "\"}"};
+  for (const std::string& line : lines) {
+    const auto replies = repliesTo(line + "\n \t\r\n\n" + R"({"type":"on_off","text":"on"})");
+    ASSERT_EQ(replies.size(), 2U) << line.substr(0, 40);
+    EXPECT_THAT(replies[0], StartsWith(R"({"ok":false,"error":{"kind":"request","id":"",)"));
+    EXPECT_EQ(replies[1], R"({"ok":true,"value":)" ON "}");
+    EXPECT_EQ(status_, kNotUnderstood);
+  }
+}
+
+TEST_F(Eval, TakesALineOfExactlyTheLongestLength) {
+  const std::string request = R"({"type":"on_off","text":"on"})";
+  constexpr std::size_t kLongest = 8U << 20U;
+  const std::string line = request + std::string(kLongest - request.size(), ' ');
+  EXPECT_EQ(repliesTo(line + '\n' + line).size(), 2U);
+  EXPECT_EQ(status_, kDone);
+  EXPECT_THAT(replyTo(line + ' '), HasSubstr("8 MiB"));
+}
+
+TEST_F(Eval, TakesJsonAsDeepAsTheLimit) {
+  const std::string id = std::string(63, '[') + std::string(63, ']');
+  EXPECT_THAT(replyTo(R"({"id":)" + id + R"(,"type":"on_off","text":"on"})"),
+              StartsWith(R"({"id":)" + id + R"(,"ok":true,)"));
+}
+
+TEST_F(Eval, AnswersNothingToNoRequest) {
+  EXPECT_TRUE(repliesTo("").empty());
+  EXPECT_TRUE(repliesTo("\n  \n\t\r\n").empty());
+  EXPECT_EQ(status_, kDone);
+}
+
+TEST_F(Eval, ReportsTheWorstOutcomeInTheStatus) {
+  const std::string good = "{\"op\":\"types\"}\n";
+  const std::string refused = "{\"type\":\"on_off\",\"text\":\"x\"}\n";
+  repliesTo(good + refused + good);
+  EXPECT_EQ(status_, kRefused);
+  repliesTo(refused + "x\n" + refused);
+  EXPECT_EQ(status_, kNotUnderstood);
+}
+
+TEST_F(Eval, TabulatesRequestsForPeople) {
+  std::istringstream input(
+      "{\"op\":\"value\",\"type\":\"on_off\",\"text\":\"on\"}\n"
+      "{\"type\":\"Probe\",\"array\":\"'!invalid'\"}\n"
+      "{\"type\":\"on_off\",\"text\":\"on\",\"equals\":{\"word\":\"null\"}}\n"
+      "x\ty\n");
+  std::ostringstream output;
+  EXPECT_EQ(tabulateLines(input, output), kNotUnderstood);
+  EXPECT_EQ(output.str(),
+            "#  type    given                    outcome  message\n"
+            "1  on_off  text \"on\"                ok on\n"
+            "2  Probe   array '!invalid'         C:d      out of range\n"
+            "3  on_off  text \"on\" = word \"null\"  ok on    not equal, compare 1\n"
+            "4          x y                      request  the line is not valid JSON (byte 1)\n");
+}
+
+}  // namespace

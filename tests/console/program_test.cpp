@@ -1,0 +1,105 @@
+#include <gmock/gmock.h>
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <string>
+
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+struct Outcome {
+  int status;
+  std::string output;  // both streams
+};
+
+/// Runs the program through the shell.
+Outcome run(const std::string& arguments) {
+  FILE* pipe = popen(("'" VGDT_PROGRAM "' " + arguments + " 2>&1").c_str(), "r");
+  std::string output;
+  for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe))
+    output.push_back(static_cast<char>(c));
+  return {WEXITSTATUS(pclose(pipe)), output};
+}
+
+struct Case {
+  const char* arguments;
+  int status;
+  const char* output;  // a part of it
+};
+
+class Program : public testing::TestWithParam<Case> {};
+
+TEST_P(Program, EndsWithTheStatusAndSaysWhy) {
+  const Outcome result = run(GetParam().arguments);
+  EXPECT_EQ(result.status, GetParam().status) << result.output;
+  EXPECT_THAT(result.output, HasSubstr(GetParam().output));
+  EXPECT_THAT(result.output, Not(HasSubstr("\033"))) << "colour is for terminals";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Help, Program,
+    testing::Values(Case{"--help", 0, "convert"}, Case{"--version", 0, "vgdt 0."},
+                    Case{"types --help", 0, "vgdt types"}, Case{"describe --help", 0, "Examples"},
+                    Case{"convert --help", 0, "--text"}, Case{"eval --version", 0, "vgdt 0."},
+                    Case{"", 2, "SUBCOMMAND"}, Case{"nonesuch", 2, "nonesuch"},
+                    Case{"--nonesuch", 2, "vgdt:"}, Case{"types extra", 2, "extra"}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Types, Program,
+    testing::Values(Case{"types", 0, "on_off  logical  off      1      on, off"},
+                    Case{"types --json", 0, "{\"ok\":true,\"types\":[\"on_off\""},
+                    Case{"types --family logical", 0, "on_off"},
+                    Case{"types --family x", 2, "logical"},
+                    Case{"describe on_off", 0, "'of'            off\n"},
+                    Case{"describe on_off", 0, "onoffboolean:IncorrectValue"},
+                    Case{"describe bool", 0, "on              on\n"},
+                    Case{"describe on_off --json", 0, "{\"ok\":true,\"type\":{\"name\":\"on_off\""},
+                    Case{"describe onoff", 2, "did you mean \"on_off\"?"},
+                    Case{"describe onoff --json", 2, "\"kind\":\"request\""}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Convert, Program,
+    testing::Values(Case{"convert on_off \"'ON'\"", 0, "array       'on'  (1x2 char)"},
+                    Case{"convert on_off --text of", 0, "text        off"},
+                    Case{"convert bool --text on", 0, "0x0000000000000001"},
+                    Case{"convert bool true", 2, "scalar"},
+                    Case{"convert on_off \"'onn'\"", 1, "given       'onn'"},
+                    Case{"convert on_off --text OFFF", 1, "did you mean \"off\"?"},
+                    Case{"convert on_off -3", 1, "onoffboolean:IncorrectValue"},
+                    Case{"convert on_off -- -3", 1, "given       -3"},
+                    Case{"convert on_off -Inf --json", 1, "{\"ok\":false,"},
+                    Case{"convert on_off --text -3", 1, "given       -3"},
+                    Case{"convert on_off 3 --locale de", 1, "Der Wert muss ein Text sein"},
+                    Case{"--locale de convert on_off 3", 1, "Der Wert muss ein Text sein"},
+                    Case{"convert on_off '[1 2; 3'", 2, "[1 2; 3\n      ^\n"},
+                    Case{"convert on_off '[1 2; 3' --json", 2, "\"kind\":\"request\""},
+                    Case{"convert onoff 1", 2, "did you mean \"on_off\"?"},
+                    Case{"convert on_off", 2, "LITERAL"}, Case{"convert on_off 1 2", 2, "2"},
+                    Case{"convert on_off 1 --text on", 2, "--text"},
+                    Case{"convert on_off 1 --tetx on", 2, "--tetx"}));
+
+INSTANTIATE_TEST_SUITE_P(Eval, Program,
+                         testing::Values(Case{"eval </dev/null", 0, ""},
+                                         Case{"eval /nonexistent", 2, "/nonexistent"},
+                                         Case{"eval /", 2, "cannot be read"},
+                                         Case{"eval --table </dev/null", 0, "outcome"},
+                                         Case{"types >/dev/full", 2, ""}));
+
+TEST(Program, AnswersEachLineBeforeTheNextIsWritten) {
+  // The shell writes the second request only after it has read the reply to the first.
+  const Outcome result =
+      run("eval < /dev/null; d=$(mktemp -d); mkfifo $d/in $d/out; '" VGDT_PROGRAM
+          "' eval $d/in > $d/out & exec 9<$d/out 8>$d/in; echo '{\"id\":1}' >&8; read -r a <&9; "
+          "echo '{\"id\":2}' >&8; read -r b <&9; exec 8>&-; wait; rm -r $d; echo \"$a $b\"");
+  EXPECT_THAT(result.output, AllOf(HasSubstr("\"id\":1"), HasSubstr("\"id\":2")));
+}
+
+TEST(Program, OffersNoNameThatIsFarFromTheText) {
+  EXPECT_THAT(run("convert on_off --text yes").output, Not(HasSubstr("did you mean")));
+  EXPECT_THAT(run("convert on_off --text o").output, Not(HasSubstr("did you mean")));
+}
+
+}  // namespace

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+/// Takes one input; a crash, a leak or an abort is a finding. The name is libFuzzer's.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);

@@ -1,0 +1,30 @@
+// A text that parses as a literal prints as one that describes the same array.
+
+#include "JsonForms.h"
+#include "Literal.h"
+#include "LiteralPrinter.h"
+#include "fuzz_target.h"
+
+#include <messages/exceptions.h>
+
+#include <cstdlib>
+
+namespace {
+
+constexpr std::size_t kElementsWorthPrinting = 10'000;
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  try {
+    const vcos::ArrayOwner array =
+        vgdt::parseLiteral(std::string_view(reinterpret_cast<const char*>(data), size));
+    if (vxGetNumberOfElements(array.get()) > kElementsWorthPrinting) return 0;
+    const vcos::ArrayOwner again = vgdt::parseLiteral(vgdt::formatLiteral(array.get()));
+    if (vgdt::dump(vgdt::jsonOf(array.get())) != vgdt::dump(vgdt::jsonOf(again.get())))
+      std::abort();
+  } catch (const vgdt::LiteralError&) {
+  } catch (const Lindgrove::System::utErrorException_DEPRECATED&) {
+  }
+  return 0;
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "Requests.h"
+#include "Terminal.h"
+#include "Values.h"
+
+#include <optional>
+#include <ostream>
+#include <string>
+
+namespace vgdt {
+
+/// Where a command writes to.
+struct Console {
+  std::ostream& output;
+  std::ostream& errors;
+  Style outputStyle;
+  Style errorStyle;
+};
+
+/// The commands of the program. Each returns its exit status and has written its errors.
+ExitStatus listTypes(const Console& console, const std::optional<std::string>& family, bool asJson);
+ExitStatus describeType(const Console& console, const std::string& name, bool asJson);
+ExitStatus convertValue(const Console& console, const std::string& name, const GivenValue& given,
+                        bool asJson);
+/// From the file of that name; from standard input without one.
+ExitStatus evaluate(const Console& console, const std::optional<std::string>& file, bool asTable);
+
+}  // namespace vgdt

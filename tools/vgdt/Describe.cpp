@@ -1,0 +1,116 @@
+#include "Describe.h"
+
+#include "LiteralPrinter.h"
+#include "Nearest.h"
+#include "Values.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace vgdt {
+namespace {
+
+constexpr std::size_t kMaxExamples = 3;
+constexpr std::size_t kMaxElements = 12;
+
+constexpr const char* kSampleLiterals[] = {
+    "true",  "1",        "''",    "'yellow'", "[0 0.5 1]",      "'text'",       "0.5",
+    "-1",    "NaN",      "[1 2]", "[]",       "[0 1;1 0]",      "{'a','b'}",    "[0 0 1 1]",
+    "@fire", "zeros(4)", "1:3",   "{}",       "uint8([0 255])", "empty_handle",
+};
+constexpr const char* kSampleTexts[] = {
+    "0", "1", "-1", "0.5", "1e5", "nan", "inf", "A", "true", "on", "", " 1", "99999999999999999999",
+};
+
+std::string upperCase(std::string text) {
+  std::ranges::transform(text, text.begin(), [](char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+  });
+  return text;
+}
+
+bool isUniquePrefix(const std::string& prefix, const std::vector<std::string>& names) {
+  return std::ranges::count_if(
+             names, [&](const std::string& name) { return name.starts_with(prefix); }) == 1;
+}
+
+/// The first name with a prefix of its own that is shorter than the name, cut to that; empty if
+/// there is none.
+std::string shortestPrefix(const std::vector<std::string>& names) {
+  for (const std::string& name : names)
+    for (std::size_t length = 1; length < name.size(); ++length)
+      if (isUniquePrefix(name.substr(0, length), names)) return name.substr(0, length);
+  return {};
+}
+
+/// Names of a finite type, and the other ways in which a user may write them.
+std::vector<std::string> sampleNames(const Type& type) {
+  const std::vector<std::string> names = possibleValueTexts(type);
+  if (names.empty()) return {};
+  std::vector<std::string> samples{names.front(), upperCase(names.front())};
+  if (const std::string prefix = shortestPrefix(names); !prefix.empty()) samples.push_back(prefix);
+  samples.insert(samples.end(), names.begin() + 1, names.end());
+  return samples;
+}
+
+std::vector<GivenValue> samplesFor(const Type& type) {
+  std::vector<GivenValue> samples;
+  const auto route = type.isScalar ? GivenValue::Route::Text : GivenValue::Route::Array;
+  for (const std::string& name : sampleNames(type))
+    samples.push_back({route, type.isScalar ? name : fmt::format("'{}'", name)});
+  if (type.isScalar)
+    for (const char* text : kSampleTexts)
+      samples.push_back({route, text});
+  else
+    for (const char* literal : kSampleLiterals)
+      samples.push_back({route, literal});
+  return samples;
+}
+
+std::string shownValue(const Type& type, vcos::COSValue word) {
+  if (const auto text = textOf(type, word)) return *text;
+  return formatLiteral(arrayOf(type, word).get(), kMaxElements);
+}
+
+void addTrial(std::vector<Trial>& trials, Trial trial) {
+  if (trials.size() < kMaxExamples) trials.push_back(std::move(trial));
+}
+
+}  // namespace
+
+Examples findExamples(const Type& type) {
+  Examples examples;
+  for (const GivenValue& sample : samplesFor(type)) {
+    std::string shown;
+    const auto failure = failureOf([&] { shown = shownValue(type, Value(type, sample).word()); });
+    if (!failure)
+      addTrial(examples.taken, {sample.content, shown});
+    else
+      addTrial(examples.refused,
+               {sample.content,
+                failure->identifier.empty() ? nameOf(failure->kind) : failure->identifier});
+  }
+  return examples;
+}
+
+Json typeForm(const Type& type) {
+  const vcos::COSDataType& dataType = type.access.dataType();
+  const vcos::COSValue defaultValue = dataType.getDefaultValue();
+  const char* description = dataType.getPossibleValuesDescription();
+  Json form;
+  form["name"] = type.name;
+  form["dottedName"] = type.access.name().c_str();
+  form["declarationName"] = dataType.getDeclarationName();
+  form["category"] = dataType.getCategoryName();
+  form["storageType"] = dataType.getStorageType();
+  form["sizeInBits"] = dataType.getSizeInBits();
+  form["valueSizeInBytes"] = dataType.getValueSizeInBytes(defaultValue);
+  form["possibleValuesDescription"] = description ? Json(description) : Json();
+  form["finite"] = dataType.isPossibleValuesFinite();
+  form["possibleValues"] = possibleValueTexts(type);
+  form["default"] = valueForm(type, defaultValue);
+  return form;
+}
+
+}  // namespace vgdt

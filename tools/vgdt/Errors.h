@@ -1,0 +1,41 @@
+#pragma once
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+namespace vgdt {
+
+/// The request itself is wrong, whatever a type would say of the value.
+class RequestError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Where a failure came from. The names are those of `error.kind` in a reply.
+enum class FailureKind { Host, Parse, InvalidValue, Memory, Request, Other };
+
+struct Failure {
+  FailureKind kind;
+  std::string identifier;  ///< empty where there is none
+  std::string message;     ///< empty where there is none
+};
+
+/// "host", "parse", "invalid-value", ...
+const char* nameOf(FailureKind kind);
+
+/// What is being handled right now. Only inside a catch block.
+Failure currentFailure();
+
+/// Runs `work` and says how it failed; none if it did not.
+template <class Work>
+std::optional<Failure> failureOf(Work&& work) {
+  try {
+    work();
+    return std::nullopt;
+  } catch (...) {
+    return currentFailure();
+  }
+}
+
+}  // namespace vgdt

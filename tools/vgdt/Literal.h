@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Errors.h"
+
+#include <vcos/TypeAccess.h>
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace vgdt {
+
+/// A literal that does not parse: what would have been right, and where.
+class LiteralError : public RequestError {
+ public:
+  LiteralError(std::size_t position, const std::string& problem)
+      : RequestError(problem),
+        position_(position) {}
+
+  /// Number of bytes before the place.
+  std::size_t position() const noexcept { return position_; }
+
+ private:
+  std::size_t position_;
+};
+
+/// How many brackets, braces and calls may stand inside each other.
+inline constexpr std::size_t kMaxLiteralDepth = 64;
+
+/// The host array that a literal describes.
+///
+/// Throws LiteralError; raises what the host raises when an array cannot be made
+/// ("VORTIL:array:SizeLimitExceeded").
+vcos::ArrayOwner parseLiteral(std::string_view literal);
+
+}  // namespace vgdt

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <vx/array.h>
+
+#include <cstddef>
+#include <limits>
+#include <string>
+
+namespace vgdt {
+
+inline constexpr std::size_t kAllElements = std::numeric_limits<std::size_t>::max();
+
+/// The literal that reads back to the same array. What no literal can say (a null array, structs
+/// that are not 1 by 1, objects) stands as a description in angle brackets, and an array of more
+/// than `maxElements` elements shows the first few and how many there are.
+std::string formatLiteral(const vxArray* array, std::size_t maxElements = kAllElements);
+
+/// "1x3 double".
+std::string sizeAndClass(const vxArray* array);
+
+}  // namespace vgdt

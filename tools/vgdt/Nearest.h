@@ -1,0 +1,18 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vgdt {
+
+/// The name that was probably meant: up to two letters away, whatever the case, and fewer than half
+/// of the text's letters.
+std::optional<std::string> nearestName(std::string_view text,
+                                       const std::vector<std::string>& names);
+
+/// ASCII letters in lower case.
+std::string lowerCase(std::string_view text);
+
+}  // namespace vgdt

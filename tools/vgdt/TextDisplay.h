@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace vgdt {
+
+/// How much of a user's text an error message repeats, in columns.
+inline constexpr std::size_t kMaxQuoted = 40;
+
+/// Valid UTF-8: U+FFFD stands where the text is broken.
+std::string validUtf8(std::string_view text);
+
+/// The columns that a UTF-8 text takes on a terminal.
+std::size_t displayWidth(std::string_view utf8);
+
+/// Valid UTF-8 without control characters, cut to `width` columns ("..." shows the cut).
+std::string onOneLine(std::string_view text, std::size_t width);
+
+/// With blanks at the end, `width` columns wide or more.
+std::string padded(std::string text, std::size_t width);
+
+/// The place in characters, counted from 1, of a byte position in a UTF-8 text.
+std::size_t columnOf(std::string_view text, std::size_t position);
+
+/// Two lines: the line of `text` that `position` is on, or as much of it around the place as a
+/// terminal is wide, and a caret under the place.
+std::string caretDisplay(std::string_view text, std::size_t position);
+
+}  // namespace vgdt

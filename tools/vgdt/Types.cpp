@@ -1,0 +1,94 @@
+#include "Types.h"
+
+#include "Errors.h"
+#include "Nearest.h"
+#include "TextDisplay.h"
+
+#include <fmt/format.h>
+#include <vcos/COSPackage.h>
+
+#include <algorithm>
+
+namespace vgdt {
+namespace {
+
+constexpr const char* kPackage = "vortil.graphics.datatype";
+
+std::vector<vcos::COSDataType*> dataTypesOfLibrary() {
+  const vcos::COSPackage* package = vcos::COSPackage::getPackage(vcos::COSNameID(kPackage));
+  return package ? package->getDataTypes() : std::vector<vcos::COSDataType*>();
+}
+
+/// None for a type that lacks a conversion: nothing could be put through it.
+std::optional<Type> asType(const vcos::COSDataType& dataType) {
+  const std::string dottedName = fmt::format("{}.{}", kPackage, dataType.getName());
+  const auto access = vcos::TypeAccess::find(vcos::COSNameID(dottedName.c_str()));
+  if (!access || !access->textConversion() || !access->arrayConversion()) return std::nullopt;
+  return Type{dataType.getName(), *access, false};
+}
+
+std::optional<Type> findLibraryType(const std::string& name) {
+  for (const vcos::COSDataType* dataType : dataTypesOfLibrary())
+    if (name == dataType->getName()) return asType(*dataType);
+  return std::nullopt;
+}
+
+std::optional<vcos::TypeAccess> findScalar(const std::string& name) {
+  // A dotted name belongs to a package.
+  if (name.find('.') != std::string::npos) return std::nullopt;
+  const auto known = vcos::COSNameID::find(name);
+  return known ? vcos::TypeAccess::find(*known) : std::nullopt;
+}
+
+}  // namespace
+
+std::vector<Type> libraryTypes() {
+  std::vector<Type> types;
+  for (const vcos::COSDataType* dataType : dataTypesOfLibrary())
+    if (const auto type = asType(*dataType)) types.push_back(*type);
+  std::ranges::sort(types, {}, [](const Type& type) { return lowerCase(type.name); });
+  return types;
+}
+
+std::vector<std::string> libraryTypeNames() {
+  std::vector<std::string> names;
+  for (const Type& type : libraryTypes())
+    names.push_back(type.name);
+  return names;
+}
+
+Type requireType(const std::string& name) {
+  if (const auto type = findLibraryType(name)) return *type;
+  if (const auto access = findScalar(name)) {
+    if (access->textConversion()) return {name, *access, true};
+    throw RequestError(fmt::format("the type \"{}\" has no text form", name));
+  }
+  const auto nearest = nearestName(name, libraryTypeNames());
+  throw RequestError(fmt::format("there is no type \"{}\"{}", onOneLine(name, kMaxQuoted),
+                                 nearest ? fmt::format("; did you mean \"{}\"?", *nearest) : ""));
+}
+
+std::string familyOf(const Type& type) {
+  return type.isImmediate() ? "logical" : "other";
+}
+
+std::vector<std::string> possibleValueTexts(const Type& type) {
+  std::vector<std::string> texts;
+  const vcos::COSDataType& dataType = type.access.dataType();
+  vcos::Enumeration<vcos::COSValue> values = dataType.getPossibleValues();
+  while (values.hasMoreElements()) {
+    const vcos::OwnedValue value(dataType, values.nextElement());
+    texts.push_back(type.access.toText(value.get()).value_or(""));
+  }
+  return texts;
+}
+
+std::string acceptedValues(const Type& type) {
+  const vcos::COSDataType& dataType = type.access.dataType();
+  if (dataType.isPossibleValuesFinite())
+    return fmt::format("{}", fmt::join(possibleValueTexts(type), ", "));
+  const char* description = dataType.getPossibleValuesDescription();
+  return description ? description : "";
+}
+
+}  // namespace vgdt
