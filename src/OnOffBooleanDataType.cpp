@@ -1,4 +1,4 @@
-#include "Registration.h"
+#include "TypeRegistration.h"
 
 #include <graphics/datatype/HostAllocated.h>
 #include <graphics/datatype/OnOffBooleanDataType.h>

@@ -72,7 +72,7 @@ COSPackage* register_package(const char* name, const char* (*description)(const 
 }
 
 void registerDatatype(vcos::COSDataType* type) {
-  type->getName();
+  type->getName();  // kept: the result is not used, but types may rely on being asked first
   const COSNameID packageName(kPackageName);
   if (!COSPackage::getPackage(packageName))
     register_package(kPackageName, noDescription, noDetails);

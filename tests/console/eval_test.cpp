@@ -174,7 +174,7 @@ TEST_F(Eval, RefusesARequestThatIsWrongAndServesTheNext) {
       {R"({"id":7,"type":"bool","text":"on","equals":{"text":"on"}})", "scalar"},
       {R"({"id":7,"type":"on_off","text":"on","java":true})", "Java"},
       {R"({"id":7,"type":"on_off","text":"on","java":1})", "java"},
-      {R"({"id":7,"op":"colour"})", "op"},
+      {R"({"id":7,"op":"colour","name":"red"})", "the ops are value, describe, types"},
       {R"({"id":7,"op":["types"]})", "op"},
       {R"({"id":7,"type":"on_off","text":"on","Text":"on"})", "Text"},
       {R"({"id":7,"type":"on_off","text":"on","text":"on"})", "twice"},
@@ -195,6 +195,7 @@ TEST_F(Eval, RefusesALineThatIsNoRequestAndServesTheNext) {
   const std::string lines[] = {
       "nonsense", "[1]", "\"on\"", "null", R"({"id":7)", R"({"id":7,})", R"({"id":1e999})",
       "{\"id\":\"\xff\"}", "{\"id\":\"\xed\xa0\x80\"}", R"({"id":7} {})",
+      std::string("{\"op\":\"types\"}\0", 16), std::string("{\"op\":\"types\"}\0{}", 18),
       // Depth must cost no stack and no more than the length's worth of time.
       std::string(4000000, '['), "{\"a\":" + std::string(1000000, '{'),
       // Too long for a line, good JSON though it is.

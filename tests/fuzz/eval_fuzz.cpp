@@ -5,9 +5,12 @@
 
 #include <graphics/datatype/vgdatatypes.h>
 
+#include <vx/array.h>
+
 #include <cstdlib>
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  vghost::setArrayMemoryLimit(kMemoryLimit);
   VLInitialize_vgdatatypes();
   const vgdt::Served served =
       vgdt::serveLine(std::string_view(reinterpret_cast<const char*>(data), size));

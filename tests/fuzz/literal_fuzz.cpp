@@ -7,6 +7,8 @@
 
 #include <messages/exceptions.h>
 
+#include <vx/array.h>
+
 #include <cstdlib>
 
 namespace {
@@ -16,6 +18,7 @@ constexpr std::size_t kElementsWorthPrinting = 10'000;
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  vghost::setArrayMemoryLimit(kMemoryLimit);
   try {
     const vcos::ArrayOwner array =
         vgdt::parseLiteral(std::string_view(reinterpret_cast<const char*>(data), size));

@@ -163,16 +163,19 @@ TEST(StartUp, ReportsAPackageThatCannotBeFoundAfterItWasAdded) {
 TEST(StartUp, AnyFailingHostCallEitherPassesThroughOrIsReportedAsMultipleRegistry) {
   using vghost::faults::Failure;
   constexpr std::uint64_t kMoreCallsThanStartUpMakes = 40;
-  for (const auto& [failure, expected] :
-       {std::pair{Failure::HostError, "VORTIL:host:InjectedFailure"},
-        std::pair{Failure::ClassSystem, kMultipleRegistry}}) {
+  struct Case {
+    Failure failure;
+    const char* expected;
+  };
+  for (const Case& each : {Case{Failure::HostError, "VORTIL:host:InjectedFailure"},
+                           Case{Failure::ClassSystem, kMultipleRegistry}}) {
     for (std::uint64_t nth = 2; nth <= kMoreCallsThanStartUpMakes; ++nth) {
       inChildProcess([&] {  // the first call is svRegisterFeature, outside the handler
         const std::uint64_t before = vghost::faults::hostCallCount();
-        vghost::faults::failHostCall(nth, vghost::faults::Repeat::Once, failure);
+        vghost::faults::failHostCall(nth, vghost::faults::Repeat::Once, each.failure);
         const std::string identifier = identifierRaisedBy(VLInitialize_vgdatatypes);
         const bool failed = vghost::faults::hostCallCount() - before >= nth;
-        EXPECT_EQ(identifier, failed ? expected : "") << "call " << nth;
+        EXPECT_EQ(identifier, failed ? each.expected : "") << "call " << nth;
         EXPECT_FALSE(failed && nth == kMoreCallsThanStartUpMakes);
       });
     }

@@ -82,6 +82,7 @@ void printDescription(const Console& console, const Type& type) {
       {"value bytes", shown(form["valueSizeInBytes"])},
       {"default", shown(form["default"]["text"])},
       {"values", acceptedValues(type)},
+      {"finite", form["finite"] ? "yes" : "no"},
   };
   for (const auto& [name, value] : fields)
     printField(console.output, name, value);
@@ -106,13 +107,14 @@ std::optional<std::string> givenText(const GivenValue& given) {
 
 void printValue(const Console& console, const Type& type, vcos::COSValue word) {
   const auto text = textOf(type, word);
-  printField(console.output, "text", text ? validUtf8(*text) : "none");
+  printField(console.output, "text", text ? onOneLine(*text) : "none");
   if (type.isImmediate()) printField(console.output, "word", wordText(word));
   if (type.isScalar) return;
   const vcos::ArrayOwner array = arrayOf(type, word);
   const std::string literal = formatLiteral(array.get(), kMaxElements);
-  printField(console.output, "array",
-             array ? fmt::format("{}  ({})", literal, sizeAndClass(array.get())) : "none");
+  printField(
+      console.output, "array",
+      array ? fmt::format("{}  ({})", onOneLine(literal), sizeAndClass(array.get())) : "none");
 }
 
 void explainRefusal(const Console& console, const Type& type, const GivenValue& given,
@@ -120,7 +122,7 @@ void explainRefusal(const Console& console, const Type& type, const GivenValue& 
   reportProblem(console, fmt::format("{} does not take this value", type.name));
   const bool hasIdentifier = !failure.identifier.empty();
   printField(console.errors, "error", hasIdentifier ? failure.identifier : nameOf(failure.kind));
-  if (!failure.message.empty()) printField(console.errors, "message", validUtf8(failure.message));
+  if (!failure.message.empty()) printField(console.errors, "message", onOneLine(failure.message));
   printField(console.errors, "given", onOneLine(given.content, kColumns));
   const std::string accepted = acceptedValues(type);
   if (!accepted.empty()) printField(console.errors, "accepted", accepted);

@@ -20,12 +20,13 @@ bool isBlank(std::string_view line) {
   return line.find_first_not_of(" \t\r\v\f") == line.npos;
 }
 
-/// Serves the lines of `input`, each handed to `use` with its reply.
+/// Serves the lines of `input`, each handed to `use` with its reply, for as long as `output` takes
+/// what is written to it.
 template <class Use>
-ExitStatus serveLines(std::istream& input, Use&& use) {
+ExitStatus serveLines(std::istream& input, const std::ostream& output, Use&& use) {
   ExitStatus worst = kDone;
   LineReader reader(input);
-  for (auto read = reader.next(); read != LineReader::Result::End; read = reader.next()) {
+  for (auto read = reader.next(); output && read != LineReader::Result::End; read = reader.next()) {
     if (read == LineReader::Result::Line && isBlank(reader.line())) continue;
     const Served served = read == LineReader::Result::Line
                               ? serveLine(reader.line())
@@ -84,7 +85,7 @@ std::vector<std::string> rowOf(std::string_view line, const Served& served) {
 }  // namespace
 
 ExitStatus evaluateLines(std::istream& input, std::ostream& output) {
-  return serveLines(input, [&output](std::string_view, const Served& served) {
+  return serveLines(input, output, [&output](std::string_view, const Served& served) {
     output << dump(served.reply) << '\n' << std::flush;
   });
 }
@@ -92,11 +93,12 @@ ExitStatus evaluateLines(std::istream& input, std::ostream& output) {
 ExitStatus tabulateLines(std::istream& input, std::ostream& output) {
   Table table({"#", "type", "given", "outcome", "message"});
   std::size_t number = 0;
-  const ExitStatus status = serveLines(input, [&](std::string_view line, const Served& served) {
-    std::vector<std::string> row = rowOf(line, served);
-    row.insert(row.begin(), std::to_string(++number));
-    table.add(std::move(row));
-  });
+  const ExitStatus status =
+      serveLines(input, output, [&](std::string_view line, const Served& served) {
+        std::vector<std::string> row = rowOf(line, served);
+        row.insert(row.begin(), std::to_string(++number));
+        table.add(std::move(row));
+      });
   table.print(output);
   return status;
 }

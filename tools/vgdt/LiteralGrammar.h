@@ -41,8 +41,9 @@ struct Text : seq<one<'\''>, star<sor<not_one<'\''>, two<'\''>>>, must<ClosingQu
 /// Elements separated by blanks or commas, rows by semicolons.
 template <class Element>
 struct Row : seq<Element, star<sor<seq<Comma, must<Element>>, seq<Separation, Element>>>> {};
-template <class Row>
-struct Rows : opt<Row, star<Semicolon, must<Row>>> {};
+/// Up to and with the closing bracket or brace.
+template <class Row, class Closing>
+struct Rows : sor<Closing, seq<must<Row>, star<Semicolon, must<Row>>, Space, must<Closing>>> {};
 
 struct NumberElement : NumberOrRange {};
 struct LogicalElement : Logical {};
@@ -51,13 +52,13 @@ struct Element : sor<NumberElement, LogicalElement, TextElement> {};
 struct BracketRow : Row<Element> {};
 struct OpeningBracket : one<'['> {};
 struct ClosingBracket : one<']'> {};
-struct Bracket : seq<OpeningBracket, Space, Rows<BracketRow>, Space, must<ClosingBracket>> {};
+struct Bracket : seq<OpeningBracket, Space, Rows<BracketRow, ClosingBracket>> {};
 
 struct Value;
 struct CellRow : Row<Value> {};
 struct OpeningBrace : one<'{'> {};
 struct ClosingBrace : one<'}'> {};
-struct Cell : seq<OpeningBrace, Space, Rows<CellRow>, Space, must<ClosingBrace>> {};
+struct Cell : seq<OpeningBrace, Space, Rows<CellRow, ClosingBrace>> {};
 
 struct Function : Word {};
 struct OpeningParenthesis : one<'('> {};

@@ -96,6 +96,9 @@ class DocumentBuilder final : public nlohmann::json_sax<json> {
 }  // namespace
 
 ParsedRequest parseRequest(std::string_view line) {
+  // The parser takes a NUL as the end of its input.
+  if (const std::size_t nul = line.find('\0'); nul != line.npos)
+    return {nullptr, fmt::format("the line is not valid JSON (byte {})", nul + 1)};
   DocumentBuilder builder;
   json::sax_parse(line.begin(), line.end(), &builder);
   return std::move(builder).result();

@@ -10,6 +10,7 @@
 #include <vx/errors.h>
 
 #include <algorithm>
+#include <vector>
 
 namespace vgdt {
 namespace {
@@ -38,8 +39,8 @@ std::string stringMember(const json& request, const char* name) {
 void requireKnownMembers(const json& request) {
   for (const auto& [name, member] : request.items())
     if (std::ranges::find(kMembers, name) == std::end(kMembers))
-      throw RequestError(
-          fmt::format("a request has no member \"{}\"", onOneLine(name, kMaxQuoted)));
+      throw RequestError(fmt::format("a request has no member \"{}\"; its members are {}",
+                                     onOneLine(name, kMaxQuoted), fmt::join(kMembers, ", ")));
 }
 
 void refuseJava(const json& request) {
@@ -109,13 +110,22 @@ constexpr Operation kOperations[] = {
     {"types", answerTypes},
 };
 
+template <class Rows>
+std::string namesOf(const Rows& rows) {
+  std::vector<const char*> names;
+  for (const auto& row : rows)
+    names.push_back(row.name);
+  return fmt::format("{}", fmt::join(names, ", "));
+}
+
 Json answer(const json& request) {
-  requireKnownMembers(request);
   const std::string name = request.contains("op") ? stringMember(request, "op") : "value";
   const auto* operation =
       std::ranges::find(kOperations, name, [](const Operation& row) { return row.name; });
   if (operation == std::end(kOperations))
-    throw RequestError(fmt::format("there is no op \"{}\"", onOneLine(name, kMaxQuoted)));
+    throw RequestError(fmt::format("there is no op \"{}\"; the ops are {}",
+                                   onOneLine(name, kMaxQuoted), namesOf(kOperations)));
+  requireKnownMembers(request);
   return operation->answer(request);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -16,7 +17,8 @@ std::string validUtf8(std::string_view text);
 std::size_t displayWidth(std::string_view utf8);
 
 /// Valid UTF-8 without control characters, cut to `width` columns ("..." shows the cut).
-std::string onOneLine(std::string_view text, std::size_t width);
+std::string onOneLine(std::string_view text,
+                      std::size_t width = std::numeric_limits<std::size_t>::max());
 
 /// With blanks at the end, `width` columns wide or more.
 std::string padded(std::string text, std::size_t width);

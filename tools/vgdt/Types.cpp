@@ -64,11 +64,13 @@ Type requireType(const std::string& name) {
     throw RequestError(fmt::format("the type \"{}\" has no text form", name));
   }
   const auto nearest = nearestName(name, libraryTypeNames());
-  throw RequestError(fmt::format("there is no type \"{}\"{}", onOneLine(name, kMaxQuoted),
-                                 nearest ? fmt::format("; did you mean \"{}\"?", *nearest) : ""));
+  throw RequestError(fmt::format(
+      "there is no type \"{}\"; {}", onOneLine(name, kMaxQuoted),
+      nearest ? fmt::format("did you mean \"{}\"?", *nearest) : "\"types\" lists those there are"));
 }
 
 std::string familyOf(const Type& type) {
+  if (type.isScalar) return "scalar";
   return type.isImmediate() ? "logical" : "other";
 }
 

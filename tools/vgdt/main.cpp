@@ -49,13 +49,22 @@ class CommandLine {
         ->type_name("LOCALE");
   }
 
+  std::string commandNames() const {
+    std::vector<std::string> names;
+    for (const CLI::App* command : app_.get_subcommands({}))
+      names.push_back(command->get_name());
+    return fmt::format("{}", fmt::join(names, ", "));
+  }
+
   std::string failureText(const CLI::Error& error) const {
     const std::vector<std::string> rest = app_.remaining();
     const bool isUnknownCommand =
         app_.get_subcommands().empty() && !rest.empty() && !rest.front().starts_with('-');
     return fmt::format(
         "{} {}\nRun with --help for more information.\n", console_.errorStyle.error("vgdt:"),
-        isUnknownCommand ? fmt::format("there is no command \"{}\"", rest.front()) : error.what());
+        isUnknownCommand ? fmt::format("there is no command \"{}\"; the commands are {}",
+                                       rest.front(), commandNames())
+                         : error.what());
   }
 
   CLI::App* addCommand(const std::string& name, const std::string& description,
@@ -157,7 +166,6 @@ std::string textOf(const Failure& failure) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::ios::sync_with_stdio(false);
   const Console console{std::cout, std::cerr, Style(wantsColour(STDOUT_FILENO)),
                         Style(wantsColour(STDERR_FILENO))};
   int status = kDone;

@@ -8,8 +8,7 @@ namespace gui_objects {
 
 /// Ends a host array.
 struct VxArrayDtor {
-  static void destroy(vxArray* array) noexcept { vxDestroyArray(array); }
-  void operator()(vxArray* array) const noexcept { destroy(array); }
+  void operator()(vxArray* array) const noexcept { vxDestroyArray(array); }
 };
 
 /// Sole owner of an object of the host.

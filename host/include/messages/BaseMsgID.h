@@ -2,9 +2,10 @@
 
 #include <ut/export.h>
 
-#include <concepts>
+#include <algorithm>
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace resource_core {
@@ -31,16 +32,6 @@ class VGHOST_API BaseMsgID {
  private:
   const MessageDefinition* definition_;
   std::vector<std::string> arguments_;
-};
-
-/// What every message class derives from: it takes exactly `Arity` texts.
-template <std::size_t Arity>
-class Message : public BaseMsgID {
- protected:
-  template <std::convertible_to<std::string>... Texts>
-  requires(sizeof...(Texts) == Arity) explicit Message(const MessageDefinition& definition,
-                                                       Texts&&... texts)
-      : BaseMsgID(definition, {std::string(std::forward<Texts>(texts))...}) {}
 };
 
 /// The identifier of a message class: its path without the prefixes "component_", "catalog_" and

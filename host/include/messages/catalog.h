@@ -7,9 +7,13 @@
 
 #include <messages/BaseMsgID.h>
 
+#include <concepts>
+#include <string>
+#include <utility>
+
 #define VGHOST_MESSAGE(Space, Name, Arity, Identifier, English)                                  \
   namespace Space {                                                                              \
-  class Name final : public resource_core::Message<Arity> {                                      \
+  class Name final : public resource_core::BaseMsgID {                                           \
    public:                                                                                       \
     static constexpr resource_core::MessageDefinition kDefinition{#Space "::" #Name, Identifier, \
                                                                   English, Arity};               \
@@ -17,7 +21,7 @@
                   "the identifier is the class's path: see isIdentifierOf");                     \
     template <std::convertible_to<std::string>... Texts>                                         \
     requires(sizeof...(Texts) == Arity) explicit Name(Texts&&... texts)                          \
-        : Message(kDefinition, std::forward<Texts>(texts)...) {}                                 \
+        : BaseMsgID(kDefinition, {std::string(std::forward<Texts>(texts))...}) {}                \
   };                                                                                             \
   }
 #include <catalog/messages.def>

@@ -23,7 +23,7 @@ enum class Failure {
 /// counted from 1 and from this call.
 VGHOST_API void failAllocation(std::uint64_t nth, Repeat repeat) noexcept;
 
-/// Likewise for the host operations that can raise an error.
+/// Likewise for the host operations that make or change something, or hand it on.
 VGHOST_API void failHostCall(std::uint64_t nth, Repeat repeat,
                              Failure failure = Failure::HostError) noexcept;
 

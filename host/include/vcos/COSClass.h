@@ -16,10 +16,11 @@ class VGHOST_API COSPropInfo {
   virtual ~COSPropInfo();
   virtual const char* getName() const = 0;
   virtual COSDataTypePtr getDataType() const = 0;
-  /// The word as it is held: it stays the object's. A COSException if the object is destroyed.
+  /// The word as it is held: it stays the object's. A COSException if the
+  /// object is destroyed or has no such property.
   virtual COSValue getValue(const COSInterface* object) const = 0;
   /// Copies the word in and ends the old one. A failing copy leaves the old value in place. A
-  /// COSException if the object is destroyed.
+  /// COSException if the object is destroyed or has no such property.
   virtual void setValue(COSInterface* object, COSValue value) = 0;
 };
 
@@ -35,14 +36,14 @@ class VGHOST_API COSClass {
  public:
   /// `base` may be null; its properties are inherited.
   COSClass(const char* name, const COSClass* base);
-  ~COSClass();
+  virtual ~COSClass();
   COSClass(const COSClass&) = delete;
   COSClass& operator=(const COSClass&) = delete;
 
-  const char* getName() const noexcept { return name_.c_str(); }
-  COSNameID getNameID() const noexcept { return name_; }
+  virtual const char* getName() const noexcept;
+  virtual COSNameID getNameID() const noexcept;
   /// True when the class is the named one or derives from it.
-  bool isA(COSNameID name) const noexcept;
+  virtual bool isA(COSNameID name) const noexcept;
 
   /// Adds a property of a type that is registered by now; it starts with the type's default. A
   /// COSException if the type is unknown or the class has a property of that name.

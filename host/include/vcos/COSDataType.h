@@ -17,7 +17,7 @@ class VGHOST_API COSDataType {
   virtual ~COSDataType();
 
   virtual const char* getDeclarationName() const = 0;
-  /// The last component of the type's dotted name.
+  /// For a type of a package, the last component of its dotted name.
   virtual const char* getName() const = 0;
   virtual const char* getDescription() const;                ///< null unless overridden
   virtual const char* getDetailedDescription() const;        ///< null unless overridden

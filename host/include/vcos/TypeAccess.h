@@ -41,12 +41,16 @@ class VGHOST_API TypeAccess {
   const COSTypeConversion* textConversion() const noexcept { return text_; }
   const COSTypeConversion* arrayConversion() const noexcept { return array_; }
 
+  // Each of the following needs the conversion that it goes through.
+
   /// A new value from a text. The conversion is handed a copy on the host's heap, which is freed
   /// afterwards unless the value is that very copy: some types take the text over.
   COSValue fromText(const char* text) const;
-  /// A new value from a host array, which stays the caller's and may be null.
+  /// A new value from a host array, which stays the caller's; whether it may be null is for the
+  /// type to say.
   COSValue fromArray(const vxArray* array) const;
-  /// The text of a value; none where the type has no text form for it.
+  /// The text of a value, whether the conversion gives a constant or a string to be freed; none
+  /// where the type has no text form for it.
   std::optional<std::string> toText(COSValue value) const;
   /// The host array of a value; null where the type gives none.
   ArrayOwner toArray(COSValue value) const;

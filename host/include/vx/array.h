@@ -180,6 +180,11 @@ namespace vghost {
 /// How many host arrays are alive, elements of cells and structs included.
 VGHOST_API std::size_t liveArrays() noexcept;
 
+/// How many bytes the elements of all arrays may take together; an array that would not fit beside
+/// those that are alive raises "VORTIL:array:SizeLimitExceeded". By default a quarter of the
+/// machine's memory.
+VGHOST_API void setArrayMemoryLimit(std::size_t bytes) noexcept;
+
 /// "2x3" for messages.
 VGHOST_API std::string sizeText(const std::size_t* dimensions, std::size_t numberOfDimensions);
 

@@ -6,8 +6,8 @@
 
 #include <algorithm>
 #include <cstring>
-#include <memory>
-#include <stdexcept>
+#include <iterator>
+#include <vector>
 
 namespace vghost::messages {
 namespace {
@@ -49,6 +49,12 @@ std::string translation(const char* identifier, const std::string& locale) {
   return utf8;
 }
 
+std::string patternOr(const char* english, const char* identifier, const std::string& locale) {
+  const bool isEnglish = locale.starts_with("en");
+  std::string translated = isEnglish ? std::string() : translation(identifier, locale);
+  return translated.empty() ? english : translated;
+}
+
 }  // namespace
 
 std::span<const MessageDefinition* const> catalog() noexcept {
@@ -64,17 +70,16 @@ const std::string& locale() {
 }
 
 std::string pattern(const char* identifier, const std::string& locale) {
-  if (!locale.starts_with("en")) {
-    std::string translated = translation(identifier, locale);
-    if (!translated.empty()) return translated;
-  }
-  for (const MessageDefinition* message : kCatalog)
-    if (std::strcmp(message->identifier, identifier) == 0) return message->english;
-  return identifier;
+  const auto* const* message = std::ranges::find_if(kCatalog, [identifier](const auto* candidate) {
+    return std::strcmp(candidate->identifier, identifier) == 0;
+  });
+  return patternOr(message == std::end(kCatalog) ? identifier : (*message)->english, identifier,
+                   locale);
 }
 
 std::string text(const resource_core::BaseMsgID& message, const std::string& locale) {
-  const std::string chosen = pattern(message.definition().identifier, locale);
+  const MessageDefinition& definition = message.definition();
+  const std::string chosen = patternOr(definition.english, definition.identifier, locale);
   UErrorCode status = U_ZERO_ERROR;
   const icu::MessageFormat format(icu::UnicodeString::fromUTF8(chosen), icu::Locale(locale.c_str()),
                                   status);

@@ -1,6 +1,7 @@
 #include <ut/console.h>
 #include "format.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 

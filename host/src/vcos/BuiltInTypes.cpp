@@ -1,5 +1,7 @@
 #include "BuiltInTypes.h"
 
+#include "ValueListEnumeration.h"
+
 #include <ut/memory.h>
 #include <vcos/exceptions.h>
 #include <vx/array.h>
@@ -38,6 +40,12 @@ class ScalarType final : public BuiltInType {
         reading_(reading) {}
 
   int getStorageType() const override { return 0; }
+  bool isPossibleValuesFinite() const override { return reading_ == Reading::Logical; }
+  Enumeration<COSValue> getPossibleValues() const override {
+    if (reading_ != Reading::Logical) return {};
+    return Enumeration<COSValue>(
+        new ValueListEnumeration({COSValue::fromLogical(true), COSValue::fromLogical(false)}));
+  }
   bool isEqual(COSValue a, COSValue b) const override {
     switch (reading_) {
       case Reading::Floating:

@@ -30,7 +30,6 @@ class Object final : public CountedObject {
     if (destroyed_) throw COSMsgException("The object has been destroyed.");
     return values_[index];
   }
-  COSValue value(std::size_t index) const { return const_cast<Object*>(this)->value(index); }
 
  private:
   const COSClass& class_;
@@ -51,19 +50,25 @@ class Property final : public CountedObject, public COSPropInfo {
   const char* getName() const override { return name_.c_str(); }
   COSDataTypePtr getDataType() const override { return type_; }
 
-  COSValue getValue(const COSInterface* object) const override {
-    return static_cast<const Object*>(object)->value(index_);
-  }
+  COSValue getValue(const COSInterface* object) const override { return held(object); }
 
   void setValue(COSInterface* object, COSValue value) override {
     vghost::faults::countHostCall("setValue");
-    COSValue& held = static_cast<Object*>(object)->value(index_);
+    COSValue& old = held(object);
     const COSValue copy = type().copy(value);
-    type().destroy(held);
-    held = copy;
+    type().destroy(old);
+    old = copy;
   }
 
  private:
+  /// The word on an object, which has to be of a class with this very property.
+  COSValue& held(const COSInterface* object) const {
+    const auto* owner = dynamic_cast<const Object*>(object);
+    if (!owner || owner->findProperty(name_).get() != this)
+      throw COSMsgException(std::string("The object has no property ") + getName() + ".");
+    return const_cast<Object*>(owner)->value(index_);
+  }
+
   COSNameID name_;
   COSDataTypePtr type_;
   std::size_t index_;
@@ -100,11 +105,19 @@ COSClass::COSClass(const char* name, const COSClass* base) : name_(name), base_(
 
 COSClass::~COSClass() = default;
 
+const char* COSClass::getName() const noexcept {
+  return name_.c_str();
+}
+COSNameID COSClass::getNameID() const noexcept {
+  return name_;
+}
+
 bool COSClass::isA(COSNameID name) const noexcept {
   return name_ == name || (base_ && base_->isA(name));
 }
 
 void COSClass::addProperty(const char* name, COSNameID type) {
+  vghost::faults::countHostCall("addProperty");
   const COSNameID nameID(name);
   COSDataTypePtr dataType = COSTypeRepository::getType(type);
   if (!dataType.getObject())

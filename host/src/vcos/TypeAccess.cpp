@@ -12,8 +12,8 @@ namespace {
 /// A text conversion may answer with a constant of its library, which is nobody's to free. Such a
 /// text lies inside the image of a loaded library, and a block of the heap never does.
 bool isConstant(const char* text) noexcept {
-  Dl_info library{};
-  return dladdr(text, &library) != 0;
+  dl_find_object library{};
+  return _dl_find_object(const_cast<char*>(text), &library) == 0;
 }
 
 struct FreeText {

@@ -1,3 +1,5 @@
+#include "ValueListEnumeration.h"
+
 #include <ut/faults.h>
 #include <vcos/TypedEnumStringType.h>
 #include <vcos/exceptions.h>
@@ -10,21 +12,6 @@
 namespace vcos {
 
 EnumerationType::~EnumerationType() = default;
-
-namespace {
-
-class ElementEnumeration final : public EnumerationUtil<COSValue> {
- public:
-  explicit ElementEnumeration(std::vector<COSValue> values) : values_(std::move(values)) {}
-  bool hasMoreElements() const override { return next_ < values_.size(); }
-  COSValue nextElement() override { return values_[next_++]; }
-
- private:
-  std::vector<COSValue> values_;
-  std::size_t next_ = 0;
-};
-
-}  // namespace
 
 TypedEnumStringType::TypedEnumStringType(COSDataTypePtr baseType, std::string typeName)
     : baseType_(std::move(baseType)),
@@ -105,7 +92,7 @@ bool TypedEnumStringType::isPossibleValuesFinite() const {
 Enumeration<COSValue> TypedEnumStringType::getPossibleValues() const {
   std::vector<COSValue> values;
   std::ranges::transform(elements_, std::back_inserter(values), &Element::value);
-  return Enumeration<COSValue>(new ElementEnumeration(std::move(values)));
+  return Enumeration<COSValue>(new ValueListEnumeration(std::move(values)));
 }
 
 COSValue TypedEnumStringType::getDefaultValue() const {

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <functional>
 #include <numeric>
 
 using vghost::faults::countHostCall;
@@ -17,6 +18,7 @@ namespace vghost {
 namespace {
 
 constinit std::size_t live = 0;
+constinit std::size_t liveBytes = 0;
 
 struct ClassRow {
   vxClassID classID;
@@ -44,23 +46,35 @@ constexpr ClassRow kClasses[] = {
 };
 constexpr ClassRow kUnknownClass{vxClassID(0), "unknown", 0};
 
+constexpr bool isNumeric(vxClassID classID) noexcept {
+  return classID >= vxDOUBLE_CLASS && classID <= vxUINT64_CLASS;
+}
+
 constexpr const ClassRow& rowOf(vxClassID classID) noexcept {
   for (const ClassRow& row : kClasses)
     if (row.classID == classID) return row;
   return kUnknownClass;
 }
 
-/// Half of the machine's memory: an array has to leave room for whatever is made of it.
-std::size_t sizeLimit() noexcept {
-  static const std::size_t limit = static_cast<std::size_t>(sysconf(_SC_PHYS_PAGES)) *
-                                   static_cast<std::size_t>(sysconf(_SC_PAGESIZE)) / 2;
+/// What the elements of all arrays may take together: by default a quarter of the machine's memory,
+/// since whoever makes an array has it in another form beside it.
+std::size_t& memoryLimit() noexcept {
+  static std::size_t limit = static_cast<std::size_t>(sysconf(_SC_PHYS_PAGES)) *
+                             static_cast<std::size_t>(sysconf(_SC_PAGESIZE)) / 4;
   return limit;
 }
 
-/// Number of elements; raises if they, or their bytes, are too many. The dimensions beside a zero
-/// are checked as well, so that every product of dimensions fits.
-std::size_t checkedCount(const std::size_t* dimensions, std::size_t numberOfDimensions,
-                         std::size_t bytesPerElement) {
+std::size_t memoryLeft() noexcept {
+  return memoryLimit() - std::min(liveBytes, memoryLimit());
+}
+
+[[noreturn]] void raiseTooLarge(const std::size_t* dimensions, std::size_t numberOfDimensions) {
+  vxErrMsgId(VORTIL::array::SizeLimitExceeded(sizeText(dimensions, numberOfDimensions)));
+}
+
+/// Number of elements; raises if it overflows. The dimensions beside a zero are checked as well, so
+/// that every product of dimensions fits.
+std::size_t checkedCount(const std::size_t* dimensions, std::size_t numberOfDimensions) {
   std::size_t product = 1;
   bool empty = false;
   bool tooLarge = false;
@@ -68,10 +82,15 @@ std::size_t checkedCount(const std::size_t* dimensions, std::size_t numberOfDime
     empty |= dimensions[i] == 0;
     tooLarge |= __builtin_mul_overflow(product, std::max<std::size_t>(dimensions[i], 1), &product);
   }
-  const std::size_t count = empty ? 0 : product;
-  if (tooLarge || count > sizeLimit() / std::max<std::size_t>(bytesPerElement, 1))
-    vxErrMsgId(VORTIL::array::SizeLimitExceeded(sizeText(dimensions, numberOfDimensions)));
-  return count;
+  if (tooLarge) raiseTooLarge(dimensions, numberOfDimensions);
+  return empty ? 0 : product;
+}
+
+/// Raises unless that many elements fit into memory beside what is there.
+void requireMemory(std::size_t count, std::size_t bytesPerElement, const std::size_t* dimensions,
+                   std::size_t numberOfDimensions) {
+  if (count > memoryLeft() / std::max<std::size_t>(bytesPerElement, 1))
+    raiseTooLarge(dimensions, numberOfDimensions);
 }
 
 /// Slots or object references that make one element of an array.
@@ -98,6 +117,16 @@ Names defaultNames(vxClassID classID) {
   }
 }
 
+std::size_t bytesPerElement(const vxArray& array) noexcept {
+  return bytesPerElement(array.classID, array.complex, array.names);
+}
+
+/// Before a block like the array's own is made.
+void requireMemoryForCopy(const vxArray& array) {
+  requireMemory(array.count(), bytesPerElement(array), array.dimensions.data(),
+                array.dimensions.size());
+}
+
 BlockPtr createBlock(const vxArray& array, std::size_t count) {
   if (count == 0 || array.classID == vxFUNCTION_CLASS) return nullptr;
   if (array.elementSize() != 0)
@@ -117,8 +146,8 @@ vxArray* createNumeric(const char* operation, vxClassID classID, const std::size
   const ClassRow& row = rowOf(classID);
   const bool empty = std::count(dimensions, dimensions + numberOfDimensions, 0U) != 0;
   const bool known = row.elementSize != 0 || (empty && &row != &kUnknownClass);
-  const bool mayBeComplex = classID >= vxDOUBLE_CLASS && classID <= vxUINT64_CLASS;
-  if (!known || (complexity == vxCOMPLEX && !mayBeComplex)) raiseWrongClass(operation, row.name);
+  if (!known || (complexity == vxCOMPLEX && !isNumeric(classID)))
+    raiseWrongClass(operation, row.name);
   return createElements(operation, classID, dimensions, numberOfDimensions, complexity);
 }
 
@@ -126,13 +155,13 @@ void reshape(const char* operation, vxArray* array, const std::size_t* dimension
              std::size_t numberOfDimensions) {
   countHostCall(operation);
   if (array->classID == vxFUNCTION_CLASS) raiseWrongClass(operation, vxGetClassName(array));
-  const std::size_t count =
-      checkedCount(dimensions, numberOfDimensions,
-                   bytesPerElement(array->classID, array->complex, array->names));
+  const std::size_t count = checkedCount(dimensions, numberOfDimensions);
   array->dimensions.reserve(numberOfDimensions);  // nothing fails once the elements are replaced
-  if (count != array->count())
+  if (count != array->count()) {
+    requireMemory(count, bytesPerElement(*array), dimensions, numberOfDimensions);
     array->block =
         array->block && count != 0 ? array->block->resized(count) : createBlock(*array, count);
+  }
   array->dimensions.assign(dimensions, dimensions + numberOfDimensions);
 }
 
@@ -148,8 +177,17 @@ void ArrayStorage::operator delete(void* block) noexcept {
   std::free(block);
 }
 
+Block::Block(std::size_t bytes) noexcept : bytes_(bytes) {
+  liveBytes += bytes;
+}
+
+Block::~Block() {
+  liveBytes -= bytes_;
+}
+
 PlainBlock::PlainBlock(std::size_t count, std::size_t elementSize, bool complex)
-    : count_(count),
+    : Block(count * elementSize * (complex ? 2 : 1)),
+      count_(count),
       elementSize_(elementSize),
       real_(allocate(count, elementSize)),
       imag_(complex ? allocate(count, elementSize) : nullptr) {}
@@ -194,8 +232,8 @@ ArrayPtr createArray(vxClassID classID, const std::size_t* dimensions,
                      std::size_t numberOfDimensions, vxComplexity complexity, Names names) {
   const bool complex = complexity == vxCOMPLEX;
   if (!names) names = defaultNames(classID);
-  const std::size_t count =
-      checkedCount(dimensions, numberOfDimensions, bytesPerElement(classID, complex, names));
+  const std::size_t count = checkedCount(dimensions, numberOfDimensions);
+  requireMemory(count, bytesPerElement(classID, complex, names), dimensions, numberOfDimensions);
   ArrayPtr array(new vxArray(classID));
   array->complex = complex;
   array->names = std::move(names);
@@ -226,6 +264,10 @@ void requireTwoDimensions(const vxArray* array, const char* operation) {
 void requireIndex(std::size_t index, std::size_t count) {
   if (index >= count)
     vxErrMsgId(VORTIL::array::IndexOutOfRange(std::to_string(index), std::to_string(count)));
+}
+
+void setArrayMemoryLimit(std::size_t bytes) noexcept {
+  memoryLimit() = bytes;
 }
 
 std::size_t liveArrays() noexcept {
@@ -276,7 +318,10 @@ std::size_t vxArray_tag::elementSize() const noexcept {
 }
 
 Block* vxArray_tag::writableBlock() {
-  if (block && block->isShared()) block = block->resized(count());
+  if (block && block->isShared()) {
+    requireMemoryForCopy(*this);
+    block = block->resized(count());
+  }
   return block.get();
 }
 
@@ -344,7 +389,7 @@ const char* vxClassName(vxClassID classID) noexcept {
 }
 
 bool vxIsNumeric(const vxArray* array) noexcept {
-  return array->classID >= vxDOUBLE_CLASS && array->classID <= vxUINT64_CLASS;
+  return isNumeric(array->classID);
 }
 
 bool vxIsComplex(const vxArray* array) noexcept {
@@ -416,6 +461,7 @@ void vxSetDimensions(vxArray* array, const std::size_t* dimensions,
 vxArray* vxTranspose(const vxArray* array) {
   countHostCall("vxTranspose");
   requireTwoDimensions(array, "vxTranspose");
+  requireMemoryForCopy(*array);
   ArrayPtr result(new vxArray(*array));
   if (array->block) result->block = array->block->transposed(vxGetM(array), vxGetN(array));
   std::swap(result->dimensions[0], result->dimensions[1]);

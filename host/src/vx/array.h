@@ -5,6 +5,7 @@
 #include <vcos/COSInterface.h>
 #include <vx/array.h>
 
+#include <algorithm>
 #include <boost/container/small_vector.hpp>
 #include <boost/intrusive/list_hook.hpp>
 #include <boost/smart_ptr/intrusive_ptr.hpp>
@@ -22,6 +23,20 @@ struct ArrayStorage {
   static void operator delete(void* block) noexcept;
 };
 
+/// The same storage for the standard containers.
+template <class T>
+struct ArrayAllocator {
+  using value_type = T;
+  ArrayAllocator() = default;
+  template <class Other>
+  ArrayAllocator(const ArrayAllocator<Other>&) noexcept {}
+  T* allocate(std::size_t count) {
+    return static_cast<T*>(ArrayStorage::operator new(count * sizeof(T)));
+  }
+  void deallocate(T* elements, std::size_t) noexcept { ArrayStorage::operator delete(elements); }
+  friend bool operator==(ArrayAllocator, ArrayAllocator) noexcept { return true; }
+};
+
 class Block;
 using BlockPtr = boost::intrusive_ptr<Block>;
 
@@ -29,7 +44,7 @@ using BlockPtr = boost::intrusive_ptr<Block>;
 /// written to.
 class Block : public ArrayStorage {
  public:
-  virtual ~Block() = default;
+  virtual ~Block();
   /// The same elements in a block of its own, cut or filled up to `count` elements.
   virtual BlockPtr resized(std::size_t count) const = 0;
   /// The elements of an m by n matrix as those of its n by m transpose.
@@ -38,7 +53,8 @@ class Block : public ArrayStorage {
   bool isShared() const noexcept { return owners_ > 1; }
 
  protected:
-  Block() = default;
+  /// `bytes` of elements count towards the memory that all arrays have together.
+  explicit Block(std::size_t bytes) noexcept;
   Block(const Block&) = delete;
   Block& operator=(const Block&) = delete;
 
@@ -49,6 +65,7 @@ class Block : public ArrayStorage {
   }
 
   std::size_t owners_ = 0;
+  std::size_t bytes_;
 };
 
 /// Elements of the twelve element classes, zeroed when made.
@@ -100,14 +117,17 @@ class Slot {
 template <class Element>
 class ElementBlock final : public Block {
  public:
-  ElementBlock(std::size_t count, std::size_t width) : width_(width), elements_(count * width) {}
+  ElementBlock(std::size_t count, std::size_t width)
+      : Block(count * width * sizeof(Element)),
+        width_(width),
+        elements_(count * width) {}
 
   Element& at(std::size_t index, std::size_t part = 0) { return elements_[index * width_ + part]; }
 
   BlockPtr resized(std::size_t count) const override {
-    boost::intrusive_ptr<ElementBlock> result(new ElementBlock(0, width_));
-    result->elements_ = elements_;
-    result->elements_.resize(count * width_);
+    boost::intrusive_ptr<ElementBlock> result(new ElementBlock(count, width_));
+    std::copy_n(elements_.begin(), std::min(elements_.size(), count * width_),
+                result->elements_.begin());
     return result;
   }
 
@@ -122,7 +142,7 @@ class ElementBlock final : public Block {
 
  private:
   std::size_t width_;
-  std::vector<Element> elements_;
+  std::vector<Element, ArrayAllocator<Element>> elements_;
 };
 
 using CellBlock = ElementBlock<Slot>;

@@ -7,6 +7,7 @@
 
 #include <boost/intrusive/list.hpp>
 #include <cstddef>
+#include <cstring>
 #include <new>
 
 namespace intrusive = boost::intrusive;
@@ -44,7 +45,7 @@ constinit vxAllocListContext* allocContext = nullptr;
 
 void* allocate(std::size_t size) noexcept {
   if (size > PTRDIFF_MAX) return nullptr;
-  void* memory = utCalloc(1, sizeof(AllocHeader) + size);
+  void* memory = utMalloc(sizeof(AllocHeader) + size);
   if (!memory) return nullptr;
   auto* header = new (memory) AllocHeader;
   if (allocContext) allocContext->blocks.push_back(*header);
@@ -107,7 +108,9 @@ void* vxMalloc(std::size_t size) noexcept {
 
 void* vxCalloc(std::size_t count, std::size_t size) noexcept {
   std::size_t bytes = 0;
-  return __builtin_mul_overflow(count, size, &bytes) ? nullptr : allocate(bytes);
+  void* block = __builtin_mul_overflow(count, size, &bytes) ? nullptr : allocate(bytes);
+  if (block) std::memset(block, 0, bytes);
+  return block;
 }
 
 void vxFree(void* block) noexcept {
