@@ -293,8 +293,8 @@ vxArray_tag::vxArray_tag(vxClassID newClass) : classID(newClass) {
 }
 
 vxArray_tag::vxArray_tag(const vxArray_tag& other)
-    : ArrayStorage(),
-      ArrayListHook(),
+    : ArrayStorage(other),
+      ArrayListHook(other),  // ignores its argument: the copy is on no list yet
       classID(other.classID),
       sparse(other.sparse),
       complex(other.complex),

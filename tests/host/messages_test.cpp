@@ -1,0 +1,122 @@
+// Messages, and the errors and warnings that carry them.
+
+#include "support/HostError.h"
+
+#include <dlfcn.h>
+#include <gmock/gmock.h>
+#include <messages/catalog.h>
+#include <messages/translation.h>
+#include <unicode/resbund.h>
+#include <unicode/uloc.h>
+#include <vx/errors.h>
+
+#include <set>
+#include <string>
+
+namespace {
+
+using resource_core::MessageDefinition;
+using testing::HasSubstr;
+namespace messages = vghost::messages;
+
+/// A message of any definition with any arguments.
+struct AnyMessage final : resource_core::BaseMsgID {
+  AnyMessage(const MessageDefinition& definition, std::vector<std::string> arguments)
+      : BaseMsgID(definition, std::move(arguments)) {}
+};
+
+TEST(MessageCatalog, EveryTextHasPlacesForExactlyTheArgumentsOfItsMessage) {
+  for (const MessageDefinition* message : messages::catalog()) {
+    std::vector<std::string> arguments;
+    for (std::size_t i = 0; i < message->arity; ++i)
+      arguments.push_back(std::to_string(1000 + i));
+    for (const char* locale : {"en", "de"}) {
+      SCOPED_TRACE(testing::Message() << message->identifier << " in " << locale);
+      const std::string text = messages::text(AnyMessage(*message, arguments), locale);
+      EXPECT_NE(text, "");
+      EXPECT_THAT(text, Not(HasSubstr("{"))) << "a place without an argument, or a broken pattern";
+      for (const std::string& argument : arguments)
+        EXPECT_THAT(text, HasSubstr(argument));
+    }
+  }
+}
+
+TEST(MessageCatalog, EveryTranslationBelongsToAMessage) {
+  Dl_info library{};
+  dladdr(reinterpret_cast<void*>(&messages::pattern), &library);
+  const std::string path = library.dli_fname;
+  const std::string directory = path.substr(0, path.rfind('/') + 1) + "vghost/messages";
+  UErrorCode status = U_ZERO_ERROR;
+  icu::ResourceBundle bundle(directory.c_str(), icu::Locale("de"), status);
+  std::set<std::string> orphans;
+  while (bundle.hasNext())
+    orphans.insert(bundle.getNext(status).getKey());
+  ASSERT_FALSE(orphans.empty());
+  for (const MessageDefinition* message : messages::catalog())
+    orphans.erase(message->identifier);
+  EXPECT_THAT(orphans, testing::IsEmpty());
+}
+
+TEST(Translation, TheLocaleAloneDecidesTheLanguage) {
+  const std::string before = uloc_getDefault();
+  UErrorCode status = U_ZERO_ERROR;
+  uloc_setDefault("de_DE", &status);
+  const VORTIL::datatypes::onoffboolean::UnknownOnOffBooleanValue message;
+  for (const char* locale : {"en", "en_GB", "fr", "fr_DE", "", "no such locale"})
+    EXPECT_EQ(messages::text(message, locale), "The value has to be \"on\" or \"off\".") << locale;
+  for (const char* locale : {"de", "de_CH", "de-AT"})
+    EXPECT_EQ(messages::text(message, locale), "Der Wert muss \"on\" oder \"off\" sein.") << locale;
+  uloc_setDefault(before.c_str(), &status);
+}
+
+TEST(Translation, WhatIsMissingFallsBackToEnglishAndThenToTheIdentifier) {
+  const VORTIL::host::InjectedFailure untranslated("createArray");
+  EXPECT_EQ(messages::text(untranslated, "de"), "createArray was told to fail.");
+  EXPECT_EQ(messages::pattern("VORTIL:no:Such", "de"), "VORTIL:no:Such");
+}
+
+TEST(Translation, TextOfAUserArrivesUnchanged) {
+  const char* const texts[] = {"{0}", "{", "it's", "''", "'{1}'", "%s%n", "\u00FC\U0001F600"};
+  for (const std::string text : texts) {
+    const component_VORTIL::catalog_datatypes::key_InvalidValue message(text);
+    EXPECT_EQ(messages::text(message, "en"), "An empty text is not a value of " + text + ".");
+    EXPECT_EQ(messages::text(message, "de"), "Ein leerer Text ist kein Wert von " + text + ".");
+  }
+}
+
+TEST(Errors, CarryTheirIdentifierAndTextToWhoeverCatchesThem) {
+  const struct {
+    const char* locale;
+    void (*raise)();
+    const char* identifier;
+    const char* text;
+  } rows[] = {
+      {"en", [] { vxErrMsgId(VORTIL::array::IndexOutOfRange("5", "3")); },
+       "VORTIL:array:IndexOutOfRange", "Element 5 does not exist in an array of 3 elements."},
+      {"de", [] { vxErrMsgId(component_VORTIL::catalog_vg::key_VCOSPackageNotFound()); },
+       "VORTIL:vg:VCOSPackageNotFound",
+       "Das Paket der Grafik-Datentypen war nach dem Anlegen nicht zu finden."},
+      {"en", [] { vxErrMsgIdAndTxt("a:b", "%s has %d %%", "\u00FC%s{0}\U0001F600", 3); }, "a:b",
+       "\u00FC%s{0}\U0001F600 has 3 %"},
+      {"en", [] { vxErrMsg(17); }, "VORTIL:host:NumberToText",
+       "A number could not be converted to text."},
+  };
+  for (const auto& row : rows) {
+    messages::setLocale(row.locale);
+    try {
+      row.raise();
+      ADD_FAILURE() << row.identifier;
+    } catch (const Lindgrove::System::utErrorException_DEPRECATED& error) {
+      EXPECT_STREQ(error.what(), row.text);
+      EXPECT_EQ(test::identifierRaisedBy([&] { throw error; }), row.identifier);
+    }
+    const char* identifier = nullptr;
+    const char* text = nullptr;
+    vxGetLastErrIdAndMsg(&identifier, &text);
+    EXPECT_STREQ(identifier, row.identifier);
+    EXPECT_STREQ(text, row.text);
+  }
+  messages::setLocale("en");
+}
+
+}  // namespace
