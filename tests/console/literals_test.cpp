@@ -194,11 +194,11 @@ INSTANTIATE_TEST_SUITE_P(
                     BadCase{"[1,]", 3, "expected a number"},
                     BadCase{"[1;]", 3, "expected a number"},
                     BadCase{"[,1]", 1, "expected a number"},
-                    BadCase{"[[1]]", 1, "expected a number"}, BadCase{"[{1}]", 1, "expected a number"},
-                    BadCase{"[1 2; 3]", 6, "length"}, BadCase{"['ab';'c']", 6, "length"},
-                    BadCase{"[1 'a']", 3, "mix"}, BadCase{"['a' true]", 5, "mix"},
-                    BadCase{"{1", 2, "}"}, BadCase{"{1,,2}", 3, "expected a value"},
-                    BadCase{"{1;2,3}", 3, "elements"}));
+                    BadCase{"[[1]]", 1, "expected a number"},
+                    BadCase{"[{1}]", 1, "expected a number"}, BadCase{"[1 2; 3]", 6, "length"},
+                    BadCase{"['ab';'c']", 6, "length"}, BadCase{"[1 'a']", 3, "mix"},
+                    BadCase{"['a' true]", 5, "mix"}, BadCase{"{1", 2, "}"},
+                    BadCase{"{1,,2}", 3, "expected a value"}, BadCase{"{1;2,3}", 3, "elements"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Arguments, BadLiteral,

@@ -167,16 +167,6 @@ void reshape(const char* operation, vxArray* array, const std::size_t* dimension
 
 }  // namespace
 
-void* ArrayStorage::operator new(std::size_t size) {
-  void* block = faults::countAllocation() ? nullptr : std::malloc(size);
-  if (!block) throw Lindgrove::System::OutOfMemoryException_DEPRECATED();
-  return block;
-}
-
-void ArrayStorage::operator delete(void* block) noexcept {
-  std::free(block);
-}
-
 Block::Block(std::size_t bytes) noexcept : bytes_(bytes) {
   liveBytes += bytes;
 }
