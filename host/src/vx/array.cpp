@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <functional>
+#include <iterator>
 #include <numeric>
 
 using vghost::faults::countHostCall;
@@ -21,39 +22,43 @@ constinit std::size_t live = 0;
 constinit std::size_t liveBytes = 0;
 
 struct ClassRow {
-  vxClassID classID;
   const char* name;
   std::size_t elementSize;  // 0: no plain elements
 };
 
+constexpr ClassRow kUnknownClass{"unknown", 0};
+
+/// By class number.
 constexpr ClassRow kClasses[] = {
-    {vxCELL_CLASS, "cell", 0},
-    {vxSTRUCT_CLASS, "struct", 0},
-    {vxLOGICAL_CLASS, "logical", 1},
-    {vxCHAR_CLASS, "char", 2},
-    {vxDOUBLE_CLASS, "double", 8},
-    {vxSINGLE_CLASS, "single", 4},
-    {vxINT8_CLASS, "int8", 1},
-    {vxUINT8_CLASS, "uint8", 1},
-    {vxINT16_CLASS, "int16", 2},
-    {vxUINT16_CLASS, "uint16", 2},
-    {vxINT32_CLASS, "int32", 4},
-    {vxUINT32_CLASS, "uint32", 4},
-    {vxINT64_CLASS, "int64", 8},
-    {vxUINT64_CLASS, "uint64", 8},
-    {vxFUNCTION_CLASS, "function_handle", 0},
-    {vxOBJECT_CLASS, "object", 0},
+    kUnknownClass,           // 0
+    {"cell", 0},             // 1
+    {"struct", 0},           // 2
+    {"logical", 1},          // 3
+    {"char", 2},             // 4
+    kUnknownClass,           // 5
+    {"double", 8},           // 6
+    {"single", 4},           // 7
+    {"int8", 1},             // 8
+    {"uint8", 1},            // 9
+    {"int16", 2},            // 10
+    {"uint16", 2},           // 11
+    {"int32", 4},            // 12
+    {"uint32", 4},           // 13
+    {"int64", 8},            // 14
+    {"uint64", 8},           // 15
+    {"function_handle", 0},  // 16
+    {"object", 0},           // 17
 };
-constexpr ClassRow kUnknownClass{vxClassID(0), "unknown", 0};
+static_assert(std::size(kClasses) == vxOBJECT_CLASS + 1 &&
+              kClasses[vxUINT64_CLASS].elementSize == 8);
 
 constexpr bool isNumeric(vxClassID classID) noexcept {
   return classID >= vxDOUBLE_CLASS && classID <= vxUINT64_CLASS;
 }
 
 constexpr const ClassRow& rowOf(vxClassID classID) noexcept {
-  for (const ClassRow& row : kClasses)
-    if (row.classID == classID) return row;
-  return kUnknownClass;
+  const auto index = static_cast<std::size_t>(classID);
+  return index < std::size(kClasses) ? kClasses[index] : kUnknownClass;
 }
 
 /// What the elements of all arrays may take together: by default a quarter of the machine's memory,
@@ -145,8 +150,8 @@ vxArray* createNumeric(const char* operation, vxClassID classID, const std::size
                        std::size_t numberOfDimensions, vxComplexity complexity) {
   const ClassRow& row = rowOf(classID);
   const bool empty = std::count(dimensions, dimensions + numberOfDimensions, 0U) != 0;
-  const bool known = row.elementSize != 0 || (empty && &row != &kUnknownClass);
-  if (!known || (complexity == vxCOMPLEX && !isNumeric(classID)))
+  const bool canBeMade = row.elementSize != 0 || (empty && row.name != kUnknownClass.name);
+  if (!canBeMade || (complexity == vxCOMPLEX && !isNumeric(classID)))
     raiseWrongClass(operation, row.name);
   return createElements(operation, classID, dimensions, numberOfDimensions, complexity);
 }
