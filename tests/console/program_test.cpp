@@ -2,6 +2,7 @@
 #include <sys/wait.h>
 
 #include <cstdio>
+#include <ostream>
 #include <string>
 
 namespace {
@@ -29,6 +30,10 @@ struct Case {
   int status;
   const char* output;  // a part of it
 };
+
+void PrintTo(const Case& each, std::ostream* stream) {
+  *stream << each.arguments;
+}
 
 class Program : public testing::TestWithParam<Case> {};
 

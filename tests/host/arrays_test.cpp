@@ -6,6 +6,7 @@
 
 #include <gmock/gmock.h>
 #include <ut/faults.h>
+#include <vx/scopes.h>
 
 #include <cstdint>
 #include <functional>
@@ -190,6 +191,39 @@ TEST(ArrayText, OnlyCharArraysHaveText) {
     EXPECT_EQ(identifierRaisedBy([&] { vxArrayToStdString(array.get()); }),
               kind.classID == vxCHAR_CLASS ? "" : "VORTIL:class:VORTILConversionError");
   }
+}
+
+TEST(ArrayText, CStringsComeFromTheAllocatorAndAreNullWhereItFails) {
+  const ArrayOwner array(vxCreateString("\u00DFx"));
+  char* text = vxCreateCStrFromArray(array.get(), vxMallocEx);
+  EXPECT_STREQ(text, "\u00DFx");
+  vxFreeEx(text);
+  EXPECT_EQ(vxCreateCStrFromArray(array.get(), [](std::size_t) -> void* { return nullptr; }),
+            nullptr);
+}
+
+TEST(ArrayText, MatricesArePaddedWithNuls) {
+  const char* lines[] = {"ab", "", "\u00E9"};
+  const ArrayOwner matrix(vxCreateCharMatrixFromStrings(3, lines));
+  EXPECT_EQ(sizeOf(matrix.get()), (Size{3, 2}));
+  EXPECT_EQ(vxArrayToStdString(matrix.get()), std::string("a\0\u00E9b\0\0", 7));
+}
+
+TEST(ArrayMemory, AnArrayHasToFitBesideThoseThatAreAlive) {
+  const auto make = [] { return ArrayOwner(vxCreateDoubleMatrix(100, 1, vxREAL)); };
+  vghost::setArrayMemoryLimit(0);
+  EXPECT_EQ(identifierRaisedBy([&] { make(); }), "VORTIL:array:SizeLimitExceeded");
+  vghost::setArrayMemoryLimit(1000);
+  {
+    const ArrayOwner first = make();
+    EXPECT_EQ(identifierRaisedBy([&] { make(); }), "VORTIL:array:SizeLimitExceeded");
+    const ArrayOwner copy(vxCreateSharedDataCopy(first.get()));
+    EXPECT_EQ(identifierRaisedBy([&] { vxGetWritableData(copy.get()); }),
+              "VORTIL:array:SizeLimitExceeded");
+    vxSetDimensions(copy.get(), Size{10, 10}.data(), 2);  // moves no element
+  }
+  EXPECT_EQ(identifierRaisedBy([&] { make(); }), "");
+  vghost::setArrayMemoryLimit(std::size_t{1} << 40);
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // The class system: the layout of its interfaces, and its tables of types, packages and classes.
 
 #include <gmock/gmock.h>
+#include <gui_objects/InitializationCallbackRegistrar.h>
+#include <sv/features.h>
 #include <ut/faults.h>
 #include <ut/memory.h>
 #include <vcos/COSClass.h>
@@ -8,6 +10,7 @@
 #include <vcos/TypeAccess.h>
 #include <vcos/TypedEnumStringType.h>
 #include <vcos/exceptions.h>
+#include <vx/scopes.h>
 
 #include <cstring>
 #include <functional>
@@ -232,6 +235,68 @@ TEST(Object, KeepsItsValueWhereASetFails) {
   EXPECT_TRUE(object->isDestroyed());
   EXPECT_THROW(static_cast<void>(text.getValue(object.get())), COSException);
   EXPECT_THROW(set("late"), COSException);
+}
+
+TEST(BuiltInTypes, StringAndAnyHoldCopiesOfTheirOwn) {
+  const auto type = [](const char* name) {
+    return vcos::COSTypeRepository::getType(COSNameID(name)).getObject();
+  };
+  const std::string text = "text";
+  const COSValue copy = type("string")->copy(COSValue::fromPointer(text.c_str()));
+  EXPECT_NE(copy.asPointer<char>(), text.c_str());
+  EXPECT_TRUE(type("string")->isEqual(copy, COSValue::fromPointer("text")));
+  EXPECT_FALSE(type("string")->isEqual(copy, COSValue()));
+  type("string")->destroy(copy);
+
+  vxArrayListContext* context = vxEnterNewArrayListContext();
+  const COSValue array = COSValue::fromPointer(vxCreateDoubleScalar(7));
+  const COSValue kept = type("any")->copyInternal(array);
+  vxExitArrayListContext(context, nullptr, 0, true);
+  EXPECT_EQ(vxGetScalar(kept.asPointer<vxArray>()), 7);
+  type("any")->destroyInternal(kept);
+
+  // An integer scalar is its low bytes, whatever stands above them.
+  EXPECT_TRUE(
+      type("uint8 scalar")->isEqual(COSValue::fromInteger(0x105), COSValue::fromInteger(5)));
+  EXPECT_FALSE(
+      type("uint16 scalar")->isEqual(COSValue::fromInteger(0x105), COSValue::fromInteger(5)));
+}
+
+TEST(BuiltInTypes, AnyBecomesStringWhereItIsChar) {
+  const vcos::COSTypeConversion* conversion =
+      vcos::COSTypeRepository::getConversion(COSNameID("any"), COSNameID("string"));
+  ASSERT_NE(conversion, nullptr);
+  const ArrayOwner array(conversion->to(COSValue::fromPointer("ab")).asPointer<vxArray>());
+  char* text = conversion->from(COSValue::fromPointer(array.get())).asPointer<char>();
+  EXPECT_STREQ(text, "ab");
+  utFree(text);
+  const ArrayOwner empty(conversion->to(COSValue()).asPointer<vxArray>());
+  EXPECT_EQ(vxGetNumberOfElements(empty.get()), 0U);
+}
+
+TEST(Registrar, CallsEachOnceInOrderAndKeepsThoseBehindAFailure) {
+  static std::string called;
+  gui_objects::InitializationCallbackRegistrar registrar;
+  registrar.addCallback([] { called += 'a'; });
+  registrar.addCallback([] { throw 1; });
+  registrar.addCallback([] { called += 'c'; });
+  EXPECT_THROW(registrar.initialize(), int);
+  EXPECT_EQ(called, "a");
+  registrar.initialize();
+  registrar.initialize();
+  EXPECT_EQ(called, "ac");
+}
+
+TEST(Features, TellOfEveryChangeOfState) {
+  static int told = -1;
+  svRegisterFeature(
+      "test feature", 0, [](int state) { told = state; }, nullptr);
+  EXPECT_FALSE(svIsFeatureEnabled("test feature"));
+  EXPECT_TRUE(svSetFeatureState("test feature", 1));
+  EXPECT_EQ(told, 1);
+  EXPECT_TRUE(svIsFeatureEnabled("test feature"));
+  EXPECT_FALSE(svSetFeatureState("no such feature", 1));
+  EXPECT_FALSE(svIsFeatureEnabled("no such feature"));
 }
 
 }  // namespace
