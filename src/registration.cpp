@@ -5,8 +5,8 @@
 #include <vcos/COSPackage.h>
 #include <vx/errors.h>
 
-#include <memory>
 #include <string>
+#include <utility>
 
 namespace graphics::datatype {
 namespace {
@@ -63,6 +63,7 @@ COSPackage* register_package(const char* name, const char* (*description)(const 
   }
   const char* ownDescription = description(name);
   const char* ownDetails = details(name);
+  // Without a dot lastDot + 1 is 0, and the whole name is the leaf.
   auto* info = new VGPackageInfo(fullName.substr(lastDot + 1), ownDescription, ownDetails);
   if (parent)
     parent->addSubPackageInfo(info);
