@@ -2,19 +2,19 @@
 
 #include "support/ChildProcess.h"
 #include "support/FailingNew.h"
-#include "support/HostError.h"
 
 #include <graphics/datatype/OnOffBooleanDataType.h>
 #include <graphics/datatype/vgdatatypes.h>
+#include <messages/exceptions.h>
 #include <ut/faults.h>
 #include <ut/memory.h>
 #include <vcos/TypeAccess.h>
 #include <vcos/exceptions.h>
 #include <vx/array.h>
 
+#include <iterator>
 #include <new>
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -108,8 +108,8 @@ struct Conversion {
   const char* name;
   /// Does the work and returns what it gave, as text.
   std::string (*run)(const vcos::TypeAccess& type);
-  /// The host allocates for it, operator new is called for it.
-  bool allocates[2];
+  /// Whether each of kAllocators is called for it.
+  bool allocates[std::size(kAllocators)];
 };
 
 const char* textOf(COSValue value) {

@@ -8,6 +8,7 @@
 #include <messages/translation.h>
 #include <unicode/resbund.h>
 #include <unicode/uloc.h>
+#include <ut/console.h>
 #include <vx/errors.h>
 
 #include <set>
@@ -16,6 +17,7 @@
 namespace {
 
 using resource_core::MessageDefinition;
+using test::identifierRaisedBy;
 using testing::HasSubstr;
 namespace messages = vghost::messages;
 
@@ -117,6 +119,31 @@ TEST(Errors, CarryTheirIdentifierAndTextToWhoeverCatchesThem) {
     EXPECT_STREQ(text, row.text);
   }
   messages::setLocale("en");
+}
+
+TEST(Errors, NumbersOfTheHostAreMessagesToo) {
+  EXPECT_EQ(identifierRaisedBy([] { vxErrMsg(17); }), "VORTIL:host:NumberToText");
+  EXPECT_EQ(identifierRaisedBy([] { vxErrMsg(18); }), "VORTIL:host:UnknownMessage");
+}
+
+TEST(Warnings, GoToTheInnermostCaptureAndWithoutOneToTheConsole) {
+  const VORTIL::host::UnknownMessage warning("%s {0}");
+  const vghost::ConsoleCapture console;
+  {
+    const vghost::WarningCapture outer;
+    {
+      const vghost::WarningCapture inner;
+      vxWarningMsgId(warning);
+      ASSERT_EQ(inner.warnings().size(), 1U);
+      EXPECT_EQ(inner.warnings()[0].message, "Error number %s {0}.");
+    }
+    EXPECT_TRUE(outer.warnings().empty());
+  }
+  EXPECT_TRUE(console.lines().empty());
+  vxWarningMsgId(warning);
+  utPrintf("%d\n\nlast", 2);
+  EXPECT_EQ(console.lines(),
+            (std::vector<std::string>{"Warning: Error number %s {0}.", "2", "", "last"}));
 }
 
 }  // namespace

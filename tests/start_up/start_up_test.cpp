@@ -12,8 +12,13 @@
 #include <ut/faults.h>
 #include <vcos/COSPackage.h>
 #include <vcos/COSTypeRepository.h>
+#include <vcos/exceptions.h>
+#include <vx/array.h>
 
+#include <cstdlib>
+#include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 extern "C" {
@@ -135,19 +140,27 @@ TEST(StartUp, KeepsWhatWasRegisteredBeforeTheClassSystemRefuses) {
     EXPECT_EQ(identifierRaisedBy([&] { registry->initialize(); }), kMultipleRegistry);
     EXPECT_EQ(typeNamed(kOnOff), OnOffBooleanDataType::getType());
   });
-  inChildProcess([] {
-    // The pair ("string", "bool") comes last: everything before it stays.
-    class Taken final : public vcos::COSTypeConversion {
-      vcos::COSValue to(vcos::COSValue value) const override { return value; }
-      vcos::COSValue from(vcos::COSValue value) const override { return value; }
-    };
-    auto* taken = new Taken;
-    vcos::COSTypeRepository::addConversion(COSNameID("string"), COSNameID("bool"), taken);
-    EXPECT_EQ(identifierRaisedBy(VLInitialize_vgdatatypes), kMultipleRegistry);
-    EXPECT_NE(conversion("any", kOnOff), nullptr);
-    EXPECT_NE(conversion("string", kOnOff), nullptr);
-    EXPECT_EQ(conversion("string", "bool"), taken);
-  });
+  class Taken final : public vcos::COSTypeConversion {
+    vcos::COSValue to(vcos::COSValue value) const override { return value; }
+    vcos::COSValue from(vcos::COSValue value) const override { return value; }
+  };
+  // The order in which the conversions are registered.
+  constexpr std::pair<const char*, const char*> kPairs[] = {
+      {"any", kOnOff}, {"string", kOnOff}, {"string", "bool"}};
+  for (std::size_t refused = 0; refused < std::size(kPairs); ++refused) {
+    inChildProcess([&] {
+      auto* taken = new Taken;
+      const auto [outside, inner] = kPairs[refused];
+      vcos::COSTypeRepository::addConversion(COSNameID(outside), COSNameID(inner), taken);
+      EXPECT_EQ(identifierRaisedBy(VLInitialize_vgdatatypes), kMultipleRegistry);
+      EXPECT_EQ(typeNamed(kOnOff), OnOffBooleanDataType::getType());
+      for (std::size_t i = 0; i < std::size(kPairs); ++i) {
+        const vcos::COSTypeConversion* found = conversion(kPairs[i].first, kPairs[i].second);
+        EXPECT_EQ(found != nullptr, i <= refused) << i;
+        EXPECT_EQ(found == taken, i == refused) << i;
+      }
+    });
+  }
 }
 
 TEST(StartUp, ReportsAPackageThatCannotBeFoundAfterItWasAdded) {
@@ -204,6 +217,19 @@ TEST(StartUp, JavaEntryTurnsNativeExceptionsIntoJavaOnes) {
   }
 }
 
+TEST(ProcessEnd, ReleasesTheArraysThatOnOffKeeps) {
+  inChildProcess([] {
+    // Registered before the arrays are made, and so called after they have ended.
+    ASSERT_EQ(std::atexit([] {
+                if (vghost::liveArrays() != 0) _exit(1);
+              }),
+              0);
+    const vcos::COSValue array = OnOffBooleanVC().to(vcos::COSValue::fromLogical(true));
+    vxDestroyArray(array.asPointer<vxArray>());
+    EXPECT_EQ(vghost::liveArrays(), 2U);
+  });
+}
+
 std::vector<std::string> asked;
 const char* askedDescription(const char* name) {
   asked.push_back(std::string("description of ") + name);
@@ -231,6 +257,16 @@ TEST(RegisterPackage, MakesMissingPackagesFromTheOutsideInAndAsksForTheWholeName
     asked.clear();
     EXPECT_EQ(register_package("one.two.three", askedDescription, askedDetails), leaf);
     EXPECT_TRUE(asked.empty());
+  });
+}
+
+TEST(RegisterPackage, ThrowsWhereTheHostHasNoMemoryForTheDescription) {
+  inChildProcess([] {
+    vghost::faults::failAllocation(1, vghost::faults::Repeat::Once);
+    EXPECT_THROW(register_package("one", askedDescription, askedDetails),
+                 vcos::COSOutOfMemoryException);
+    EXPECT_EQ(COSPackage::getPackage(COSNameID("one")), nullptr);
+    EXPECT_NE(register_package("one", askedDescription, askedDetails), nullptr);
   });
 }
 
