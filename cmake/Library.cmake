@@ -18,14 +18,26 @@ add_library(vgdatatypes::vgdatatypes ALIAS vgdatatypes)
 target_sources(vgdatatypes
   PRIVATE ${library_sources}
   PUBLIC FILE_SET HEADERS BASE_DIRS include FILES ${public_headers})
+# The catalogues stand beside the public headers that include them.
+file(GLOB catalogues CONFIGURE_DEPENDS generated/*.def)
 target_include_directories(vgdatatypes
+  PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/generated>
   PRIVATE src ${PROJECT_BINARY_DIR}/generated)
+install(FILES ${catalogues} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/graphics/datatype)
 target_include_directories(vgdatatypes SYSTEM
   PRIVATE ${JNI_INCLUDE_DIR} ${JNI_INCLUDE_DIR}/linux)
 target_link_libraries(vgdatatypes PUBLIC vghost PRIVATE Boost::headers)
 set_target_properties(vgdatatypes PROPERTIES
   VERSION ${PROJECT_VERSION} SOVERSION 0
   VERIFY_INTERFACE_HEADER_SETS ON)
+
+# TYPE=LineStyle cmake --build build/release --target show_enumerated_type
+set(include_dirs $<TARGET_PROPERTY:vgdatatypes,INCLUDE_DIRECTORIES>)
+set(host_include_dirs $<TARGET_PROPERTY:vghost,INTERFACE_INCLUDE_DIRECTORIES>)
+add_custom_target(show_enumerated_type
+  COMMAND ${PROJECT_SOURCE_DIR}/generated/show_type ${CMAKE_CXX_COMPILER} "$\${TYPE:-AxesBox}"
+          ${include_dirs} ${host_include_dirs}
+  COMMAND_EXPAND_LISTS)
 
 install(TARGETS vgdatatypes EXPORT vgdatatypesTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}

@@ -1,6 +1,7 @@
+#include "ReportedSizes.h"
 #include "TypeRegistration.h"
+#include "WordEnumeration.h"
 
-#include <graphics/datatype/HostAllocated.h>
 #include <graphics/datatype/OnOffBooleanDataType.h>
 #include <messages/catalog.h>
 #include <vx/array.h>
@@ -9,7 +10,6 @@
 
 #include <locale>
 #include <string>
-#include <vector>
 
 namespace graphics::datatype {
 
@@ -21,16 +21,9 @@ namespace {
 /// Not formed from the class's name, as the dotted names of all other types are.
 constexpr const char* kDottedName = "vortil.graphics.datatype.on_off";
 
-class BoolEnumeration final : public vcos::EnumerationUtil<COSValue>, public HostAllocated {
- public:
-  bool hasMoreElements() const override { return next_ != end_; }
-  COSValue nextElement() override { return *next_++; }
+constexpr std::size_t kReportedBytes = reportedBytes("on_off");
 
- private:
-  std::vector<COSValue> values_{COSValue::fromLogical(true), COSValue::fromLogical(false)};
-  std::vector<COSValue>::const_iterator next_ = values_.begin();
-  std::vector<COSValue>::const_iterator end_ = values_.end();
-};
+class BoolEnumeration final : public WordEnumeration {};
 
 const char* textOf(COSValue value) {
   return value.asLogical() ? "on" : "off";
@@ -64,7 +57,12 @@ bool OnOffBooleanDataType::isPossibleValuesFinite() const {
 }
 
 vcos::Enumeration<COSValue> OnOffBooleanDataType::getPossibleValues() const {
-  return vcos::Enumeration<COSValue>(new BoolEnumeration);
+  auto* list = new BoolEnumeration;
+  vcos::Enumeration<COSValue> values(list);
+  list->reserve(2);
+  list->add(COSValue::fromLogical(true));
+  list->add(COSValue::fromLogical(false));
+  return values;
 }
 
 COSValue OnOffBooleanDataType::getDefaultValue() const {
@@ -77,10 +75,10 @@ const char* OnOffBooleanDataType::getCategoryName() const {
   return "Fundamental";
 }
 std::size_t OnOffBooleanDataType::getSizeInBits() const {
-  return 8;
+  return 8 * kReportedBytes;
 }
 std::size_t OnOffBooleanDataType::getValueSizeInBytes(COSValue) const {
-  return 1;
+  return kReportedBytes;
 }
 
 bool OnOffBooleanDataType::isEqual(COSValue a, COSValue b) const {

@@ -8,6 +8,7 @@
 #include <gui_objects/InitializationCallbackRegistrar.h>
 #include <vcos/COSNameID.h>
 #include <vcos/COSTypeRepository.h>
+#include <vcos/exceptions.h>
 
 #include <utility>
 
@@ -31,6 +32,19 @@ void addConversion(const char* outside, const char* inner, Arguments&&... argume
   const vcos::COSNameID innerName(inner);
   vcos::COSTypeRepository::addConversion(outsideName, innerName,
                                          new Conversion(std::forward<Arguments>(arguments)...));
+}
+
+/// Adds a type and its conversions, which are made from `arguments`. What the class system refuses,
+/// such as a type that is known already, ends this without a word; what was added before stays.
+template <class ArrayConversion, class TextConversion, class... Arguments>
+void registerType(vcos::COSDataType* type, const char* dottedName, const Arguments&... arguments) {
+  try {
+    registerDatatype(type);
+    addConversion<ArrayConversion>("any", dottedName, arguments...);
+    addConversion<TextConversion>("string", dottedName, arguments...);
+  } catch (const vcos::COSException&) {
+    // Start-up goes on with the next type.
+  }
 }
 
 }  // namespace graphics::datatype

@@ -1,3 +1,5 @@
+#include "PackageTexts.h"
+
 #include <graphics/datatype/HostAllocated.h>
 #include <graphics/datatype/registration.h>
 #include <gui_objects/InitializationCallbackRegistrar.h>
@@ -34,13 +36,6 @@ class VGPackageInfo final : public vcos::COSPackageInfo, public HostAllocated {
   std::string packageDescription_;
   std::string packageDetails_;
 };
-
-const char* noDescription(const char*) {
-  return "";
-}
-const char* noDetails(const char*) {
-  return "no details";
-}
 
 }  // namespace
 

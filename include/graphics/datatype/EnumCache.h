@@ -1,0 +1,25 @@
+#pragma once
+
+#include <graphics/datatype/EnumStringType.h>
+#include <vx/protected_array.h>
+
+#include <map>
+
+namespace graphics::datatype::utils {
+
+/// The names of a table as host arrays, each made when it is first asked for.
+class VGDT_API EnumCache {
+ public:
+  /// The table has to outlive the cache.
+  explicit EnumCache(const EnumStringType& table);
+
+  /// The name of an enumerated value as a char array, empty for the null word. It belongs to the
+  /// caller and shares its data with the cache.
+  [[nodiscard]] vxArray* getVxArrayStringFor(const vcos::COSValue& value);
+
+ private:
+  const EnumStringType& table_;
+  std::map<int, Vprotected_vxArray> names_;
+};
+
+}  // namespace graphics::datatype::utils

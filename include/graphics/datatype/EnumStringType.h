@@ -1,0 +1,16 @@
+#pragma once
+
+#include <graphics/datatype/VGTypedEnumStringType.h>
+
+namespace graphics::datatype {
+
+/// A table of names whose values are enumerators.
+class VGDT_API EnumStringType : public VGTypedEnumStringType {
+ public:
+  explicit EnumStringType(const char* name);
+
+  /// As addElement(); a value may be negative.
+  void addEnumValue(const char* name, int value);
+};
+
+}  // namespace graphics::datatype

@@ -1,0 +1,82 @@
+#pragma once
+
+/// What the classes of the enumerated types derive from. <graphics/datatype/enumerated_types.h> has
+/// the classes themselves.
+
+#include <graphics/datatype/EnumBase.h>
+#include <graphics/datatype/EnumCache.h>
+#include <graphics/datatype/HostAllocated.h>
+#include <graphics/datatype/PropertyDataType.h>
+#include <vcos/COSTypeConversion.h>
+
+namespace graphics::datatype {
+
+/// A value of an enumerated type: an enumerator, held in the host's memory. `Enumerators` has the
+/// enumeration `value`.
+template <class Enumerators>
+class EnumeratedValue : public EnumBase, public Enumerators, public HostAllocated {
+ public:
+  using typename Enumerators::value;
+
+  explicit EnumeratedValue(value enumerator) noexcept : enumValue_(enumerator) {}
+
+  int getIntValue() const noexcept final { return enumValue_; }
+
+  friend bool operator==(const EnumeratedValue& a, const EnumeratedValue& b) noexcept {
+    return a.enumValue_ == b.enumValue_;
+  }
+
+ private:
+  int enumValue_;
+  [[maybe_unused]] void* enumCompanion_ = nullptr;  // part of the layout that callers know
+};
+
+/// The data type of an enumerated type: its table of names and its description in one object.
+template <class Type, class Value, class Style>
+class VGDT_API EnumeratedDataType : public Style, public PropertyDataType<Type, Value> {
+ public:
+  using StyleClass = Style;
+
+  bool isPossibleValuesFinite() const final;  ///< true
+  /// New values in the order of the table. Each belongs to the caller from nextElement() on; kept:
+  /// those that are never asked for are not ended. A failed allocation is a
+  /// vcos::COSOutOfMemoryException.
+  vcos::Enumeration<vcos::COSValue> getPossibleValues() const final;
+};
+
+/// Between a C string and a value of an enumerated type.
+template <class DataType>
+class VGDT_API EnumeratedSC : public vcos::COSTypeConversion {
+ public:
+  explicit EnumeratedSC(const DataType& dataType) : dataType_(dataType) {}
+
+  /// The name of the value, in lower case, on the host's heap; null for null.
+  vcos::COSValue to(vcos::COSValue value) const final;
+  /// The value of a name, or of an abbreviation of only one name, in any case, with white space
+  /// around it. Any other text raises "VORTIL:datatypes:InvalidEnumValue".
+  vcos::COSValue from(vcos::COSValue text) const final;
+
+ private:
+  const DataType& dataType_;
+};
+
+/// Between a host array and a value of an enumerated type.
+template <class DataType>
+class VGDT_API EnumeratedVC : public vcos::COSTypeConversion {
+ public:
+  explicit EnumeratedVC(const DataType& dataType) : dataType_(dataType), cache_(dataType) {}
+
+  /// The name of the value as a char array, empty for null. It belongs to the caller and shares its
+  /// data.
+  vcos::COSValue to(vcos::COSValue value) const final;
+  /// Takes a char array of any shape with a text that EnumeratedSC takes; null gives null. An array
+  /// of another class raises "VORTIL:datatypes:InvalidEnumValueFor", an empty one
+  /// "VORTIL:datatypes:InvalidValue", a failure to read its text "VORTIL:datatypes:OutOfMemory".
+  vcos::COSValue from(vcos::COSValue array) const final;
+
+ private:
+  const DataType& dataType_;
+  mutable utils::EnumCache cache_;
+};
+
+}  // namespace graphics::datatype

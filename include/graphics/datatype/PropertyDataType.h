@@ -1,0 +1,51 @@
+#pragma once
+
+#include <graphics/datatype/export.h>
+#include <vcos/COSDataType.h>
+
+#include <cstddef>
+
+namespace graphics::datatype {
+
+/// The common shape of a data type whose words are pointers to value objects, or null. `Type` is
+/// the data type's own class, which derives from this one and holds what departs from it:
+///
+///     class VGDT_API LineStyleDataType final : public PropertyDataType<LineStyleDataType,
+///     LineStyle> {
+///      public:
+///       static constexpr const char* kDottedName = "vortil.graphics.datatype.LineStyle";
+///     };
+///
+/// `Value` can be copied and compared with ==. If it does not derive from HostAllocated, its
+/// objects are the ordinary ones of new and delete. Whoever holds a word owns the object and ends
+/// it with destroy(); only the default word belongs to the data type. A failed allocation is a
+/// vcos::COSOutOfMemoryException for a HostAllocated value.
+///
+/// The bodies are in src/PropertyDataType.ipp, for the one unit that defines the type.
+template <class Type, class Value>
+class VGDT_API PropertyDataType : public vcos::COSDataType {
+ public:
+  using ValueClass = Value;
+
+  /// The one instance, made at the first call and never destroyed.
+  static vcos::COSDataType* getType();
+  static const char* getDataTypeName();  ///< the dotted name
+
+  const char* getDeclarationName() const override;  ///< as getName()
+  const char* getName() const override;             ///< the last part of the dotted name
+  const char* getCategoryName() const override;     ///< "Fundamental"
+  int getStorageType() const override;              ///< 7
+  /// What the type reports of the size of its values; not always the size of a value object.
+  std::size_t getSizeInBits() const override;
+  std::size_t getValueSizeInBytes(vcos::COSValue value) const override;
+  /// Made at the first call; every later call returns the same word, which is nobody's to destroy.
+  vcos::COSValue getDefaultValue() const override;
+  /// Two nulls are equal, and a null equals no value.
+  bool isEqual(vcos::COSValue a, vcos::COSValue b) const override;
+  /// 0 if equal, otherwise 2: values have no order.
+  int compare(vcos::COSValue a, vcos::COSValue b) const override;
+  vcos::COSValue copy(vcos::COSValue value) const override;  ///< null for null
+  void destroy(vcos::COSValue value) const override;         ///< nothing for null
+};
+
+}  // namespace graphics::datatype

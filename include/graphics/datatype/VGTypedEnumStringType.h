@@ -1,0 +1,79 @@
+#pragma once
+
+#include <graphics/datatype/export.h>
+#include <vcos/COSValue.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vcos {
+class TypedEnumStringType;
+}
+
+namespace graphics::datatype {
+
+/// A table of names and their values, which finds a name by any text that stands for it: the name
+/// itself or an abbreviation that fits no other name, in any case, with white space around it.
+///
+/// The mapping itself is kept by a type of the host's, which is registered as
+/// "vortil.graphics.enumstyletypes.<name>". A second table of the same name shares that type, has
+/// no names of its own, and finds none: only the first one is for finding names.
+///
+/// If the host knows another kind of type by that name, the table stays without one: it has no
+/// names and takes none.
+class VGDT_API VGTypedEnumStringType {
+ public:
+  /// Registers the host type if there is none of that name yet.
+  explicit VGTypedEnumStringType(const char* name);
+  /// Ends the host type if this table registered it.
+  virtual ~VGTypedEnumStringType();
+  VGTypedEnumStringType(const VGTypedEnumStringType&) = delete;
+  VGTypedEnumStringType& operator=(const VGTypedEnumStringType&) = delete;
+
+  // The order of the virtual operations is part of the interface.
+
+  /// Adds a name, in lower case. A name that is there already, in whatever case, keeps its value.
+  virtual void addElement(vcos::COSValue value, const char* name);
+  virtual std::size_t getEnumLength() const;
+  /// The name of a value, in lower case; it belongs to the host type. Null if there is none.
+  virtual const char* getEnumString(vcos::COSValue value) const;
+  /// The value of the name that a text stands for; the null word if it stands for none.
+  virtual vcos::COSValue getEnumValue(const char* name) const;
+  /// Whether a text stands for a name.
+  virtual bool isValidEnumName(const char* name) const;
+  /// The host type's answer for the text in lower case.
+  virtual bool isEnumNameAmbiguous(const char* name) const;
+  /// The host type's answer.
+  virtual bool getEnumVisibility(const char* name) const;
+  /// The host type's answer, unless a data type replaces it.
+  virtual bool isPossibleValuesFinite() const;
+  /// The names that this table added, in the order of adding.
+  virtual const std::vector<std::string>& getEnumStrings() const;
+  /// The name that equals a text or, if none does, the only one that begins with it; null if there
+  /// is none. The text is in lower case and has no white space around it. The result is the
+  /// table's.
+  virtual const char* getEnumFromPartialMatch(std::string name) const;
+
+  /// isValidEnumName() and getEnumValue() in one search; none for a null text.
+  std::optional<vcos::COSValue> findEnumValue(const char* name) const;
+
+ private:
+  const char* findName(const char* text) const;
+  void index(std::size_t position);
+
+  bool ownsHostType_ = false;
+  vcos::TypedEnumStringType* hostEnumType_ = nullptr;
+  std::vector<std::string> lowerCaseNames_;
+
+  // The names with one first character, from the last one added: lastNamed_ has it for each
+  // character (several may share a place), previousName_ for each name the one before. Counted
+  // from 1; 0 ends a chain.
+  std::array<std::uint32_t, 64> lastNamed_{};
+  std::vector<std::uint32_t> previousName_;
+};
+
+}  // namespace graphics::datatype

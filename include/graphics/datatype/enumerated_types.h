@@ -1,0 +1,86 @@
+#pragma once
+
+/// The enumerated types, stamped from the rows of enumerated_types.def. The row
+///
+///     VGDT_ENUM_TYPE(AxesBox, AxesBoxStyle, Full)
+///     VGDT_ENUM_NAME(AxesBox, Full, "full", 0)
+///     VGDT_ENUM_NAME(AxesBox, Back, "back", 1)
+///     VGDT_ENUM_END(AxesBox)
+///
+/// make these classes:
+///
+///     class AxesBox;           // the value: AxesBox(AxesBox::kBack).isBack()
+///     class AxesBoxStyle;      // the table of names
+///     class AxesBoxDataType;   // the data type, which is a table of names
+///     class AxesBoxSC;         // its text conversion
+///     class AxesBoxVC;         // its array conversion
+///
+/// `cmake --build build/release --target show_enumerated_type` shows one of them in full.
+
+#include <graphics/datatype/EnumeratedType.h>
+
+namespace graphics::datatype {
+
+// clang-format off
+
+/// The enumerations `value`.
+#define VGDT_ENUM_TYPE(Type, Style, Default) \
+  struct Type##Enumerators {                 \
+    enum value : int {
+#define VGDT_ENUM_NAME(Type, Label, Name, Value) \
+      k##Label = (Value),
+#define VGDT_ENUM_END(Type) \
+    };                      \
+  };
+#include "enumerated_types.def"
+
+/// The value classes, with one test for each name.
+#define VGDT_ENUM_TYPE(Type, Style, Default)                              \
+  class VGDT_API Type final : public EnumeratedValue<Type##Enumerators> { \
+   public:                                                                \
+    Type() noexcept : EnumeratedValue(k##Default) {}                      \
+    using EnumeratedValue::EnumeratedValue;                               \
+    ~Type() override;
+#define VGDT_ENUM_NAME(Type, Label, Name, Value) \
+    bool is##Label() const noexcept { return getIntValue() == k##Label; }
+#define VGDT_ENUM_END(Type) \
+  };
+#include "enumerated_types.def"
+
+/// The tables of names. getInstance() makes one of its own at the first call, and never ends it.
+#define VGDT_ENUM_TABLE(Style)                   \
+  class VGDT_API Style : public EnumStringType { \
+   public:                                       \
+    Style();                                     \
+    ~Style() override;                           \
+    static Style* getInstance();                 \
+  };
+#define VGDT_ENUM_TYPE(Type, Style, Default) VGDT_ENUM_TABLE(Style)
+#include "enumerated_types.def"
+
+/// The data types, their conversions, and the functions that register them: the first queues the
+/// second and runs at load; the second makes the type known, and does nothing if it is known.
+#define VGDT_ENUM_TYPE(Type, Style, Default)                                                     \
+  class VGDT_API Type##DataType final : public EnumeratedDataType<Type##DataType, Type, Style> { \
+   public:                                                                                       \
+    static constexpr const char* kDottedName = "vortil.graphics.datatype." #Type;                \
+    Type##DataType();                                                                            \
+    ~Type##DataType() override;                                                                  \
+  };                                                                                             \
+  class VGDT_API Type##SC final : public EnumeratedSC<Type##DataType> {                          \
+   public:                                                                                       \
+    using EnumeratedSC::EnumeratedSC;                                                            \
+    ~Type##SC() override;                                                                        \
+  };                                                                                             \
+  class VGDT_API Type##VC final : public EnumeratedVC<Type##DataType> {                          \
+   public:                                                                                       \
+    using EnumeratedVC::EnumeratedVC;                                                            \
+    ~Type##VC() override;                                                                        \
+  };                                                                                             \
+  VGDT_API bool init_GraphicsDatatype_##Type##DataType();                                        \
+  VGDT_API void init_GraphicsDatatype_##Type##DataType_callback();
+#include "enumerated_types.def"
+
+// clang-format on
+
+}  // namespace graphics::datatype

@@ -1,0 +1,112 @@
+#pragma once
+
+/// The bodies of PropertyDataType. A unit that defines a type includes this and instantiates the
+/// template for it:
+///
+///     template class PropertyDataType<LineStyleDataType, LineStyle>;
+///
+/// The unit says how a default is made, and which row of kReportedSizes is the type's, by
+///
+///     template <>
+///     struct PropertyTypeTraits<LineStyleDataType> {
+///       static constexpr std::size_t kBytes = reportedBytes(kEnumeratedTypes);
+///       static LineStyle* createDefault() { return new LineStyle; }
+///     };
+
+#include "ReportedSizes.h"
+
+#include <graphics/datatype/PropertyDataType.h>
+
+#include <string_view>
+
+namespace graphics::datatype {
+
+template <class Type>
+struct PropertyTypeTraits;
+
+namespace detail {
+
+constexpr std::string_view kTypePrefix = "vortil.graphics.datatype.";
+
+/// The last part of a dotted name.
+constexpr const char* lastPart(const char* dottedName) {
+  return dottedName + kTypePrefix.size();
+}
+
+template <class Value>
+const Value* valueIn(vcos::COSValue word) {
+  return word.asPointer<const Value>();
+}
+
+}  // namespace detail
+
+template <class Type, class Value>
+vcos::COSDataType* PropertyDataType<Type, Value>::getType() {
+  static constinit Type* type = nullptr;
+  if (!type) type = new Type;
+  return type;
+}
+
+template <class Type, class Value>
+const char* PropertyDataType<Type, Value>::getDataTypeName() {
+  static_assert(std::string_view(Type::kDottedName).starts_with(detail::kTypePrefix));
+  return Type::kDottedName;
+}
+
+template <class Type, class Value>
+const char* PropertyDataType<Type, Value>::getDeclarationName() const {
+  return detail::lastPart(Type::kDottedName);
+}
+template <class Type, class Value>
+const char* PropertyDataType<Type, Value>::getName() const {
+  return detail::lastPart(Type::kDottedName);
+}
+template <class Type, class Value>
+const char* PropertyDataType<Type, Value>::getCategoryName() const {
+  return "Fundamental";
+}
+template <class Type, class Value>
+int PropertyDataType<Type, Value>::getStorageType() const {
+  return 7;
+}
+
+template <class Type, class Value>
+std::size_t PropertyDataType<Type, Value>::getSizeInBits() const {
+  return 8 * PropertyTypeTraits<Type>::kBytes;
+}
+template <class Type, class Value>
+std::size_t PropertyDataType<Type, Value>::getValueSizeInBytes(vcos::COSValue) const {
+  return PropertyTypeTraits<Type>::kBytes;
+}
+
+template <class Type, class Value>
+vcos::COSValue PropertyDataType<Type, Value>::getDefaultValue() const {
+  static constinit vcos::COSValue defaultValue;
+  if (defaultValue.isNull())
+    defaultValue = vcos::COSValue::fromPointer(PropertyTypeTraits<Type>::createDefault());
+  return defaultValue;
+}
+
+template <class Type, class Value>
+bool PropertyDataType<Type, Value>::isEqual(vcos::COSValue a, vcos::COSValue b) const {
+  if (a.isNull() || b.isNull()) return a == b;
+  return *detail::valueIn<Value>(a) == *detail::valueIn<Value>(b);
+}
+
+template <class Type, class Value>
+int PropertyDataType<Type, Value>::compare(vcos::COSValue a, vcos::COSValue b) const {
+  return isEqual(a, b) ? 0 : 2;
+}
+
+template <class Type, class Value>
+vcos::COSValue PropertyDataType<Type, Value>::copy(vcos::COSValue value) const {
+  if (value.isNull()) return value;
+  return vcos::COSValue::fromPointer(new Value(*detail::valueIn<Value>(value)));
+}
+
+template <class Type, class Value>
+void PropertyDataType<Type, Value>::destroy(vcos::COSValue value) const {
+  delete detail::valueIn<Value>(value);
+}
+
+}  // namespace graphics::datatype

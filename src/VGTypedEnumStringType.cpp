@@ -1,0 +1,155 @@
+#include "PackageTexts.h"
+
+#include <graphics/datatype/EnumStringType.h>
+#include <graphics/datatype/registration.h>
+#include <vcos/COSTypeRepository.h>
+#include <vcos/TypedEnumStringType.h>
+
+#include <cctype>
+#include <locale>
+#include <string_view>
+
+namespace graphics::datatype {
+
+using vcos::COSDataTypePtr;
+using vcos::COSNameID;
+using vcos::COSTypeRepository;
+using vcos::COSValue;
+
+namespace {
+
+constexpr const char* kPackageName = "vortil.graphics.enumstyletypes";
+
+std::string lowerCased(std::string_view text) {
+  std::string lowered(text);
+  for (char& c : lowered)
+    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return lowered;
+}
+
+/// The character classes of the global locale, looked up again only when that has changed.
+const std::ctype<char>& characterClasses() {
+  static std::locale known;
+  static const std::ctype<char>* classes = &std::use_facet<std::ctype<char>>(known);
+  if (const std::locale current; !(current == known)) {
+    known = current;
+    classes = &std::use_facet<std::ctype<char>>(known);
+  }
+  return *classes;
+}
+
+std::string_view trimmed(std::string_view text) {
+  const std::ctype<char>& classes = characterClasses();
+  const auto isSpace = [&classes](char c) { return classes.is(std::ctype_base::space, c); };
+  while (!text.empty() && isSpace(text.back()))
+    text.remove_suffix(1);
+  while (!text.empty() && isSpace(text.front()))
+    text.remove_prefix(1);
+  return text;
+}
+
+/// Where the chain of the names with a name's first character begins. Several characters share a
+/// place, so those names still have to be compared from their beginning.
+std::size_t placeOf(const std::string& name) {
+  return static_cast<unsigned char>(name.c_str()[0]) % 64;
+}
+
+}  // namespace
+
+VGTypedEnumStringType::VGTypedEnumStringType(const char* name) {
+  register_package(kPackageName, noDescription, noDetails);
+  const std::string fullName = std::string(kPackageName) + '.' + name;
+  const COSDataTypePtr baseType = COSTypeRepository::getType(COSNameID("uint32 scalar"));
+  const COSDataTypePtr known = COSTypeRepository::getType(COSNameID(fullName.c_str()));
+  if (vcos::COSDataType* hostType = known.getObject()) {
+    hostEnumType_ = dynamic_cast<vcos::TypedEnumStringType*>(hostType);
+  } else {
+    hostEnumType_ = vcos::TypedEnumStringType::createInstance(baseType, fullName.c_str(), nullptr);
+    ownsHostType_ = true;
+  }
+}
+
+VGTypedEnumStringType::~VGTypedEnumStringType() {
+  if (ownsHostType_)
+    vcos::TypedEnumStringType::destroyInstance(COSNameID(hostEnumType_->getName()));
+}
+
+void VGTypedEnumStringType::addElement(COSValue value, const char* name) {
+  std::string lowered = lowerCased(name);
+  if (!hostEnumType_ || hostEnumType_->isValidEnumName(lowered.c_str())) return;
+  previousName_.resize(lowerCaseNames_.size() + 1);
+  lowerCaseNames_.push_back(std::move(lowered));
+  index(lowerCaseNames_.size() - 1);
+  hostEnumType_->addElement(value, lowerCaseNames_.back().c_str());
+}
+
+void VGTypedEnumStringType::index(std::size_t position) {
+  std::uint32_t& last = lastNamed_[placeOf(lowerCaseNames_[position])];
+  previousName_[position] = last;
+  last = static_cast<std::uint32_t>(position + 1);
+}
+
+std::size_t VGTypedEnumStringType::getEnumLength() const {
+  return hostEnumType_ ? hostEnumType_->getEnumLength() : 0;
+}
+
+const char* VGTypedEnumStringType::getEnumString(COSValue value) const {
+  return hostEnumType_ ? hostEnumType_->getEnumString(value) : nullptr;
+}
+
+COSValue VGTypedEnumStringType::getEnumValue(const char* name) const {
+  return hostEnumType_ ? hostEnumType_->getEnumValue(findName(name)) : COSValue();
+}
+
+bool VGTypedEnumStringType::isValidEnumName(const char* name) const {
+  return hostEnumType_ && hostEnumType_->isValidEnumName(findName(name));
+}
+
+bool VGTypedEnumStringType::isEnumNameAmbiguous(const char* name) const {
+  return name && hostEnumType_ && hostEnumType_->isEnumNameAmbiguous(lowerCased(name).c_str());
+}
+
+bool VGTypedEnumStringType::getEnumVisibility(const char* name) const {
+  return hostEnumType_ && hostEnumType_->getEnumVisibility(name);
+}
+
+bool VGTypedEnumStringType::isPossibleValuesFinite() const {
+  return hostEnumType_ && hostEnumType_->isPossibleValuesFinite();
+}
+
+const std::vector<std::string>& VGTypedEnumStringType::getEnumStrings() const {
+  return lowerCaseNames_;
+}
+
+const char* VGTypedEnumStringType::getEnumFromPartialMatch(std::string name) const {
+  const std::string* match = nullptr;
+  bool isAmbiguous = false;
+  for (std::uint32_t next = lastNamed_[placeOf(name)]; next != 0; next = previousName_[next - 1]) {
+    const std::string& candidate = lowerCaseNames_[next - 1];
+    if (!candidate.starts_with(name)) continue;
+    if (candidate.size() == name.size()) return candidate.c_str();
+    isAmbiguous = isAmbiguous || match;
+    match = &candidate;
+  }
+  // The empty text begins every name, whatever the place of that name.
+  if (name.empty() && lowerCaseNames_.size() == 1) return lowerCaseNames_.front().c_str();
+  return match && !isAmbiguous ? match->c_str() : nullptr;
+}
+
+const char* VGTypedEnumStringType::findName(const char* text) const {
+  return text ? getEnumFromPartialMatch(lowerCased(trimmed(text))) : nullptr;
+}
+
+std::optional<COSValue> VGTypedEnumStringType::findEnumValue(const char* name) const {
+  const char* found = findName(name);
+  if (!found) return std::nullopt;
+  return hostEnumType_->getEnumValue(found);
+}
+
+EnumStringType::EnumStringType(const char* name) : VGTypedEnumStringType(name) {}
+
+void EnumStringType::addEnumValue(const char* name, int value) {
+  addElement(COSValue::fromInteger(value), name);
+}
+
+}  // namespace graphics::datatype
