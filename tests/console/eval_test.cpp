@@ -55,6 +55,17 @@ TEST_F(Eval, AnswersEachRouteWithTheValue) {
       {R"({"text":"on","type":"bool","id":null})",
        R"({"id":null,"ok":true,"value":)"
        R"({"null":false,"word":"0x0000000000000001","text":"on","array":null}})"},
+      {R"({"type":"AxisClipping","text":" 3D","equals":{"array":"'3'"}})",
+       R"({"ok":true,"value":{"null":false,"text":"3d",)"
+       R"("array":{"class":"char","dims":[1,2],"rows":["3d"]}},"equal":true,"compare":0})"},
+      {R"({"type":"TickDir","word":"null","equals":{"word":"default"}})",
+       R"({"ok":true,"value":{"null":true,"text":null,)"
+       R"("array":{"class":"char","dims":[0,0],"rows":[]}},"equal":false,"compare":2})"},
+      {R"({"type":"single","text":"0.1"})",
+       R"({"ok":true,"value":{"null":false,"word":"0x3fb99999a0000000",)"
+       R"("text":"0.100000001","array":null}})"},
+      {R"({"type":"string","text":" a "})",
+       R"({"ok":true,"value":{"null":false,"text":" a ","array":null}})"},
       {R"({"type":"Probe","text":"é"})",
        R"({"ok":true,"value":)" PROBE("é") R"([1,1],"rows":["é"]}}})"},
       {R"({"type":"Probe","word":"default"})",

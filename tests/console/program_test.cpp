@@ -54,21 +54,32 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     Types, Program,
-    testing::Values(Case{"types", 0, "on_off  logical  off      1      on, off"},
-                    Case{"types --json", 0, "{\"ok\":true,\"types\":[\"on_off\""},
-                    Case{"types --family logical", 0, "on_off"},
-                    Case{"types --family x", 2, "logical"},
-                    Case{"describe on_off", 0, "'of'            off\n"},
-                    Case{"describe on_off", 0, "onoffboolean:IncorrectValue"},
-                    Case{"describe bool", 0, "on              on\n"},
-                    Case{"describe on_off --json", 0, "{\"ok\":true,\"type\":{\"name\":\"on_off\""},
-                    Case{"describe onoff", 2, "did you mean \"on_off\"?"},
-                    Case{"describe onoff --json", 2, "\"kind\":\"request\""}));
+    testing::Values(
+        Case{"types", 0, "on_off                logical     off           1      on, off"},
+        Case{"types", 0, "AxisScale             enumerated  linear        24     linear, "},
+        Case{"types --json", 0, "\"NextPlot\",\"on_off\",\"OrderLayer\""},
+        Case{"types --family enumerated", 0, "VG1DrawStyle"},
+        Case{"types --family logical", 0, "on_off"}, Case{"types --family x", 2, "logical"},
+        Case{"describe on_off", 0, "'of'            off\n"},
+        Case{"describe on_off", 0, "onoffboolean:IncorrectValue"},
+        Case{"describe Units", 0, "'c'             VORTIL:datatypes:InvalidEnumValue\n"},
+        Case{"describe bool", 0, "on              on\n"},
+        Case{"describe int", 0, "a whole number, -2147483648 to 2147483647"},
+        Case{"describe on_off --json", 0, "{\"ok\":true,\"type\":{\"name\":\"on_off\""},
+        Case{"describe onoff", 2, "did you mean \"on_off\"?"},
+        Case{"describe onoff --json", 2, "\"kind\":\"request\""}));
 
 INSTANTIATE_TEST_SUITE_P(
     Convert, Program,
     testing::Values(Case{"convert on_off \"'ON'\"", 0, "array       'on'  (1x2 char)"},
                     Case{"convert on_off --text of", 0, "text        off"},
+                    Case{"convert MarkerStyle \"'P'\"", 0, "text        pentagram\n"},
+                    Case{"convert Units \"' P'\"", 1, "ambiguous   between points and pixels\n"},
+                    Case{"convert UnitsWithData --text c", 1, "between centimeters and char"},
+                    Case{"convert LightStyle --text ' LOCL'", 1, "did you mean \"local\"?"},
+                    Case{"convert PaperUnits --text pix", 1, "normalized, points\n"},
+                    Case{"convert 'uint8 scalar' --text 12", 1, "accepted    one character"},
+                    Case{"convert double --text 1e", 1, "error       parse"},
                     Case{"convert bool --text on", 0, "0x0000000000000001"},
                     Case{"convert bool true", 2, "scalar"},
                     Case{"convert on_off \"'onn'\"", 1, "given       'onn'"},
@@ -105,6 +116,7 @@ TEST(Program, AnswersEachLineBeforeTheNextIsWritten) {
 TEST(Program, OffersNoNameThatIsFarFromTheText) {
   EXPECT_THAT(run("convert on_off --text yes").output, Not(HasSubstr("did you mean")));
   EXPECT_THAT(run("convert on_off --text o").output, Not(HasSubstr("did you mean")));
+  EXPECT_THAT(run("convert Units --text ''").output, Not(HasSubstr("ambiguous")));
 }
 
 }  // namespace

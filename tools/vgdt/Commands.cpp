@@ -117,6 +117,11 @@ void printValue(const Console& console, const Type& type, vcos::COSValue word) {
       array ? fmt::format("{}  ({})", onOneLine(literal), sizeAndClass(array.get())) : "none");
 }
 
+/// "a, b and c".
+std::string listed(const std::vector<std::string>& names) {
+  return fmt::format("{} and {}", fmt::join(names.begin(), names.end() - 1, ", "), names.back());
+}
+
 void explainRefusal(const Console& console, const Type& type, const GivenValue& given,
                     const Failure& failure) {
   reportProblem(console, fmt::format("{} does not take this value", type.name));
@@ -124,12 +129,15 @@ void explainRefusal(const Console& console, const Type& type, const GivenValue& 
   printField(console.errors, "error", hasIdentifier ? failure.identifier : nameOf(failure.kind));
   if (!failure.message.empty()) printField(console.errors, "message", onOneLine(failure.message));
   printField(console.errors, "given", onOneLine(given.content, kColumns));
-  const std::string accepted = acceptedValues(type);
-  if (!accepted.empty()) printField(console.errors, "accepted", accepted);
   std::optional<std::string> text;
   static_cast<void>(failureOf([&] { text = givenText(given); }));
-  if (!text) return;
-  if (const auto nearest = nearestName(*text, possibleValueTexts(type)))
+  const auto candidates = text ? namesAbbreviatedBy(*text, type) : std::vector<std::string>();
+  if (candidates.size() > 1)
+    printField(console.errors, "ambiguous", "between " + listed(candidates));
+  const std::string accepted = acceptedValues(type);
+  if (!accepted.empty()) printField(console.errors, "accepted", accepted);
+  if (!text || !candidates.empty()) return;
+  if (const auto nearest = nearestName(trimmed(*text), possibleValueTexts(type)))
     console.errors << fmt::format("  did you mean \"{}\"?\n", *nearest);
 }
 

@@ -44,12 +44,25 @@ std::string shortestPrefix(const std::vector<std::string>& names) {
   return {};
 }
 
+/// A single character that begins several names and is none; empty if there is none.
+std::string ambiguousCharacter(const std::vector<std::string>& names) {
+  for (const std::string& name : names) {
+    const std::string first = name.substr(0, 1);
+    if (!isUniquePrefix(first, names) && std::ranges::find(names, first) == names.end())
+      return first;
+  }
+  return {};
+}
+
 /// Names of a finite type, and the other ways in which a user may write them.
 std::vector<std::string> sampleNames(const Type& type) {
   const std::vector<std::string> names = possibleValueTexts(type);
   if (names.empty()) return {};
-  std::vector<std::string> samples{names.front(), upperCase(names.front())};
+  std::vector<std::string> samples{names.front()};
+  if (const std::string upper = upperCase(names.front()); upper != names.front())
+    samples.push_back(upper);
   if (const std::string prefix = shortestPrefix(names); !prefix.empty()) samples.push_back(prefix);
+  if (const std::string text = ambiguousCharacter(names); !text.empty()) samples.push_back(text);
   samples.insert(samples.end(), names.begin() + 1, names.end());
   return samples;
 }

@@ -53,4 +53,10 @@ std::string lowerCase(std::string_view text) {
   return result;
 }
 
+std::string_view trimmed(std::string_view text) {
+  constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
+  text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
+  return text.substr(0, text.find_last_not_of(kWhiteSpace) + 1);
+}
+
 }  // namespace vgdt

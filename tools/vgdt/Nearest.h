@@ -15,4 +15,7 @@ std::optional<std::string> nearestName(std::string_view text,
 /// ASCII letters in lower case.
 std::string lowerCase(std::string_view text);
 
+/// Without white space at either end.
+std::string_view trimmed(std::string_view text);
+
 }  // namespace vgdt

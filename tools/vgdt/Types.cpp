@@ -5,9 +5,11 @@
 #include "TextDisplay.h"
 
 #include <fmt/format.h>
+#include <graphics/datatype/VGTypedEnumStringType.h>
 #include <vcos/COSPackage.h>
 
 #include <algorithm>
+#include <cstdint>
 
 namespace vgdt {
 namespace {
@@ -38,6 +40,24 @@ std::optional<vcos::TypeAccess> findScalar(const std::string& name) {
   if (name.find('.') != std::string::npos) return std::nullopt;
   const auto known = vcos::COSNameID::find(name);
   return known ? vcos::TypeAccess::find(*known) : std::nullopt;
+}
+
+bool isEnumerated(const Type& type) {
+  return dynamic_cast<const graphics::datatype::VGTypedEnumStringType*>(&type.access.dataType());
+}
+
+/// By the name and the size of the type, which say what its text conversion reads.
+std::string acceptedTexts(const Type& scalar) {
+  const std::size_t bits = scalar.access.dataType().getSizeInBits();
+  const std::uint64_t unsignedMax = UINT64_MAX >> (64 - bits);
+  if (scalar.name == "string") return "any text";
+  if (bits == 8) return "one character";
+  if (scalar.name.starts_with("uint")) return fmt::format("a whole number, 0 to {}", unsignedMax);
+  if (scalar.name.starts_with("int")) {
+    const std::uint64_t max = unsignedMax / 2;
+    return fmt::format("a whole number, -{} to {}", max + 1, max);
+  }
+  return "a number, nan or inf";
 }
 
 }  // namespace
@@ -71,7 +91,8 @@ Type requireType(const std::string& name) {
 
 std::string familyOf(const Type& type) {
   if (type.isScalar) return "scalar";
-  return type.isImmediate() ? "logical" : "other";
+  if (type.isImmediate()) return "logical";
+  return isEnumerated(type) ? "enumerated" : "other";
 }
 
 std::vector<std::string> possibleValueTexts(const Type& type) {
@@ -85,10 +106,19 @@ std::vector<std::string> possibleValueTexts(const Type& type) {
   return texts;
 }
 
+std::vector<std::string> namesAbbreviatedBy(const std::string& text, const Type& type) {
+  const std::string beginning = lowerCase(trimmed(text));
+  if (!isEnumerated(type) || beginning.empty()) return {};
+  std::vector<std::string> names = possibleValueTexts(type);
+  std::erase_if(names, [&](const std::string& name) { return !name.starts_with(beginning); });
+  return names;
+}
+
 std::string acceptedValues(const Type& type) {
   const vcos::COSDataType& dataType = type.access.dataType();
   if (dataType.isPossibleValuesFinite())
     return fmt::format("{}", fmt::join(possibleValueTexts(type), ", "));
+  if (type.isScalar) return acceptedTexts(type);
   const char* description = dataType.getPossibleValuesDescription();
   return description ? description : "";
 }

@@ -31,6 +31,10 @@ std::string familyOf(const Type& type);
 /// The texts of the values of a finite type, in the type's order; empty for the others.
 std::vector<std::string> possibleValueTexts(const Type& type);
 
+/// The names of an enumerated type that begin with a text, whatever its case and the white space
+/// around it: between two or more the text is ambiguous. Empty for the other types.
+std::vector<std::string> namesAbbreviatedBy(const std::string& text, const Type& type);
+
 /// What the type takes, in a few words; empty if it does not say.
 std::string acceptedValues(const Type& type);
 
