@@ -5,6 +5,7 @@
 #include <vcos/COSTypeRepository.h>
 #include <vcos/TypedEnumStringType.h>
 
+#include <algorithm>
 #include <cctype>
 #include <locale>
 #include <string_view>
@@ -18,6 +19,7 @@ using vcos::COSValue;
 
 namespace {
 
+constexpr std::size_t kUsualCount = 8;
 constexpr const char* kPackageName = "vortil.graphics.enumstyletypes";
 
 std::string lowerCased(std::string_view text) {
@@ -48,17 +50,22 @@ std::string_view trimmed(std::string_view text) {
   return text;
 }
 
-/// Where the chain of the names with a name's first character begins. Several characters share a
-/// place, so those names still have to be compared from their beginning.
+/// The place of a name's first character in the index.
 std::size_t placeOf(const std::string& name) {
   return static_cast<unsigned char>(name.c_str()[0]) % 64;
+}
+
+/// Byte by byte: nearly all names differ in the first one.
+bool begins(std::string_view beginning, std::string_view name) {
+  return std::ranges::mismatch(beginning, name).in1 == beginning.end();
 }
 
 }  // namespace
 
 VGTypedEnumStringType::VGTypedEnumStringType(const char* name) {
   register_package(kPackageName, noDescription, noDetails);
-  const std::string fullName = std::string(kPackageName) + '.' + name;
+  std::string fullName;
+  fullName.append(kPackageName).append(".").append(name);
   const COSDataTypePtr baseType = COSTypeRepository::getType(COSNameID("uint32 scalar"));
   const COSDataTypePtr known = COSTypeRepository::getType(COSNameID(fullName.c_str()));
   if (vcos::COSDataType* hostType = known.getObject()) {
@@ -66,6 +73,7 @@ VGTypedEnumStringType::VGTypedEnumStringType(const char* name) {
   } else {
     hostEnumType_ = vcos::TypedEnumStringType::createInstance(baseType, fullName.c_str(), nullptr);
     ownsHostType_ = true;
+    lowerCaseNames_.reserve(kUsualCount);
   }
 }
 
@@ -77,16 +85,12 @@ VGTypedEnumStringType::~VGTypedEnumStringType() {
 void VGTypedEnumStringType::addElement(COSValue value, const char* name) {
   std::string lowered = lowerCased(name);
   if (!hostEnumType_ || hostEnumType_->isValidEnumName(lowered.c_str())) return;
-  previousName_.resize(lowerCaseNames_.size() + 1);
   lowerCaseNames_.push_back(std::move(lowered));
-  index(lowerCaseNames_.size() - 1);
-  hostEnumType_->addElement(value, lowerCaseNames_.back().c_str());
-}
-
-void VGTypedEnumStringType::index(std::size_t position) {
-  std::uint32_t& last = lastNamed_[placeOf(lowerCaseNames_[position])];
-  previousName_[position] = last;
-  last = static_cast<std::uint32_t>(position + 1);
+  const std::string& added = lowerCaseNames_.back();
+  std::uint16_t& first = firstPosition_[placeOf(added)];
+  if (first == 0)
+    first = static_cast<std::uint16_t>(std::min<std::size_t>(lowerCaseNames_.size(), UINT16_MAX));
+  hostEnumType_->addElement(value, added.c_str());
 }
 
 std::size_t VGTypedEnumStringType::getEnumLength() const {
@@ -122,17 +126,18 @@ const std::vector<std::string>& VGTypedEnumStringType::getEnumStrings() const {
 }
 
 const char* VGTypedEnumStringType::getEnumFromPartialMatch(std::string name) const {
+  // The empty text begins every name.
+  const std::size_t first = name.empty() ? 1 : firstPosition_[placeOf(name)];
+  if (first == 0) return nullptr;
   const std::string* match = nullptr;
   bool isAmbiguous = false;
-  for (std::uint32_t next = lastNamed_[placeOf(name)]; next != 0; next = previousName_[next - 1]) {
-    const std::string& candidate = lowerCaseNames_[next - 1];
-    if (!candidate.starts_with(name)) continue;
+  for (std::size_t i = first - 1; i < lowerCaseNames_.size(); ++i) {
+    const std::string& candidate = lowerCaseNames_[i];
+    if (!begins(name, candidate)) continue;
     if (candidate.size() == name.size()) return candidate.c_str();
     isAmbiguous = isAmbiguous || match;
     match = &candidate;
   }
-  // The empty text begins every name, whatever the place of that name.
-  if (name.empty() && lowerCaseNames_.size() == 1) return lowerCaseNames_.front().c_str();
   return match && !isAmbiguous ? match->c_str() : nullptr;
 }
 

@@ -20,6 +20,7 @@ void initializeOnce() {
   // Cleared before the work: a failure is not retried, and a re-entrant call finds nothing to do.
   initializationIsDue = false;
   svRegisterFeature("VG2DoubleConversionWarning", 0, nullptr, nullptr);
+  graphics::datatype::initStringConverters();
   graphics::datatype::get_initialization_callback_registry()->initialize();
 }
 

@@ -4,6 +4,8 @@
 #include <vcos/COSDataType.h>
 #include <vcos/COSTypeRepository.h>
 
+#include <array>
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
@@ -75,6 +77,9 @@ class VGHOST_API TypedEnumStringType final : public COSDataType, public Enumerat
   COSDataTypePtr baseType_;
   std::string typeName_;
   std::vector<Element> elements_;
+  /// For each first character (several share a place), where the elements with it begin, counted
+  /// from 1; 0 says that there are none.
+  std::array<std::uint16_t, 64> firstPosition_{};
 };
 
 }  // namespace vcos

@@ -1,5 +1,8 @@
 #include <vcos/COSNameID.h>
 
+#include <cstdint>
+#include <cstring>
+#include <memory_resource>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -9,14 +12,34 @@ namespace {
 
 struct TextHash {
   using is_transparent = void;
+  /// Names differ at their end: dotted ones have their beginning in common.
   std::size_t operator()(std::string_view text) const noexcept {
-    return std::hash<std::string_view>{}(text);
+    std::uint64_t end = 0;
+    std::uint64_t beforeEnd = 0;
+    const std::size_t length = text.size();
+    if (length >= 16) std::memcpy(&beforeEnd, text.data() + length - 16, 8);
+    if (length >= 8)
+      std::memcpy(&end, text.data() + length - 8, 8);
+    else
+      std::memcpy(&end, text.data(), length);
+    constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15;  // 2^64 divided by the golden ratio
+    const std::uint64_t mixed = ((end ^ length) * kOdd) ^ beforeEnd;
+    return mixed * kOdd >> 32U;
   }
 };
 
+/// Names are never forgotten: they stand one after another in large blocks.
+using Names = std::pmr::unordered_set<std::pmr::string, TextHash, std::equal_to<>>;
+
 /// The set's nodes never move, so a name is the address of its text.
-auto& internedNames() {
-  static auto& names = *new std::unordered_set<std::string, TextHash, std::equal_to<>>{""};
+Names& internedNames() {
+  static Names& names = []() -> Names& {
+    constexpr std::size_t kBlock = 16384;
+    auto& memory = *new std::pmr::monotonic_buffer_resource(kBlock);
+    auto& made = *new Names(512, &memory);
+    made.emplace("");
+    return made;
+  }();
   return names;
 }
 

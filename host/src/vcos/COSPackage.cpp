@@ -81,10 +81,15 @@ void COSPackage::addClass(COSClass* newClass) {
 
 void COSPackage::addDataType(COSDataType* type) {
   countHostCall("addDataType");
-  const std::string name = std::string(name_.c_str()) + "." + type->getName();
-  types_.reserve(types_.size() + 1);
-  COSTypeRepository::addType(COSNameID(name.c_str()), type);
+  std::string name;
+  name.append(name_.c_str()).append(".").append(type->getName());
   types_.push_back(type);
+  try {
+    COSTypeRepository::addType(COSNameID(name.c_str()), type);
+  } catch (...) {
+    types_.pop_back();
+    throw;
+  }
 }
 
 COSPackage* COSPackage::getPackage(COSNameID name) {

@@ -45,6 +45,8 @@ struct NamePairHash {
   }
 };
 
+constexpr std::size_t kUsualTypes = 256;
+
 struct Repository {
   std::vector<std::unique_ptr<COSDataType>> builtInTypes;
   std::unordered_map<COSNameID, COSDataTypePtr> types;
@@ -63,6 +65,8 @@ void add(Repository& repository, COSNameID name, COSDataType* type) {
 
 std::unique_ptr<Repository> createRepository() {
   auto repository = std::make_unique<Repository>();
+  repository->types.reserve(kUsualTypes);
+  repository->conversions.reserve(3 * kUsualTypes);
   repository->builtInTypes = makeBuiltInTypes();
   for (const auto& type : repository->builtInTypes)
     add(*repository, COSNameID(type->getName()), type.get());
@@ -81,8 +85,8 @@ Repository& repository() {
 bool loadType(COSNameID name) {
   const char* leaf = std::strrchr(name.c_str(), '.');
   if (!leaf) return false;
-  const std::string packageName(name.c_str(), leaf);
-  COSPackage* package = COSPackage::getPackage(COSNameID(packageName.c_str()));
+  const auto packageName = COSNameID::find({name.c_str(), leaf});
+  COSPackage* package = packageName ? COSPackage::getPackage(*packageName) : nullptr;
   return package && package->getInfo().attemptToLoadType(leaf + 1);
 }
 

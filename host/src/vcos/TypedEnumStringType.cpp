@@ -13,9 +13,22 @@ namespace vcos {
 
 EnumerationType::~EnumerationType() = default;
 
+namespace {
+
+constexpr std::size_t kUsualCount = 8;
+
+/// The place of a name's first character in the index.
+std::size_t placeOf(const char* name) noexcept {
+  return static_cast<unsigned char>(*name) % 64;
+}
+
+}  // namespace
+
 TypedEnumStringType::TypedEnumStringType(COSDataTypePtr baseType, std::string typeName)
     : baseType_(std::move(baseType)),
-      typeName_(std::move(typeName)) {}
+      typeName_(std::move(typeName)) {
+  elements_.reserve(kUsualCount);
+}
 
 TypedEnumStringType::~TypedEnumStringType() = default;
 
@@ -37,17 +50,24 @@ void TypedEnumStringType::destroyInstance(COSNameID typeName) {
 
 const TypedEnumStringType::Element* TypedEnumStringType::find(const char* name) const noexcept {
   if (!name) return nullptr;
-  const auto found = std::ranges::find(elements_, std::string_view(name), &Element::name);
-  return found == elements_.end() ? nullptr : &*found;
+  const std::size_t first = firstPosition_[placeOf(name)];
+  if (first == 0) return nullptr;
+  const std::string_view wanted = name;
+  for (std::size_t i = first - 1; i < elements_.size(); ++i)
+    if (elements_[i].name == wanted) return &elements_[i];
+  return nullptr;
 }
 
 void TypedEnumStringType::addElement(COSValue value, const char* name) {
   vghost::faults::countHostCall("TypedEnumStringType::addElement");
-  const auto found = std::ranges::find(elements_, std::string_view(name), &Element::name);
-  if (found == elements_.end())
-    elements_.push_back({name, value});
-  else
-    found->value = value;
+  if (const Element* known = find(name)) {
+    elements_[static_cast<std::size_t>(known - elements_.data())].value = value;
+    return;
+  }
+  elements_.push_back({name, value});
+  std::uint16_t& first = firstPosition_[placeOf(name)];
+  const std::size_t position = std::min<std::size_t>(elements_.size(), UINT16_MAX);
+  if (first == 0) first = static_cast<std::uint16_t>(position);
 }
 
 std::size_t TypedEnumStringType::getEnumLength() const {

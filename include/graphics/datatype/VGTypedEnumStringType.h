@@ -63,17 +63,15 @@ class VGDT_API VGTypedEnumStringType {
 
  private:
   const char* findName(const char* text) const;
-  void index(std::size_t position);
 
   bool ownsHostType_ = false;
   vcos::TypedEnumStringType* hostEnumType_ = nullptr;
   std::vector<std::string> lowerCaseNames_;
 
-  // The names with one first character, from the last one added: lastNamed_ has it for each
-  // character (several may share a place), previousName_ for each name the one before. Counted
-  // from 1; 0 ends a chain.
-  std::array<std::uint32_t, 64> lastNamed_{};
-  std::vector<std::uint32_t> previousName_;
+  /// For each first character, where in lowerCaseNames_ the names with it begin: none stands before
+  /// the position, which counts from 1; 0 says that there is none at all. Several characters share
+  /// a place.
+  std::array<std::uint16_t, 64> firstPosition_{};
 };
 
 }  // namespace graphics::datatype

@@ -1,0 +1,82 @@
+// The library itself.
+
+#include "Library.h"
+
+#include "contest.h"
+
+#include <graphics/datatype/VGTypedEnumStringType.h>
+#include <graphics/datatype/vgdatatypes.h>
+#include <vcos/COSNameID.h>
+#include <vcos/COSPackage.h>
+#include <vcos/COSTypeConversion.h>
+#include <vcos/COSTypeRepository.h>
+#include <vcos/TypeAccess.h>
+
+#include <string>
+
+namespace peers {
+namespace {
+
+using graphics::datatype::VGTypedEnumStringType;
+using vcos::COSDataType;
+using vcos::COSNameID;
+using vcos::COSTypeRepository;
+using vcos::COSValue;
+
+constexpr const char* kPackage = "vortil.graphics.datatype";
+constexpr const char* kType = "vortil.graphics.datatype.MarkerStyle";
+
+void addLookUp(const VGTypedEnumStringType& table) {
+  const auto lookUp = [&table](const char* text) {
+    return table.getEnumValue(text).asInteger<int>();
+  };
+  compete(kNameToValue, kOurs, Goal::kNone, exactInputs(), lookUp);
+  compete(kAbbreviationToValue, kOurs, Goal::kNone, abbreviatedInputs(), lookUp);
+}
+
+void addSetting(const COSDataType& dataType, const VGTypedEnumStringType& table) {
+  const COSNameID outside("string");
+  const COSNameID inner(kType);
+  const auto fromText = [outside, inner](const char* text) {
+    return COSTypeRepository::getConversion(outside, inner)->from(COSValue::fromPointer(text));
+  };
+  verify(kOurs, exactInputs(), [&](const char* text) {
+    const vcos::OwnedValue value(dataType, fromText(text));
+    const std::string name = vcos::TypeAccess::find(inner)->toText(value.get()).value_or("");
+    return table.getEnumValue(name.c_str()).asInteger<int>();
+  });
+  measure(kSetFromText, kOurs, Goal::kNone, exactInputs(), [&dataType, fromText](const char* text) {
+    COSValue value = fromText(text);
+    benchmark::DoNotOptimize(value);
+    dataType.destroy(value);
+  });
+}
+
+double startUp(std::size_t) {
+  const double seconds = secondsOf(VLInitialize_vgdatatypes);
+  if (!COSTypeRepository::getConversion(COSNameID("string"), COSNameID(kType)))
+    fail("start-up has left out MarkerStyle");
+  return seconds;
+}
+
+void addLibrary() {
+  competeAtStartUp(kOurs, Goal::kNone, startUp);
+  VLInitialize_vgdatatypes();
+  const COSDataType* dataType = COSTypeRepository::getType(COSNameID(kType)).getObject();
+  const auto* table = dynamic_cast<const VGTypedEnumStringType*>(dataType);
+  if (!table) fail("MarkerStyle is no enumerated type");
+  addLookUp(*table);
+  addSetting(*dataType, *table);
+}
+
+[[maybe_unused]] const bool added = addContender(addLibrary);
+
+}  // namespace
+
+double countLibraryTypes(std::size_t) {
+  VLInitialize_vgdatatypes();
+  return static_cast<double>(
+      vcos::COSPackage::getPackage(COSNameID(kPackage))->getDataTypes().size());
+}
+
+}  // namespace peers

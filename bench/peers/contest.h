@@ -1,0 +1,120 @@
+#pragma once
+
+/// What the contenders of the peer benchmark share: the texts, the check that a contender resolves
+/// them, and the list of what is measured.
+
+#include <benchmark/benchmark.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <ctime>
+#include <functional>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace peers {
+
+/// The names of MarkerStyle. The value of a name is its place.
+inline constexpr std::array<const char*, 14> kNames{"+",      "o",         "*",        ".",   "x",
+                                                    "square", "diamond",   "v",        "^",   ">",
+                                                    "<",      "pentagram", "hexagram", "none"};
+
+struct Input {
+  const char* text;
+  int value;
+};
+using Inputs = std::vector<Input>;
+
+/// Each name with its place as value, in an order that a fixed seed has shuffled.
+Inputs exactInputs(std::span<const char* const> names = kNames);
+/// Beginnings of one name each, shuffled likewise.
+Inputs abbreviatedInputs();
+
+/// The works, as they are called in the table.
+inline constexpr const char* kNameToValue = "nameToValue";
+inline constexpr const char* kAbbreviationToValue = "abbreviationToValue";
+inline constexpr const char* kSetFromText = "setFromText";
+inline constexpr const char* kStartUp = "startUp";
+
+/// The name of the library among the contenders.
+inline constexpr const char* kOurs = "vgdatatypes";
+
+/// What the library's time may be of a contender's.
+enum class Goal { kNone, kAhead, kOneAndAHalf, kTwice };
+
+/// One contender at one work.
+struct Measurement {
+  std::string work;
+  std::string contender;
+  Goal goal;
+  double nanoseconds;  ///< for one text or one start-up; 0 until it has been measured
+
+  std::string name() const { return work + '/' + contender; }
+};
+
+/// In the order in which they were added.
+std::vector<Measurement>& measurements();
+
+/// The most types that a start-up is asked for.
+inline constexpr std::size_t kMostTypes = 108;
+
+/// A contender's start-up: registers that many types in a process in which nothing of its kind has
+/// been done, and returns the seconds.
+using StartUp = double (*)(std::size_t types);
+
+/// Says what is wrong and ends the process.
+[[noreturn]] void fail(const std::string& message);
+
+/// Fails unless the contender gives the value of each text.
+void verify(const std::string& contender, const Inputs& inputs,
+            const std::function<int(const char*)>& operation);
+
+/// Adds the measurement of an operation that takes a text.
+template <class Operation>
+void measure(const char* work, const char* contender, Goal goal, Inputs inputs,
+             Operation operation) {
+  measurements().push_back({work, contender, goal, 0});
+  const auto run = [inputs = std::move(inputs), operation](benchmark::State& state) {
+    for (auto _ : state)
+      for (const Input& input : inputs)
+        operation(input.text);
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(inputs.size()));
+  };
+  benchmark::RegisterBenchmark(measurements().back().name().c_str(), run);
+}
+
+/// The same for an operation whose result is the value, which is verified now.
+template <class Operation>
+void compete(const char* work, const char* contender, Goal goal, const Inputs& inputs,
+             Operation operation) {
+  verify(contender, inputs, operation);
+  measure(work, contender, goal, inputs,
+          [operation](const char* text) { benchmark::DoNotOptimize(operation(text)); });
+}
+
+/// Adds the measurement of a start-up, which gets a fresh process each time.
+void competeAtStartUp(const char* contender, Goal goal, StartUp startUp);
+
+/// Processor seconds that `work` takes.
+template <class Work>
+double secondsOf(Work work) {
+  const auto now = [] {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
+  };
+  const double begin = now();
+  work();
+  return now() - begin;
+}
+
+/// Puts a function that adds a contender's measurements on the list that main() runs. It returns
+/// true, so that a global can be set to it.
+bool addContender(void (*add)());
+/// Runs that list.
+void addMeasurements();
+
+}  // namespace peers

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <graphics/datatype/export.h>
+#include <vcos/COSTypeConversion.h>
+
+namespace graphics::datatype {
+
+/// Between a C string and a scalar that its word holds itself. The integers stand in the low
+/// sizeof(T) bytes of the word, float and double as the bits of a double, bool as zero or not.
+///
+/// Integers are printed and all numbers are read by the grouping of the global locale; a text
+/// without separators is always good. There are no blanks in a text. signed char and unsigned char
+/// stand for characters, not numbers.
+template <class T>
+class VGDT_API StringConversion final : public vcos::COSTypeConversion {
+ public:
+  /// A new string, to be ended with utFree: decimal digits; for float and double as many as it
+  /// takes to read the same bits back; "true" or "false"; the one character.
+  ///
+  /// Errors: gui_objects::convert_from_string_utils::ParseException if there is no text for the
+  /// value; vcos::COSOutOfMemoryException.
+  vcos::COSValue to(vcos::COSValue value) const override;
+
+  /// Takes
+  /// - for a character type exactly one character;
+  /// - for the other integers decimal digits with or without a sign. A negative text of an unsigned
+  ///   type gives the two's complement;
+  /// - for float and double a decimal number, or, all in lower or all in upper case, "inf",
+  ///   "infinity", "nan" or "nan(...)", each with or without a sign;
+  /// - for bool "true" and "false" alone.
+  ///
+  /// Anything else, also a value out of range or a null text, is a
+  /// gui_objects::convert_from_string_utils::ParseException.
+  vcos::COSValue from(vcos::COSValue text) const override;
+};
+
+extern template class StringConversion<signed char>;
+extern template class StringConversion<short>;
+extern template class StringConversion<int>;
+extern template class StringConversion<long>;
+extern template class StringConversion<unsigned char>;
+extern template class StringConversion<unsigned short>;
+extern template class StringConversion<unsigned int>;
+extern template class StringConversion<unsigned long>;
+extern template class StringConversion<float>;
+extern template class StringConversion<double>;
+extern template class StringConversion<bool>;
+
+/// Between a C string and the host's type "string", which is one as well: both directions give what
+/// that type's copy() gives, a string of its own, or null for null.
+class VGDT_API StringStringConversion final : public vcos::COSTypeConversion {
+ public:
+  vcos::COSValue to(vcos::COSValue value) const override;
+  vcos::COSValue from(vcos::COSValue text) const override;
+};
+
+}  // namespace graphics::datatype

@@ -1,0 +1,181 @@
+#include <graphics/datatype/StringConversion.h>
+#include <graphics/datatype/registration.h>
+#include <gui_objects/convert_from_string_utils.h>
+#include <ut/memory.h>
+#include <vcos/COSNameID.h>
+#include <vcos/COSTypeRepository.h>
+#include <vcos/exceptions.h>
+
+#include <array>
+#include <boost/lexical_cast/try_lexical_convert.hpp>
+#include <cmath>
+#include <concepts>
+#include <cstdio>
+#include <limits>
+#include <string_view>
+#include <type_traits>
+
+namespace graphics::datatype {
+
+using boost::conversion::try_lexical_convert;
+using gui_objects::convert_from_string_utils::ParseException;
+using vcos::COSValue;
+
+namespace {
+
+/// Holds the longest text: a 64-bit number with a separator between any two digits.
+using Text = std::array<char, 48>;
+
+template <class T>
+COSValue wordOf(T value) {
+  if constexpr (std::floating_point<T>)
+    return COSValue::fromDouble(double{value});
+  else
+    return COSValue::fromInteger(value);
+}
+
+template <class T>
+T valueOf(COSValue word) {
+  if constexpr (std::floating_point<T>)
+    return static_cast<T>(word.asDouble());
+  else if constexpr (std::same_as<T, bool>)
+    return word.asLogical();
+  else
+    return word.asInteger<T>();
+}
+
+template <std::integral T>
+bool read(std::string_view text, T& value) {
+  return try_lexical_convert(text.data(), text.size(), value);
+}
+
+/// By way of int: for a type that is promoted to int, boost's arithmetic overflows on some texts.
+template <std::integral T>
+requires(sizeof(T) == sizeof(short)) bool read(std::string_view text, T& value) {
+  constexpr int kMax = std::numeric_limits<T>::max();
+  constexpr int kMin = std::is_signed_v<T> ? -kMax - 1 : -kMax;
+  int wide = 0;
+  if (!read(text, wide) || wide < kMin || wide > kMax) return false;
+  value = static_cast<T>(wide);
+  return true;
+}
+
+/// Whether the word in the text of a NaN or an infinity is all lower or all upper case.
+bool hasOneCase(std::string_view special) {
+  const std::string_view word = special.substr(0, special.find('('));
+  return word.find_first_of("afinty") == word.npos || word.find_first_of("AFINTY") == word.npos;
+}
+
+template <std::floating_point T>
+bool read(std::string_view text, T& value) {
+  // boost matches each letter of a special word in either case, and no number reads as infinite.
+  return try_lexical_convert(text.data(), text.size(), value) &&
+         (std::isfinite(value) || hasOneCase(text));
+}
+
+bool read(std::string_view text, bool& value) {
+  value = text == "true";
+  return value || text == "false";
+}
+
+template <std::integral T>
+bool print(T value, Text& text) {
+  return try_lexical_convert(value, text);
+}
+
+template <std::floating_point T>
+bool print(T value, Text& text) {
+  return std::snprintf(text.data(), text.size(), "%.*g", std::numeric_limits<T>::max_digits10,
+                       double{value}) > 0;
+}
+
+bool print(bool value, Text& text) {
+  return try_lexical_convert(value ? "true" : "false", text);
+}
+
+COSValue copyAsString(COSValue value) {
+  return vcos::COSTypeRepository::getType(vcos::COSNameID("string")).getObject()->copy(value);
+}
+
+}  // namespace
+
+template <class T>
+COSValue StringConversion<T>::to(COSValue value) const {
+  Text text;
+  if (!print(valueOf<T>(value), text)) throw ParseException();
+  char* result = utStrdup(text.data());
+  if (!result) throw vcos::COSOutOfMemoryException();
+  return COSValue::fromPointer(result);
+}
+
+template <class T>
+COSValue StringConversion<T>::from(COSValue text) const {
+  T value{};
+  if (text.isNull() || !read(text.asPointer<const char>(), value)) throw ParseException();
+  return wordOf(value);
+}
+
+template class StringConversion<signed char>;
+template class StringConversion<short>;
+template class StringConversion<int>;
+template class StringConversion<long>;
+template class StringConversion<unsigned char>;
+template class StringConversion<unsigned short>;
+template class StringConversion<unsigned int>;
+template class StringConversion<unsigned long>;
+template class StringConversion<float>;
+template class StringConversion<double>;
+template class StringConversion<bool>;
+
+COSValue StringStringConversion::to(COSValue value) const {
+  return copyAsString(value);
+}
+
+COSValue StringStringConversion::from(COSValue text) const {
+  return copyAsString(text);
+}
+
+namespace {
+
+template <class Conversion>
+vcos::COSTypeConversion* make() {
+  return new Conversion;
+}
+
+struct Registration {
+  const char* inner;
+  vcos::COSTypeConversion* (*make)();
+};
+
+constexpr Registration kRegistrations[] = {
+    {"int8 scalar", make<StringConversion<signed char>>},
+    {"int16 scalar", make<StringConversion<short>>},
+    {"int32 scalar", make<StringConversion<int>>},
+    {"int64 scalar", make<StringConversion<long>>},
+    {"uint8 scalar", make<StringConversion<unsigned char>>},
+    {"uint16 scalar", make<StringConversion<unsigned short>>},
+    {"uint32 scalar", make<StringConversion<unsigned int>>},
+    {"uint64 scalar", make<StringConversion<unsigned long>>},
+    {"single scalar", make<StringConversion<float>>},
+    {"double scalar", make<StringConversion<double>>},
+    {"logical scalar", make<StringConversion<bool>>},
+    {"string", make<StringStringConversion>},
+    {"int", make<StringConversion<int>>},
+    {"uint64_T", make<StringConversion<unsigned long>>},
+    {"single", make<StringConversion<float>>},
+    {"float", make<StringConversion<float>>},
+    {"double", make<StringConversion<double>>},
+    {"logical", make<StringConversion<bool>>},
+};
+
+}  // namespace
+
+void initStringConverters() {
+  const vcos::COSNameID outside("string");
+  for (const Registration& registration : kRegistrations) {
+    const vcos::COSNameID inner(registration.inner);
+    vcos::COSTypeRepository::addConversion(outside, inner, registration.make());
+  }
+}
+
+}  // namespace graphics::datatype

@@ -1,0 +1,361 @@
+#include "support/FailingNew.h"
+
+#include <graphics/datatype/vgdatatypes.h>
+#include <gtest/gtest.h>
+#include <gui_objects/convert_from_string_utils.h>
+#include <ut/faults.h>
+#include <ut/memory.h>
+#include <vcos/COSTypeRepository.h>
+#include <vcos/exceptions.h>
+
+#include <bit>
+#include <cmath>
+#include <limits>
+#include <locale>
+#include <new>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+
+namespace {
+
+using gui_objects::convert_from_string_utils::ParseException;
+using vcos::COSTypeConversion;
+using vcos::COSValue;
+
+COSTypeConversion* conversion(const char* inner) {
+  return vcos::COSTypeRepository::getConversion(vcos::COSNameID("string"), vcos::COSNameID(inner));
+}
+
+class Scalars : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { VLInitialize_vgdatatypes(); }
+};
+
+/// The word of a text; none if it is refused.
+std::optional<COSValue> wordOf(const char* inner, const char* text) {
+  try {
+    return conversion(inner)->from(COSValue::fromPointer(text));
+  } catch (const ParseException&) {
+    return std::nullopt;
+  }
+}
+
+std::string textOf(const char* inner, COSValue word) {
+  char* text = conversion(inner)->to(word).asPointer<char>();
+  std::string copy = text;
+  utFree(text);
+  return copy;
+}
+
+constexpr const char* kRefused = nullptr;
+
+struct Case {
+  const char* inner;
+  const char* text;
+  const char* printed;  ///< once it has been read; or kRefused
+};
+
+template <std::size_t N>
+void expectReadAndPrinted(const Case (&cases)[N]) {
+  for (const Case& c : cases) {
+    SCOPED_TRACE(std::string(c.inner) + " '" + c.text + "'");
+    const std::optional<COSValue> word = wordOf(c.inner, c.text);
+    ASSERT_EQ(word.has_value(), c.printed != kRefused);
+    if (word) {
+      EXPECT_EQ(textOf(c.inner, *word), c.printed);
+    }
+  }
+}
+
+/// Makes the global locale group digits, with ',' between them.
+class GroupingLocale {
+ public:
+  explicit GroupingLocale(const char* grouping)
+      : old_(std::locale::global(std::locale(std::locale(), new Punctuation(grouping)))) {}
+  ~GroupingLocale() { std::locale::global(old_); }
+  GroupingLocale(const GroupingLocale&) = delete;
+  GroupingLocale& operator=(const GroupingLocale&) = delete;
+
+ private:
+  class Punctuation : public std::numpunct<char> {
+   public:
+    explicit Punctuation(const char* grouping) : grouping_(grouping) {}
+
+   protected:
+    std::string do_grouping() const override { return grouping_; }
+    char do_thousands_sep() const override { return ','; }
+
+   private:
+    std::string grouping_;
+  };
+
+  std::locale old_;
+};
+
+TEST_F(Scalars, HaveEachAConversionOfTheirOwn) {
+  std::set<const COSTypeConversion*> objects;
+  for (const char* inner :
+       {"int8 scalar", "int16 scalar", "int32 scalar", "int64 scalar", "uint8 scalar",
+        "uint16 scalar", "uint32 scalar", "uint64 scalar", "single scalar", "double scalar",
+        "logical scalar", "string", "int", "uint64_T", "single", "float", "double", "logical"}) {
+    ASSERT_NE(conversion(inner), nullptr) << inner;
+    EXPECT_TRUE(objects.insert(conversion(inner)).second) << inner;
+  }
+}
+
+TEST_F(Scalars, IntegersReachTheirLimitsAndNoFurther) {
+  const struct {
+    const char* inner;
+    const char* lowest;
+    const char* lowestPrinted;
+    const char* below;
+    const char* highest;
+    const char* above;
+  } limits[] = {
+      {"int16 scalar", "-32768", "-32768", "-32769", "32767", "32768"},
+      {"uint16 scalar", "-65535", "1", "-65536", "65535", "65536"},
+      {"int", "-2147483648", "-2147483648", "-2147483649", "2147483647", "2147483648"},
+      {"int32 scalar", "-2147483648", "-2147483648", "-2147483649", "2147483647", "2147483648"},
+      {"uint32 scalar", "-4294967295", "1", "-4294967296", "4294967295", "4294967296"},
+      {"int64 scalar", "-9223372036854775808", "-9223372036854775808", "-9223372036854775809",
+       "9223372036854775807", "9223372036854775808"},
+      {"uint64 scalar", "-18446744073709551615", "1", "-18446744073709551616",
+       "18446744073709551615", "18446744073709551616"},
+      {"uint64_T", "-18446744073709551615", "1", "-18446744073709551616", "18446744073709551615",
+       "18446744073709551616"},
+  };
+  for (const auto& [inner, lowest, lowestPrinted, below, highest, above] : limits)
+    expectReadAndPrinted({
+        {inner, lowest, lowestPrinted},
+        {inner, below, kRefused},
+        {inner, highest, highest},
+        {inner, above, kRefused},
+    });
+}
+
+TEST_F(Scalars, IntegersTakeASignAndDigitsAlone) {
+  for (const char* inner : {"int16 scalar", "uint16 scalar", "int32 scalar", "uint32 scalar",
+                            "int64 scalar", "uint64 scalar"}) {
+    expectReadAndPrinted({
+        {inner, "+7", "7"},
+        {inner, "-0", "0"},
+        {inner, "00000000000000000000000000000012", "12"},
+    });
+    for (const char* text : {"", "-", "+", "--1", "+-1", "1-", " 1", "1 ", " 00001", "\t1", "1\n",
+                             "1,000", ",1", "0x1", "1e2", "1.0", "a", "1a", "\xB2"})
+      EXPECT_FALSE(wordOf(inner, text)) << inner << " '" << text << "'";
+    EXPECT_FALSE(wordOf(inner, nullptr)) << inner;
+  }
+  EXPECT_EQ(wordOf("uint32 scalar", "-1")->asInteger<unsigned>(), 0xFFFF'FFFFU);
+  EXPECT_EQ(wordOf("int64 scalar", "-2")->asInteger<long>(), -2);
+}
+
+TEST_F(Scalars, OnlyTheLowBytesOfAWordAreAnInteger) {
+  const COSValue word = COSValue::fromInteger(0xFEDC'BA98'FFFF'8041U);
+  const std::pair<const char*, const char*> printed[] = {
+      {"int8 scalar", "A"},
+      {"uint8 scalar", "A"},
+      {"int16 scalar", "-32703"},
+      {"uint16 scalar", "32833"},
+      {"int32 scalar", "-32703"},
+      {"uint32 scalar", "4294934593"},
+      {"int64 scalar", "-81985526906781631"},
+      {"uint64 scalar", "18364758546802769985"},
+  };
+  for (const auto& [inner, text] : printed)
+    EXPECT_EQ(textOf(inner, word), text) << inner;
+}
+
+TEST_F(Scalars, IntegersFollowTheGroupingOfTheGlobalLocale) {
+  {
+    const GroupingLocale locale("\3");
+    expectReadAndPrinted({
+        {"int16 scalar", "-32,768", "-32,768"},
+        {"uint16 scalar", "-65,535", "1"},
+        {"int32 scalar", "1234567", "1,234,567"},
+        {"int32 scalar", "1234,567", "1,234,567"},
+        {"int32 scalar", "+999", "999"},
+        {"int64 scalar", "-9,223,372,036,854,775,808", "-9,223,372,036,854,775,808"},
+        {"uint64 scalar", "18,446,744,073,709,551,615", "18,446,744,073,709,551,615"},
+    });
+    for (const char* text : {",234", "-,234", "234,", "1,,234", "12,34", "1,234567", "1,23", ",",
+                             "1.234", "9,999,999,999"})
+      EXPECT_FALSE(wordOf("int32 scalar", text)) << text;
+  }
+  {
+    const GroupingLocale locale("\1\2");
+    expectReadAndPrinted({
+        {"uint16 scalar", "1,23,4", "1,23,4"},
+        {"int32 scalar", "1,23,45,6", "1,23,45,6"},
+        {"int32 scalar", "1,234", kRefused},
+        {"uint32 scalar", "123,4", "1,23,4"},
+    });
+  }
+  {
+    // The longest text that there is.
+    const GroupingLocale locale("\1");
+    EXPECT_EQ(textOf("int64 scalar", COSValue::fromInteger(std::numeric_limits<long>::min())),
+              "-9,2,2,3,3,7,2,0,3,6,8,5,4,7,7,5,8,0,8");
+    EXPECT_EQ(textOf("uint64 scalar", COSValue::fromInteger(-1)),
+              "1,8,4,4,6,7,4,4,0,7,3,7,0,9,5,5,1,6,1,5");
+  }
+  EXPECT_EQ(textOf("int32 scalar", COSValue::fromInteger(1234)), "1234");
+}
+
+TEST_F(Scalars, EightBitIntegersAreCharacters) {
+  for (const char* inner : {"int8 scalar", "uint8 scalar"}) {
+    for (unsigned code = 1; code < 256; ++code) {
+      const std::string text(1, static_cast<char>(code));
+      const std::optional<COSValue> word = wordOf(inner, text.c_str());
+      ASSERT_TRUE(word) << inner << " " << code;
+      EXPECT_EQ(word->asInteger<unsigned char>(), code);
+      EXPECT_EQ(textOf(inner, *word), text);
+    }
+    EXPECT_EQ(textOf(inner, COSValue::fromInteger(0)), "");
+    for (const char* text : {"", "ab", "65", "-1", "\xC3\xA9"})
+      EXPECT_FALSE(wordOf(inner, text)) << inner << " '" << text << "'";
+    EXPECT_FALSE(wordOf(inner, nullptr)) << inner;
+  }
+}
+
+TEST_F(Scalars, FloatsAreDecimalNumbers) {
+  for (const char* inner : {"single scalar", "single", "float", "double scalar", "double"}) {
+    expectReadAndPrinted({
+        {inner, "1e5", "100000"},
+        {inner, "-1.5E+2", "-150"},
+        {inner, "+.5", "0.5"},
+        {inner, "2.", "2"},
+        {inner, "-0", "-0"},
+        {inner, "1e-999", "0"},
+    });
+    for (const char* text :
+         {"",     "-",    "+",     ".",   "e5",    "1e",    "1E",    "1e+", "1e-",
+          "1E+",  "1+",   "--1",   "+-1", " 1",    "1 ",    "1\n",   "1x",  "1.5.2",
+          "1e5.", "0x10", "0x1p3", "1d5", "1,000", "1e999", "-1e999"})
+      EXPECT_FALSE(wordOf(inner, text)) << inner << " '" << text << "'";
+    EXPECT_FALSE(wordOf(inner, nullptr)) << inner;
+  }
+  EXPECT_FALSE(wordOf("single scalar", "3.5e38"));
+
+  const GroupingLocale locale("\3");
+  expectReadAndPrinted({
+      {"double scalar", "1,234.5", "1234.5"},
+      {"double scalar", "1234567", "1234567"},
+      {"double scalar", "12,34", kRefused},
+      {"double scalar", ",234", kRefused},
+      {"single scalar", "1,234.5", "1234.5"},
+  });
+}
+
+TEST_F(Scalars, FloatsHaveSpecialWordsInOneCase) {
+  for (const char* inner : {"single scalar", "single", "float", "double scalar", "double"}) {
+    expectReadAndPrinted({
+        {inner, "nan", "nan"},
+        {inner, "NAN", "nan"},
+        {inner, "+nan", "nan"},
+        {inner, "-nan", "-nan"},
+        {inner, "-NAN", "-nan"},
+        {inner, "nan()", "nan"},
+        {inner, "-nan(Some Thing)", "-nan"},
+        {inner, "NAN(x)", "nan"},
+        {inner, "inf", "inf"},
+        {inner, "INF", "inf"},
+        {inner, "+inf", "inf"},
+        {inner, "-INF", "-inf"},
+        {inner, "infinity", "inf"},
+        {inner, "-INFINITY", "-inf"},
+    });
+    for (const char* text :
+         {"Inf",    "iNF",      "inF",      "NaN",      "Nan",   "nAN",     "-NaN",
+          "NaN(x)", "Infinity", "INFinity", "infinitY", "infi",  "infinit", "infinityx",
+          "inf ",   " inf",     "+-inf",    "na",       "nanx",  "nan(",    "nan)",
+          "nan(x",  "nan(x)y",  "i",        "n",        "inf(x)"})
+      EXPECT_FALSE(wordOf(inner, text)) << inner << " '" << text << "'";
+
+    const double negative = wordOf(inner, "-nan")->asDouble();
+    EXPECT_TRUE(std::isnan(negative) && std::signbit(negative)) << inner;
+    const double positive = wordOf(inner, "nan")->asDouble();
+    EXPECT_TRUE(std::isnan(positive) && !std::signbit(positive)) << inner;
+  }
+}
+
+template <class T>
+void expectRoundTrips(const char* inner) {
+  using Limits = std::numeric_limits<T>;
+  for (const T value : {T(0.1), T(1) / 3, T(-0.0), Limits::max(), Limits::lowest(), Limits::min(),
+                        Limits::denorm_min(), Limits::min() - Limits::denorm_min(),
+                        std::nextafter(T(1), T(2)), T(123456789)}) {
+    const COSValue word = COSValue::fromDouble(value);
+    EXPECT_EQ(wordOf(inner, textOf(inner, word).c_str()), word) << inner << " " << value;
+  }
+}
+
+TEST_F(Scalars, FloatsPrintTheDigitsThatReadBackTheSameBits) {
+  expectRoundTrips<double>("double scalar");
+  expectRoundTrips<float>("single scalar");
+  EXPECT_EQ(textOf("double", COSValue::fromDouble(0.1)), "0.10000000000000001");
+  EXPECT_EQ(textOf("single", COSValue::fromDouble(0.1)), "0.100000001");
+  EXPECT_EQ(textOf("double", COSValue::fromDouble(-std::numeric_limits<double>::max())),
+            "-1.7976931348623157e+308");
+  // A single travels as the bits of a double, and the double keeps what the float has.
+  EXPECT_EQ(wordOf("float", "0.1")->bits(), std::bit_cast<std::uint64_t>(double{0.1F}));
+  EXPECT_EQ(textOf("float", COSValue::fromDouble(1e300)), "inf");
+}
+
+TEST_F(Scalars, LogicalsAreTrueAndFalse) {
+  EXPECT_EQ(wordOf("logical scalar", "true"), COSValue::fromLogical(true));
+  EXPECT_EQ(wordOf("logical", "false"), COSValue::fromLogical(false));
+  EXPECT_EQ(textOf("logical", COSValue::fromInteger(0x100)), "true");
+  EXPECT_EQ(textOf("logical", COSValue()), "false");
+  for (const char* text :
+       {"", "TRUE", "True", "t", "tru", "truee", " true", "true ", "1", "0", "on", "FALSE", "fals"})
+    EXPECT_FALSE(wordOf("logical", text)) << text;
+  EXPECT_FALSE(wordOf("logical", nullptr));
+}
+
+TEST_F(Scalars, StringsAreCopied) {
+  const COSTypeConversion& strings = *conversion("string");
+  for (const char* text : {"", "some text", "\xC3\xA9 "}) {
+    const COSValue word = COSValue::fromPointer(text);
+    for (const COSValue copy : {strings.from(word), strings.to(word)}) {
+      EXPECT_NE(copy, word);
+      EXPECT_STREQ(copy.asPointer<char>(), text);
+      utFree(copy.asPointer<char>());
+    }
+  }
+  EXPECT_TRUE(strings.from(COSValue()).isNull());
+  EXPECT_TRUE(strings.to(COSValue()).isNull());
+}
+
+TEST_F(Scalars, AllocateTheTextThatTheyGiveAndNothingElse) {
+  const GroupingLocale locale("\3");
+  const std::pair<const char*, const char*> cases[] = {
+      {"int8 scalar", "A"},        {"int16 scalar", "-32,768"}, {"uint32 scalar", "4,294,967,295"},
+      {"int64 scalar", "-1"},      {"single scalar", "-nan"},   {"double scalar", "infinity"},
+      {"logical scalar", "false"},
+  };
+  for (const auto& [inner, text] : cases) {
+    const COSTypeConversion& scalar = *conversion(inner);
+    const std::uint64_t news = test::newCount();
+    const std::uint64_t allocations = vghost::faults::allocationCount();
+    const COSValue word = scalar.from(COSValue::fromPointer(text));
+    EXPECT_EQ(vghost::faults::allocationCount() - allocations, 0U) << inner;
+    const COSValue printed = scalar.to(word);
+    EXPECT_EQ(vghost::faults::allocationCount() - allocations, 1U) << inner;
+    EXPECT_EQ(test::newCount() - news, 0U) << inner;
+    utFree(printed.asPointer<char>());
+
+    vghost::faults::failAllocation(1, vghost::faults::Repeat::Once);
+    EXPECT_THROW(scalar.to(word), vcos::COSOutOfMemoryException) << inner;
+    vghost::faults::disarm();
+  }
+
+  // Where the stream's own memory fails the text is not to blame.
+  test::failNew(1);
+  EXPECT_THROW(conversion("double scalar")->from(COSValue::fromPointer("1.5")), std::bad_alloc);
+  test::failNoNew();
+}
+
+}  // namespace
