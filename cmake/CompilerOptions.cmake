@@ -19,6 +19,10 @@ if(VGDT_COVERAGE)
   add_link_options(--coverage)
 endif()
 
+# Calls within a source file may be inlined, and those into another library go straight to their
+# address.
+add_compile_options(-fno-semantic-interposition -fno-plt)
+
 # A function's statics must not keep the library from being unloaded.
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
   add_compile_options(-fno-gnu-unique)

@@ -27,6 +27,8 @@ install(FILES ${catalogues} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/graphics/dat
 target_include_directories(vgdatatypes SYSTEM
   PRIVATE ${JNI_INCLUDE_DIR} ${JNI_INCLUDE_DIR}/linux)
 target_link_libraries(vgdatatypes PUBLIC vghost PRIVATE Boost::headers)
+# Nothing replaces the library's own symbols: they are bound when it is linked, not when it is loaded.
+target_link_options(vgdatatypes PRIVATE LINKER:-Bsymbolic LINKER:-z,pack-relative-relocs)
 set_target_properties(vgdatatypes PROPERTIES
   VERSION ${PROJECT_VERSION} SOVERSION 0
   VERIFY_INTERFACE_HEADER_SETS ON)

@@ -1,52 +1,67 @@
 #include "EnumeratedType.ipp"
+#include "PropertyDataType.ipp"
 #include "TypeRegistration.h"
 
 #include <graphics/datatype/enumerated_types.h>
 
 namespace graphics::datatype {
 
-EnumBase::~EnumBase() = default;
+/// All enumerated types report one size, and start from a default-constructed value.
+template <class Value>
+struct EnumeratedTypeTraits {
+  static constexpr std::size_t kBytes = reportedBytes(kEnumeratedTypes);
+  static_assert(sizeof(Value) == kBytes);
+  static Value* createDefault() { return new Value; }
+};
+
+template <class Conversion, class DataType>
+vcos::COSTypeConversion* makeConversion(vcos::COSDataType* type) {
+  return new Conversion(*static_cast<DataType*>(type));
+}
+
+// clang-format off
 
 #define VGDT_ENUM_TYPE(Type, Style, Default)                 \
   class Type##Enumeration final : public WordEnumeration {}; \
   template <>                                                \
-  struct EnumerationOf<Type> {                               \
-    using Class = Type##Enumeration;                         \
-  };                                                         \
-  template <>                                                \
   struct PropertyTypeTraits<Type##DataType> : EnumeratedTypeTraits<Type> {};
 #include "enumerated_types.def"
 
-#define VGDT_DEFINE_TABLE(Style, Names)         \
-  Style::Style() : EnumStringType(#Style) {     \
-    addNames<Names>(*this);                     \
-  }                                             \
-  Style::~Style() = default;                    \
-  Style* Style::getInstance() {                 \
-    static constinit Style* instance = nullptr; \
-    if (!instance) instance = new Style;        \
-    return instance;                            \
+#define VGDT_DEFINE_TABLE(Style, TypeOrTable)                                                    \
+  Style::Style() : EnumStringType(#Style) { addNames(*this, NamesOf<TypeOrTable>::kRows); }      \
+  Style::~Style() = default;                                                                     \
+  Style* Style::getInstance() {                                                                  \
+    static constinit Style* instance = nullptr;                                                  \
+    if (!instance) instance = new Style;                                                         \
+    return instance;                                                                             \
   }
 #define VGDT_ENUM_TYPE(Type, Style, Default) VGDT_DEFINE_TABLE(Style, Type)
 #define VGDT_ENUM_TABLE(Style) VGDT_DEFINE_TABLE(Style, Style)
 #include "enumerated_types.def"
 #undef VGDT_DEFINE_TABLE
 
-#define VGDT_ENUM_TYPE(Type, Style, Default)                      \
-  template class PropertyDataType<Type##DataType, Type>;          \
-  template class EnumeratedDataType<Type##DataType, Type, Style>; \
-  template class EnumeratedSC<Type##DataType>;                    \
-  template class EnumeratedVC<Type##DataType>;                    \
-  Type::~Type() = default;                                        \
-  Type##DataType::Type##DataType() = default;                     \
-  Type##DataType::~Type##DataType() = default;                    \
-  Type##SC::~Type##SC() = default;                                \
-  Type##VC::~Type##VC() = default;                                \
-  void init_GraphicsDatatype_##Type##DataType_callback() {        \
-    registerEnumeratedType<Type##DataType, Type##VC, Type##SC>(); \
-  }                                                               \
-  VGDT_QUEUE_AT_LOAD(init_GraphicsDatatype_##Type##DataType,      \
+#define VGDT_ENUM_TYPE(Type, Style, Default)                                                     \
+  Type::~Type() = default;                                                                       \
+  template vcos::COSDataType* PropertyDataType<Type##DataType, Type>::getType();                 \
+  template const char* PropertyDataType<Type##DataType, Type>::getDataTypeName();                \
+  Type##DataType::Type##DataType() = default;                                                    \
+  Type##DataType::~Type##DataType() = default;                                                   \
+  bool Type##DataType::isPossibleValuesFinite() const { return true; }                           \
+  vcos::Enumeration<vcos::COSValue> Type##DataType::getPossibleValues() const {                  \
+    return listValues(new Type##Enumeration, NamesOf<Type>::kRows, *this, makeValue<Type>);      \
+  }                                                                                              \
+  Type##SC::~Type##SC() = default;                                                               \
+  Type##VC::~Type##VC() = default;                                                               \
+  void init_GraphicsDatatype_##Type##DataType_callback() {                                       \
+    auto* type = dynamic_cast<Type##DataType*>(Type##DataType::getType());                       \
+    if (!type) return;                                                                           \
+    registerType(type, Type##DataType::kDottedName, makeConversion<Type##VC, Type##DataType>,    \
+                 makeConversion<Type##SC, Type##DataType>);                                      \
+  }                                                                                              \
+  VGDT_QUEUE_AT_LOAD(init_GraphicsDatatype_##Type##DataType,                                     \
                      init_GraphicsDatatype_##Type##DataType_callback)
 #include "enumerated_types.def"
+
+// clang-format on
 
 }  // namespace graphics::datatype

@@ -8,7 +8,6 @@
 #include <gui_objects/InitializationCallbackRegistrar.h>
 #include <vcos/COSNameID.h>
 #include <vcos/COSTypeRepository.h>
-#include <vcos/exceptions.h>
 
 #include <utility>
 
@@ -34,17 +33,12 @@ void addConversion(const char* outside, const char* inner, Arguments&&... argume
                                          new Conversion(std::forward<Arguments>(arguments)...));
 }
 
-/// Adds a type and its conversions, which are made from `arguments`. What the class system refuses,
+/// Makes a conversion for a type.
+using MakeConversion = vcos::COSTypeConversion* (*)(vcos::COSDataType* type);
+
+/// Adds a type and its conversions for host arrays and for text. What the class system refuses,
 /// such as a type that is known already, ends this without a word; what was added before stays.
-template <class ArrayConversion, class TextConversion, class... Arguments>
-void registerType(vcos::COSDataType* type, const char* dottedName, const Arguments&... arguments) {
-  try {
-    registerDatatype(type);
-    addConversion<ArrayConversion>("any", dottedName, arguments...);
-    addConversion<TextConversion>("string", dottedName, arguments...);
-  } catch (const vcos::COSException&) {
-    // Start-up goes on with the next type.
-  }
-}
+void registerType(vcos::COSDataType* type, const char* dottedName, MakeConversion makeForArrays,
+                  MakeConversion makeForText);
 
 }  // namespace graphics::datatype

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cctype>
 #include <locale>
+#include <ranges>
 #include <string_view>
 
 namespace graphics::datatype {
@@ -19,25 +20,32 @@ using vcos::COSValue;
 
 namespace {
 
-constexpr std::size_t kUsualCount = 8;
-constexpr const char* kPackageName = "vortil.graphics.enumstyletypes";
+constexpr std::size_t kUsualCount = 4;
+constexpr std::string_view kPackageName = "vortil.graphics.enumstyletypes";
+
+/// The full name of a table.
+std::string inPackage(std::string_view name) {
+  std::string fullName;
+  fullName.reserve(kPackageName.size() + 1 + name.size());
+  return fullName.append(kPackageName).append(".").append(name);
+}
 
 std::string lowerCased(std::string_view text) {
-  std::string lowered(text);
-  for (char& c : lowered)
-    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return lowered;
+  const auto lowered = text | std::views::transform([](char c) {
+                         return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+                       });
+  return {lowered.begin(), lowered.end()};
 }
 
 /// The character classes of the global locale, looked up again only when that has changed.
 const std::ctype<char>& characterClasses() {
-  static std::locale known;
-  static const std::ctype<char>* classes = &std::use_facet<std::ctype<char>>(known);
-  if (const std::locale current; !(current == known)) {
-    known = current;
-    classes = &std::use_facet<std::ctype<char>>(known);
-  }
-  return *classes;
+  struct Known {
+    std::locale locale;
+    const std::ctype<char>* classes = &std::use_facet<std::ctype<char>>(locale);
+  };
+  static Known known;
+  if (const std::locale current; !(current == known.locale)) known = {current};
+  return *known.classes;
 }
 
 std::string_view trimmed(std::string_view text) {
@@ -52,7 +60,7 @@ std::string_view trimmed(std::string_view text) {
 
 /// The place of a name's first character in the index.
 std::size_t placeOf(const std::string& name) {
-  return static_cast<unsigned char>(name.c_str()[0]) % 64;
+  return static_cast<unsigned char>(name.c_str()[0]) % 128;
 }
 
 /// Byte by byte: nearly all names differ in the first one.
@@ -63,10 +71,10 @@ bool begins(std::string_view beginning, std::string_view name) {
 }  // namespace
 
 VGTypedEnumStringType::VGTypedEnumStringType(const char* name) {
-  register_package(kPackageName, noDescription, noDetails);
-  std::string fullName;
-  fullName.append(kPackageName).append(".").append(name);
-  const COSDataTypePtr baseType = COSTypeRepository::getType(COSNameID("uint32 scalar"));
+  register_package(kPackageName.data(), noDescription, noDetails);
+  const std::string fullName = inPackage(name);
+  static const COSNameID baseTypeName("uint32 scalar");
+  const COSDataTypePtr baseType = COSTypeRepository::getType(baseTypeName);
   const COSDataTypePtr known = COSTypeRepository::getType(COSNameID(fullName.c_str()));
   if (vcos::COSDataType* hostType = known.getObject()) {
     hostEnumType_ = dynamic_cast<vcos::TypedEnumStringType*>(hostType);
@@ -87,9 +95,9 @@ void VGTypedEnumStringType::addElement(COSValue value, const char* name) {
   if (!hostEnumType_ || hostEnumType_->isValidEnumName(lowered.c_str())) return;
   lowerCaseNames_.push_back(std::move(lowered));
   const std::string& added = lowerCaseNames_.back();
-  std::uint16_t& first = firstPosition_[placeOf(added)];
+  std::uint8_t& first = firstPosition_[placeOf(added)];
   if (first == 0)
-    first = static_cast<std::uint16_t>(std::min<std::size_t>(lowerCaseNames_.size(), UINT16_MAX));
+    first = static_cast<std::uint8_t>(std::min<std::size_t>(lowerCaseNames_.size(), UINT8_MAX));
   hostEnumType_->addElement(value, added.c_str());
 }
 

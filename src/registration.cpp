@@ -1,10 +1,12 @@
 #include "PackageTexts.h"
+#include "TypeRegistration.h"
 
 #include <graphics/datatype/HostAllocated.h>
 #include <graphics/datatype/registration.h>
 #include <gui_objects/InitializationCallbackRegistrar.h>
 #include <messages/catalog.h>
 #include <vcos/COSPackage.h>
+#include <vcos/exceptions.h>
 #include <vx/errors.h>
 
 #include <string>
@@ -69,12 +71,26 @@ COSPackage* register_package(const char* name, const char* (*description)(const 
 
 void registerDatatype(vcos::COSDataType* type) {
   type->getName();  // kept: the result is not used, but types may rely on being asked first
-  const COSNameID packageName(kPackageName);
+  static const COSNameID packageName(kPackageName);
   if (!COSPackage::getPackage(packageName))
     register_package(kPackageName, noDescription, noDetails);
   COSPackage* package = COSPackage::getPackage(packageName);
   if (!package) vxErrMsgId(component_VORTIL::catalog_vg::key_VCOSPackageNotFound());
   package->addDataType(type);
+}
+
+void registerType(vcos::COSDataType* type, const char* dottedName, MakeConversion makeForArrays,
+                  MakeConversion makeForText) {
+  try {
+    registerDatatype(type);
+    static const COSNameID array("any");
+    static const COSNameID text("string");
+    const COSNameID inner(dottedName);
+    vcos::COSTypeRepository::addConversion(array, inner, makeForArrays(type));
+    vcos::COSTypeRepository::addConversion(text, inner, makeForText(type));
+  } catch (const vcos::COSException&) {
+    // Start-up goes on with the next type.
+  }
 }
 
 }  // namespace graphics::datatype

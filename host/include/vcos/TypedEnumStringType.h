@@ -79,7 +79,7 @@ class VGHOST_API TypedEnumStringType final : public COSDataType, public Enumerat
   std::vector<Element> elements_;
   /// For each first character (several share a place), where the elements with it begin, counted
   /// from 1; 0 says that there are none.
-  std::array<std::uint16_t, 64> firstPosition_{};
+  std::array<std::uint8_t, 128> firstPosition_{};
 };
 
 }  // namespace vcos

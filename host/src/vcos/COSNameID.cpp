@@ -36,7 +36,7 @@ Names& internedNames() {
   static Names& names = []() -> Names& {
     constexpr std::size_t kBlock = 16384;
     auto& memory = *new std::pmr::monotonic_buffer_resource(kBlock);
-    auto& made = *new Names(512, &memory);
+    auto& made = *new Names(256, &memory);
     made.emplace("");
     return made;
   }();

@@ -6,6 +6,7 @@
 
 #include <cstring>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 
 namespace vcos {
@@ -81,8 +82,11 @@ void COSPackage::addClass(COSClass* newClass) {
 
 void COSPackage::addDataType(COSDataType* type) {
   countHostCall("addDataType");
+  const std::string_view path = name_.c_str();
+  const std::string_view leaf = type->getName();
   std::string name;
-  name.append(name_.c_str()).append(".").append(type->getName());
+  name.reserve(path.size() + 1 + leaf.size());
+  name.append(path).append(".").append(leaf);
   types_.push_back(type);
   try {
     COSTypeRepository::addType(COSNameID(name.c_str()), type);

@@ -66,7 +66,7 @@ void add(Repository& repository, COSNameID name, COSDataType* type) {
 std::unique_ptr<Repository> createRepository() {
   auto repository = std::make_unique<Repository>();
   repository->types.reserve(kUsualTypes);
-  repository->conversions.reserve(3 * kUsualTypes);
+  repository->conversions.reserve(kUsualTypes);
   repository->builtInTypes = makeBuiltInTypes();
   for (const auto& type : repository->builtInTypes)
     add(*repository, COSNameID(type->getName()), type.get());

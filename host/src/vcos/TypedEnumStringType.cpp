@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstring>
 #include <memory>
-#include <string_view>
 
 namespace vcos {
 
@@ -15,11 +14,11 @@ EnumerationType::~EnumerationType() = default;
 
 namespace {
 
-constexpr std::size_t kUsualCount = 8;
+constexpr std::size_t kUsualCount = 4;
 
 /// The place of a name's first character in the index.
 std::size_t placeOf(const char* name) noexcept {
-  return static_cast<unsigned char>(*name) % 64;
+  return static_cast<unsigned char>(*name) % 128;
 }
 
 }  // namespace
@@ -52,9 +51,8 @@ const TypedEnumStringType::Element* TypedEnumStringType::find(const char* name) 
   if (!name) return nullptr;
   const std::size_t first = firstPosition_[placeOf(name)];
   if (first == 0) return nullptr;
-  const std::string_view wanted = name;
   for (std::size_t i = first - 1; i < elements_.size(); ++i)
-    if (elements_[i].name == wanted) return &elements_[i];
+    if (std::strcmp(elements_[i].name.c_str(), name) == 0) return &elements_[i];
   return nullptr;
 }
 
@@ -65,9 +63,9 @@ void TypedEnumStringType::addElement(COSValue value, const char* name) {
     return;
   }
   elements_.push_back({name, value});
-  std::uint16_t& first = firstPosition_[placeOf(name)];
-  const std::size_t position = std::min<std::size_t>(elements_.size(), UINT16_MAX);
-  if (first == 0) first = static_cast<std::uint16_t>(position);
+  std::uint8_t& first = firstPosition_[placeOf(name)];
+  if (first == 0)
+    first = static_cast<std::uint8_t>(std::min<std::size_t>(elements_.size(), UINT8_MAX));
 }
 
 std::size_t TypedEnumStringType::getEnumLength() const {

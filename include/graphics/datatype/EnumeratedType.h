@@ -1,12 +1,11 @@
 #pragma once
 
-/// What the classes of the enumerated types derive from. <graphics/datatype/enumerated_types.h> has
-/// the classes themselves.
+/// What the value classes and the conversions of the enumerated types derive from.
+/// <graphics/datatype/enumerated_types.h> has the classes themselves.
 
 #include <graphics/datatype/EnumBase.h>
 #include <graphics/datatype/EnumCache.h>
 #include <graphics/datatype/HostAllocated.h>
-#include <graphics/datatype/PropertyDataType.h>
 #include <vcos/COSTypeConversion.h>
 
 namespace graphics::datatype {
@@ -29,19 +28,6 @@ class EnumeratedValue : public EnumBase, public Enumerators, public HostAllocate
  private:
   int enumValue_;
   [[maybe_unused]] void* enumCompanion_ = nullptr;  // part of the layout that callers know
-};
-
-/// The data type of an enumerated type: its table of names and its description in one object.
-template <class Type, class Value, class Style>
-class VGDT_API EnumeratedDataType : public Style, public PropertyDataType<Type, Value> {
- public:
-  using StyleClass = Style;
-
-  bool isPossibleValuesFinite() const final;  ///< true
-  /// New values in the order of the table. Each belongs to the caller from nextElement() on; kept:
-  /// those that are never asked for are not ended. A failed allocation is a
-  /// vcos::COSOutOfMemoryException.
-  vcos::Enumeration<vcos::COSValue> getPossibleValues() const final;
 };
 
 /// Between a C string and a value of an enumerated type.

@@ -71,7 +71,7 @@ class VGDT_API VGTypedEnumStringType {
   /// For each first character, where in lowerCaseNames_ the names with it begin: none stands before
   /// the position, which counts from 1; 0 says that there is none at all. Several characters share
   /// a place.
-  std::array<std::uint16_t, 64> firstPosition_{};
+  std::array<std::uint8_t, 128> firstPosition_{};
 };
 
 }  // namespace graphics::datatype

@@ -17,7 +17,9 @@
 ///
 /// `cmake --build build/release --target show_enumerated_type` shows one of them in full.
 
+#include <graphics/datatype/EnumStringType.h>
 #include <graphics/datatype/EnumeratedType.h>
+#include <graphics/datatype/PropertyDataType.h>
 
 namespace graphics::datatype {
 
@@ -58,26 +60,33 @@ namespace graphics::datatype {
 #define VGDT_ENUM_TYPE(Type, Style, Default) VGDT_ENUM_TABLE(Style)
 #include "enumerated_types.def"
 
-/// The data types, their conversions, and the functions that register them: the first queues the
-/// second and runs at load; the second makes the type known, and does nothing if it is known.
-#define VGDT_ENUM_TYPE(Type, Style, Default)                                                     \
-  class VGDT_API Type##DataType final : public EnumeratedDataType<Type##DataType, Type, Style> { \
-   public:                                                                                       \
-    static constexpr const char* kDottedName = "vortil.graphics.datatype." #Type;                \
-    Type##DataType();                                                                            \
-    ~Type##DataType() override;                                                                  \
-  };                                                                                             \
-  class VGDT_API Type##SC final : public EnumeratedSC<Type##DataType> {                          \
-   public:                                                                                       \
-    using EnumeratedSC::EnumeratedSC;                                                            \
-    ~Type##SC() override;                                                                        \
-  };                                                                                             \
-  class VGDT_API Type##VC final : public EnumeratedVC<Type##DataType> {                          \
-   public:                                                                                       \
-    using EnumeratedVC::EnumeratedVC;                                                            \
-    ~Type##VC() override;                                                                        \
-  };                                                                                             \
-  VGDT_API bool init_GraphicsDatatype_##Type##DataType();                                        \
+/// The data types, which are tables of names; their conversions; and the functions that register
+/// them: the first queues the second and runs at load, the second does nothing for a known type.
+///
+/// getPossibleValues() gives new values in the order of the rows. Each belongs to the caller from
+/// nextElement() on; kept: those that are never asked for are not ended. A failed allocation is a
+/// vcos::COSOutOfMemoryException.
+#define VGDT_ENUM_TYPE(Type, Style, Default)                                               \
+  class VGDT_API Type##DataType final : public Style,                                      \
+                                        public PropertyDataType<Type##DataType, Type> {    \
+   public:                                                                                 \
+    static constexpr const char* kDottedName = "vortil.graphics.datatype." #Type;          \
+    Type##DataType();                                                                      \
+    ~Type##DataType() override;                                                            \
+    bool isPossibleValuesFinite() const override;                                          \
+    vcos::Enumeration<vcos::COSValue> getPossibleValues() const override;                  \
+  };                                                                                       \
+  class VGDT_API Type##SC final : public EnumeratedSC<Type##DataType> {                    \
+   public:                                                                                 \
+    using EnumeratedSC::EnumeratedSC;                                                      \
+    ~Type##SC() override;                                                                  \
+  };                                                                                       \
+  class VGDT_API Type##VC final : public EnumeratedVC<Type##DataType> {                    \
+   public:                                                                                 \
+    using EnumeratedVC::EnumeratedVC;                                                      \
+    ~Type##VC() override;                                                                  \
+  };                                                                                       \
+  VGDT_API bool init_GraphicsDatatype_##Type##DataType();                                  \
   VGDT_API void init_GraphicsDatatype_##Type##DataType_callback();
 #include "enumerated_types.def"
 
