@@ -6,9 +6,10 @@
 #include <vcos/TypedEnumStringType.h>
 
 #include <algorithm>
+#include <boost/container/small_vector.hpp>
 #include <cctype>
+#include <cstdint>
 #include <locale>
-#include <ranges>
 #include <string_view>
 
 namespace graphics::datatype {
@@ -30,11 +31,15 @@ std::string inPackage(std::string_view name) {
   return fullName.append(kPackageName).append(".").append(name);
 }
 
+char lowerCased(char c) {
+  return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+}
+
 std::string lowerCased(std::string_view text) {
-  const auto lowered = text | std::views::transform([](char c) {
-                         return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-                       });
-  return {lowered.begin(), lowered.end()};
+  std::string lowered(text);
+  for (char& c : lowered)
+    c = lowerCased(c);
+  return lowered;
 }
 
 /// The character classes of the global locale, looked up again only when that has changed.
@@ -48,14 +53,21 @@ const std::ctype<char>& characterClasses() {
   return *known.classes;
 }
 
-std::string_view trimmed(std::string_view text) {
-  const std::ctype<char>& classes = characterClasses();
-  const auto isSpace = [&classes](char c) { return classes.is(std::ctype_base::space, c); };
-  while (!text.empty() && isSpace(text.back()))
-    text.remove_suffix(1);
-  while (!text.empty() && isSpace(text.front()))
-    text.remove_prefix(1);
-  return text;
+/// In lower case, and then without white space at either end.
+std::string normalized(const char* text) {
+  boost::container::small_vector<char, 64> lowered;
+  for (; *text; ++text)
+    lowered.push_back(lowerCased(*text));
+  const auto isSpace = [&classes = characterClasses()](char c) {
+    return classes.is(std::ctype_base::space, c);
+  };
+  auto begin = lowered.begin();
+  auto end = lowered.end();
+  while (end != begin && isSpace(end[-1]))
+    --end;
+  while (begin != end && isSpace(*begin))
+    ++begin;
+  return {begin, end};
 }
 
 /// The place of a name's first character in the index.
@@ -95,10 +107,15 @@ void VGTypedEnumStringType::addElement(COSValue value, const char* name) {
   if (!hostEnumType_ || hostEnumType_->isValidEnumName(lowered.c_str())) return;
   lowerCaseNames_.push_back(std::move(lowered));
   const std::string& added = lowerCaseNames_.back();
+  try {
+    hostEnumType_->addElement(value, added.c_str());
+  } catch (...) {
+    lowerCaseNames_.pop_back();
+    throw;
+  }
   std::uint8_t& first = firstPosition_[placeOf(added)];
   if (first == 0)
     first = static_cast<std::uint8_t>(std::min<std::size_t>(lowerCaseNames_.size(), UINT8_MAX));
-  hostEnumType_->addElement(value, added.c_str());
 }
 
 std::size_t VGTypedEnumStringType::getEnumLength() const {
@@ -150,7 +167,7 @@ const char* VGTypedEnumStringType::getEnumFromPartialMatch(std::string name) con
 }
 
 const char* VGTypedEnumStringType::findName(const char* text) const {
-  return text ? getEnumFromPartialMatch(lowerCased(trimmed(text))) : nullptr;
+  return text ? getEnumFromPartialMatch(normalized(text)) : nullptr;
 }
 
 std::optional<COSValue> VGTypedEnumStringType::findEnumValue(const char* name) const {

@@ -1,20 +1,28 @@
 // Every allocation of start-up and of the conversions fails once, and from then on.
 
+#include "enumerated/Catalogue.h"
 #include "support/ChildProcess.h"
 #include "support/FailingNew.h"
 
+#include <graphics/datatype/EnumBase.h>
 #include <graphics/datatype/OnOffBooleanDataType.h>
+#include <graphics/datatype/enumerated_types.h>
 #include <graphics/datatype/vgdatatypes.h>
 #include <messages/exceptions.h>
 #include <ut/faults.h>
 #include <ut/memory.h>
+#include <vcos/COSTypeRepository.h>
 #include <vcos/TypeAccess.h>
 #include <vcos/exceptions.h>
 #include <vx/array.h>
 
+#include <cctype>
 #include <iterator>
 #include <new>
+#include <ostream>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 
@@ -75,8 +83,32 @@ std::uint64_t sweep(const Allocator& allocator, bool fromThenOn, Attempt&& attem
   return kFarTooMany;
 }
 
+/// One allocation of start-up has failed with `outcome`, or it and all later ones.
+void expectCleanFailure(Outcome outcome, bool fromThenOn) {
+  std::size_t complete = 0;
+  std::size_t missing = 0;
+  for (const test::EnumeratedType& type : test::kEnumeratedTypes) {
+    const int steps = test::registrationSteps(type.dottedName());
+    complete += steps == 3;
+    missing += steps == 0;
+  }
+  const std::size_t all = test::kEnumeratedTypes.size();
+  if (outcome == Outcome::OutOfMemory) {
+    EXPECT_GE(complete + missing, all - 1) << "more than one type is registered in part";
+    return;
+  }
+  // The memory of a package failed: nothing is said of the enumerated types that are missing, but
+  // on_off says something.
+  EXPECT_EQ(outcome, fromThenOn ? Outcome::HostError : Outcome::Succeeded);
+  EXPECT_EQ(complete, fromThenOn ? 0 : all - 1);
+  EXPECT_EQ(missing, fromThenOn ? all : 1);
+}
+
 TEST(AllocationSweep, StartUpFailsCleanlyAtEveryAllocation) {
-  // Start-up works once in a process, so each attempt has one of its own.
+  // Start-up works once in a process, so each attempt has one of its own. All types do the same, so
+  // those after the first few are met by a stride that comes to each of their steps.
+  constexpr std::uint64_t kAllUpTo = 150;
+  constexpr std::uint64_t kStride = 7;
   for (const Allocator& allocator : kAllocators) {
     std::uint64_t allocations = 0;
     int ends[2];
@@ -90,110 +122,242 @@ TEST(AllocationSweep, StartUpFailsCleanlyAtEveryAllocation) {
     ASSERT_EQ(read(ends[0], &allocations, sizeof allocations), ssize_t{sizeof allocations});
     ASSERT_GT(allocations, 0U);
     for (const bool fromThenOn : {false, true}) {
-      for (std::uint64_t nth = 1; nth <= allocations; ++nth) {
-        SCOPED_TRACE(testing::Message() << allocator.name << " number " << nth);
+      for (std::uint64_t nth = 1; nth <= allocations; nth += nth < kAllUpTo ? 1 : kStride) {
+        SCOPED_TRACE(testing::Message() << allocator.name << " number " << nth
+                                        << (fromThenOn ? " and all later ones" : ""));
         test::inChildProcess([&] {
           allocator.fail(nth, fromThenOn);
           const Outcome outcome = outcomeOf(VLInitialize_vgdatatypes);
           allocator.heal();
-          EXPECT_NE(outcome, Outcome::Succeeded);
+          expectCleanFailure(outcome, fromThenOn);
           VLInitialize_vgdatatypes();  // has no effect any more
+          expectCleanFailure(outcome, fromThenOn);
         });
       }
     }
   }
 }
 
-struct Conversion {
-  const char* name;
-  /// Does the work and returns what it gave, as text.
-  std::string (*run)(const vcos::TypeAccess& type);
-  /// Whether each of kAllocators is called for it.
-  bool allocates[std::size(kAllocators)];
+/// A type with a value to work on. What it holds is on the host's own heap or made beforehand, so
+/// that it is no part of a sweep.
+struct Subject {
+  vcos::TypeAccess access;
+  std::string text;
+  ArrayOwner array;
+  COSValue value;
+  int (*numberOf)(COSValue value);
+
+  const vcos::COSDataType& type() const { return access.dataType(); }
 };
 
-const char* textOf(COSValue value) {
-  return value.asLogical() ? "true" : "false";
+Subject subjectOf(const std::string& dottedName, std::string text,
+                  int (*numberOf)(COSValue value)) {
+  const auto access = vcos::TypeAccess::find(vcos::COSNameID(dottedName.c_str())).value();
+  ArrayOwner array(vxCreateString(text.c_str()));
+  return {access, std::move(text), std::move(array), access.dataType().getDefaultValue(), numberOf};
 }
 
-/// On the host's own heap, so that making it is no part of the sweep.
-const vxArray* onArray() {
-  static const vxArray* array = vxCreateString("ON");
-  return array;
+Subject onOff() {
+  return subjectOf("vortil.graphics.datatype.on_off", "ON",
+                   [](COSValue value) { return value.asLogical() ? 1 : 0; });
 }
+
+Subject subjectOf(const test::EnumeratedType& type) {
+  std::string text = " " + type.names.back().first + " ";
+  for (char& c : text)
+    c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  return subjectOf(type.dottedName(), text, [](COSValue value) {
+    return value.asPointer<const graphics::datatype::EnumBase>()->getIntValue();
+  });
+}
+
+/// What a conversion gave; 0 is what none gives.
+using Result = std::size_t;
+
+Result resultOf(const Subject& subject, COSValue value) {
+  const vcos::OwnedValue owner(subject.type(), value);
+  return static_cast<Result>(100 + subject.numberOf(value));
+}
+Result resultOf(const std::string& text) {
+  return std::hash<std::string>()(text);
+}
+
+struct Conversion {
+  const char* name;
+  Result (*run)(const Subject& subject);
+  /// Whether each of kAllocators is called for it, for on_off and for an enumerated type.
+  bool onOff[std::size(kAllocators)];
+  bool enumerated[std::size(kAllocators)];
+};
 
 constexpr Conversion kConversions[] = {
     {"text to value",
-     [](const auto& type) { return std::string(textOf(type.fromText("ON"))); },
+     [](const Subject& s) { return resultOf(s, s.access.fromText(s.text.c_str())); },
+     {false, true},
      {false, true}},
     {"array to value",
-     [](const auto& type) { return std::string(textOf(type.fromArray(onArray()))); },
-     {false, false}},
+     [](const Subject& s) { return resultOf(s, s.access.fromArray(s.array.get())); },
+     {false, false},
+     {false, true}},
     {"value to text",
-     [](const auto& type) { return *type.toText(COSValue::fromLogical(true)); },
-     {false, false}},
+     [](const Subject& s) { return resultOf(*s.access.toText(s.value)); },
+     {false, false},
+     {false, true}},
     {"value to array",
-     [](const auto& type) {
-       return vxArrayToStdString(type.toArray(COSValue::fromLogical(true)).get());
-     },
+     [](const Subject& s) { return resultOf(vxArrayToStdString(s.access.toArray(s.value).get())); },
+     {false, true},
      {false, true}},
     {"possible values",
-     [](const auto& type) {
-       auto values = type.dataType().getPossibleValues();
-       return std::string(textOf(values.nextElement())) + textOf(values.nextElement());
+     [](const Subject& s) {
+       Result result = 0;
+       for (auto values = s.type().getPossibleValues(); values.hasMoreElements();)
+         result = 31 * result + resultOf(s, values.nextElement());
+       return result;
      },
+     {true, true},
      {true, true}},
+    {"copy",
+     [](const Subject& s) { return resultOf(s, s.type().copy(s.value)); },
+     {false, false},
+     {false, true}},
 };
 
-TEST(AllocationSweep, ConversionsOfOnOffFailCleanlyAtEveryAllocation) {
-  VLInitialize_vgdatatypes();
-  const auto type = vcos::TypeAccess::find(vcos::COSNameID("vortil.graphics.datatype.on_off"));
-  ASSERT_TRUE(type);
-  for (const Conversion& conversion : kConversions) {
-    const std::string expected = [&] {
-      onArray();
-      return conversion.run(*type);
-    }();
-    const std::size_t arrays = vghost::liveArrays();
-    const std::size_t blocks = vghost::liveBlocks();
-    for (std::size_t i = 0; i < std::size(kAllocators); ++i) {
-      for (const bool fromThenOn : {false, true}) {
-        SCOPED_TRACE(conversion.name);
-        const std::uint64_t failures =
-            sweep(kAllocators[i], fromThenOn, [&](const auto& allocator) {
-              std::string result;
-              const Outcome outcome = outcomeOf([&] { result = conversion.run(*type); });
-              allocator.heal();
-              EXPECT_EQ(result, outcome == Outcome::Succeeded ? expected : "");
-              EXPECT_EQ(conversion.run(*type), expected) << "after the failure";
-              EXPECT_EQ(vghost::liveArrays(), arrays);
-              EXPECT_EQ(vghost::liveBlocks(), blocks);
-            });
-        EXPECT_EQ(failures > 0, conversion.allocates[i]);
-      }
+/// Fails every allocation of a conversion.
+void expectCleanFailures(const Subject& subject, const Conversion& conversion,
+                         const bool (&allocates)[std::size(kAllocators)]) {
+  SCOPED_TRACE(testing::Message() << subject.type().getName() << ", " << conversion.name);
+  const Result expected = conversion.run(subject);
+  const std::size_t arrays = vghost::liveArrays();
+  const std::size_t blocks = vghost::liveBlocks();
+  for (std::size_t i = 0; i < std::size(kAllocators); ++i) {
+    for (const bool fromThenOn : {false, true}) {
+      const std::uint64_t failures = sweep(kAllocators[i], fromThenOn, [&](const auto& allocator) {
+        Result result = 0;
+        const Outcome outcome = outcomeOf([&] { result = conversion.run(subject); });
+        allocator.heal();
+        EXPECT_EQ(result, outcome == Outcome::Succeeded ? expected : 0);
+        EXPECT_EQ(conversion.run(subject), expected) << "after the failure";
+        EXPECT_EQ(vghost::liveArrays(), arrays);
+        EXPECT_EQ(vghost::liveBlocks(), blocks);
+      });
+      EXPECT_EQ(failures > 0, allocates[i]) << kAllocators[i].name;
     }
   }
 }
 
+TEST(AllocationSweep, ConversionsFailCleanlyAtEveryAllocation) {
+  test::inChildProcess([] {
+    VLInitialize_vgdatatypes();
+    for (const Conversion& conversion : kConversions) {
+      expectCleanFailures(onOff(), conversion, conversion.onOff);
+      for (const test::EnumeratedType& type : test::kEnumeratedTypes)
+        expectCleanFailures(subjectOf(type), conversion, conversion.enumerated);
+    }
+  });
+}
+
 TEST(AllocationSweep, TheFirstArrayOfAValueMayFailAndIsMadeAtTheNextCall) {
+  const auto expectNames = [](const vcos::COSTypeConversion& conversion, const Allocator& allocator,
+                              std::uint64_t nth, COSValue first, COSValue second,
+                              std::string_view names) {
+    const auto nameOf = [&](COSValue value) {
+      return vxArrayToStdString(ArrayOwner(conversion.to(value).asPointer<vxArray>()).get());
+    };
+    allocator.fail(nth, false);
+    static_cast<void>(outcomeOf([&] { nameOf(second); }));
+    allocator.heal();
+    EXPECT_EQ(nameOf(first) + " " + nameOf(second), names);
+  };
   for (const Allocator& allocator : kAllocators) {
     for (std::uint64_t nth = 1; nth <= 8; ++nth) {
       test::inChildProcess([&] {
+        using namespace graphics::datatype;
         VLInitialize_vgdatatypes();
-        const graphics::datatype::OnOffBooleanVC conversion;
-        const auto onOff = [&](bool value) {
-          const ArrayOwner array(
-              conversion.to(COSValue::fromLogical(value)).template asPointer<vxArray>());
-          return vxArrayToStdString(array.get());
-        };
-        allocator.fail(nth, false);
-        static_cast<void>(outcomeOf([&] { onOff(false); }));
-        allocator.heal();
-        EXPECT_EQ(onOff(true), "on");
-        EXPECT_EQ(onOff(false), "off");
+        expectNames(OnOffBooleanVC(), allocator, nth, COSValue::fromLogical(true),
+                    COSValue::fromLogical(false), "on off");
+        const LineStyle solid;
+        const LineStyle dashed(LineStyle::kDashed);
+        expectNames(
+            LineStyleVC(dynamic_cast<const LineStyleDataType&>(*LineStyleDataType::getType())),
+            allocator, nth, COSValue::fromPointer(&solid), COSValue::fromPointer(&dashed), "- --");
       });
     }
   }
+}
+
+TEST(AllocationSweep, TheDefaultMayFailAndIsMadeAtTheNextCall) {
+  test::inChildProcess([] {
+    VLInitialize_vgdatatypes();
+    for (const test::EnumeratedType& each : test::kEnumeratedTypes) {
+      const auto* type =
+          vcos::COSTypeRepository::getType(vcos::COSNameID(each.dottedName().c_str())).getObject();
+      vghost::faults::failAllocation(1, Repeat::Once);
+      EXPECT_THROW(type->getDefaultValue(), vcos::COSOutOfMemoryException);
+      EXPECT_FALSE(type->getDefaultValue().isNull());
+      EXPECT_EQ(type->getDefaultValue(), type->getDefaultValue());
+    }
+  });
+}
+
+/// What some work takes, and leaves behind.
+struct Cost {
+  std::uint64_t news, hostAllocations;
+  std::size_t blocks, arrays;
+
+  friend bool operator==(const Cost&, const Cost&) = default;
+  friend std::ostream& operator<<(std::ostream& out, const Cost& cost) {
+    return out << cost.news << " new, " << cost.hostAllocations << " host allocations, "
+               << cost.blocks << " blocks and " << cost.arrays << " arrays stay";
+  }
+};
+
+template <class Work>
+Cost costOf(Work&& work) {
+  const auto now = [] {
+    return Cost{test::newCount(), vghost::faults::allocationCount(), vghost::liveBlocks(),
+                vghost::liveArrays()};
+  };
+  const Cost before = now();
+  work();
+  const Cost after = now();
+  return {after.news - before.news, after.hostAllocations - before.hostAllocations,
+          after.blocks - before.blocks, after.arrays - before.arrays};
+}
+
+void expectLeanConversions(const Subject& subject) {
+  const vcos::COSTypeConversion& texts = *subject.access.textConversion();
+  const vcos::COSTypeConversion& arrays = *subject.access.arrayConversion();
+  static_cast<void>(subject.access.toArray(subject.value));  // the first array of a name is kept
+  COSValue value;
+  COSValue text;
+  COSValue array;
+  COSValue second;
+  const std::size_t blocks = vghost::liveBlocks();
+  const std::size_t liveArrays = vghost::liveArrays();
+  EXPECT_EQ(costOf([&] { value = texts.from(COSValue::fromPointer(subject.text.c_str())); }),
+            (Cost{0, 1, 1, 0}));
+  EXPECT_EQ(costOf([&] { text = texts.to(value); }), (Cost{0, 1, 1, 0}));
+  // The header; the characters are shared.
+  EXPECT_EQ(costOf([&] { array = arrays.to(subject.value); }), (Cost{0, 1, 0, 1}));
+  // The value, and the text in between.
+  EXPECT_EQ(costOf([&] { second = arrays.from(COSValue::fromPointer(subject.array.get())); }),
+            (Cost{0, 2, 1, 0}));
+  subject.type().destroy(value);
+  subject.type().destroy(second);
+  utFree(text.asPointer<char>());
+  vxDestroyArray(array.asPointer<vxArray>());
+  EXPECT_EQ(vghost::liveBlocks(), blocks);
+  EXPECT_EQ(vghost::liveArrays(), liveArrays);
+}
+
+TEST(AllocationCount, ConversionsOfEnumeratedTypesAllocateNothingButTheirResults) {
+  test::inChildProcess([] {
+    VLInitialize_vgdatatypes();
+    for (const test::EnumeratedType& type : test::kEnumeratedTypes) {
+      SCOPED_TRACE(type.name);
+      expectLeanConversions(subjectOf(type));
+    }
+  });
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include "enumerated/Catalogue.h"
 #include "support/ChildProcess.h"
 #include "support/FakeJavaEnvironment.h"
 #include "support/HostError.h"
@@ -5,6 +6,7 @@
 #include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <graphics/datatype/OnOffBooleanDataType.h>
+#include <graphics/datatype/enumerated_types.h>
 #include <graphics/datatype/registration.h>
 #include <graphics/datatype/vgdatatypes.h>
 #include <gui_objects/InitializationCallbackRegistrar.h>
@@ -15,9 +17,11 @@
 #include <vcos/exceptions.h>
 #include <vx/array.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <iterator>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -37,8 +41,8 @@ using testing::ElementsAre;
 using vcos::COSNameID;
 using vcos::COSPackage;
 
-/// While this is set the host finds no package, whatever was added.
-bool packagesAreLost = false;
+/// The host finds no package whose name begins with this, whatever was added.
+const char* lostPackages = nullptr;
 
 }  // namespace
 
@@ -47,7 +51,8 @@ COSPackage* COSPackage::getPackage(COSNameID name) {
   using GetPackage = COSPackage* (*)(COSNameID);
   static const auto real = reinterpret_cast<GetPackage>(
       dlsym(RTLD_NEXT, "_ZN4vcos10COSPackage10getPackageENS_9COSNameIDE"));
-  return packagesAreLost ? nullptr : real(name);
+  const bool isLost = lostPackages && std::string_view(name.c_str()).starts_with(lostPackages);
+  return isLost ? nullptr : real(name);
 }
 
 namespace {
@@ -65,17 +70,53 @@ void startByJava(test::FakeJavaEnvironment& env) {
 }
 
 constexpr const char* kOnOff = "vortil.graphics.datatype.on_off";
+constexpr const char* kLineStyle = "vortil.graphics.datatype.LineStyle";
+constexpr const char* kDataTypes = "vortil.graphics.datatype";
+constexpr const char* kTables = "vortil.graphics.enumstyletypes";
 constexpr const char* kMultipleRegistry = "VORTIL:datatypes:onoffboolean:MultipleRegistry";
+constexpr const char* kInjected = "VORTIL:host:InjectedFailure";
+
+/// What start-up leaves of the enumerated types.
+struct Registered {
+  std::size_t complete = 0;
+  std::size_t partly = 0;
+  std::size_t missing = 0;
+  std::size_t tables = 0;
+
+  friend bool operator==(const Registered&, const Registered&) = default;
+  friend std::ostream& operator<<(std::ostream& out, const Registered& counts) {
+    return out << counts.complete << " types, " << counts.partly << " more in part, "
+               << counts.missing << " missing, " << counts.tables << " tables";
+  }
+};
+
+Registered registeredTypes() {
+  Registered counts;
+  for (const test::EnumeratedType& type : test::kEnumeratedTypes) {
+    const int steps = test::registrationSteps(type.dottedName());
+    EXPECT_GE(steps, 0) << type.name;
+    ++(steps == 3 ? counts.complete : steps == 0 ? counts.missing : counts.partly);
+    counts.tables += typeNamed(type.tableName().c_str()) != nullptr;
+  }
+  return counts;
+}
+
+constexpr Registered kAll{46, 0, 0, 46};
+constexpr Registered kNone{0, 0, 46, 0};
 
 TEST(StartUp, LoadingAloneRegistersNothing) {
   inChildProcess([] {
     EXPECT_EQ(typeNamed(kOnOff), nullptr);
-    EXPECT_EQ(conversion("string", "bool"), nullptr);
+    EXPECT_EQ(registeredTypes(), kNone);
+    for (const char* package : {kDataTypes, kTables, "vortil"})
+      EXPECT_EQ(COSPackage::getPackage(COSNameID(package)), nullptr) << package;
+    for (const char* scalar : {"bool", "int", "string"})
+      EXPECT_EQ(conversion("string", scalar), nullptr) << scalar;
     EXPECT_EQ(svFindFeatureEntry("VG2DoubleConversionWarning"), nullptr);
   });
 }
 
-TEST(StartUp, RegistersFeaturePackagesTypeAndConversions) {
+TEST(StartUp, RegistersFeaturePackagesTypesAndConversions) {
   inChildProcess([] {
     VLInitialize_vgdatatypes();
     const svFeatureEntry* feature = svFindFeatureEntry("VG2DoubleConversionWarning");
@@ -84,19 +125,26 @@ TEST(StartUp, RegistersFeaturePackagesTypeAndConversions) {
     EXPECT_EQ(feature->onChange, nullptr);
     EXPECT_EQ(feature->command, nullptr);
 
-    COSPackage* package = COSPackage::getPackage(COSNameID("vortil.graphics.datatype"));
-    ASSERT_NE(package, nullptr);
-    EXPECT_STREQ(package->getInfo().getPackageName(), "datatype");
-    EXPECT_STREQ(package->getInfo().getPackageDescription(), "");
-    EXPECT_STREQ(package->getInfo().getPackageDetails(), "no details");
-    EXPECT_EQ(package->getInfo().getMethodSelector(), nullptr);
-    EXPECT_TRUE(package->getInfo().isDestructible());
-    EXPECT_TRUE(package->getInfo().isLocked());
-    EXPECT_THAT(package->getDataTypes(), ElementsAre(OnOffBooleanDataType::getType()));
+    for (const char* name : {kDataTypes, kTables}) {
+      COSPackage* package = COSPackage::getPackage(COSNameID(name));
+      ASSERT_NE(package, nullptr);
+      EXPECT_EQ(std::string("vortil.graphics.") + package->getInfo().getPackageName(), name);
+      EXPECT_STREQ(package->getInfo().getPackageDescription(), "");
+      EXPECT_STREQ(package->getInfo().getPackageDetails(), "no details");
+      EXPECT_EQ(package->getInfo().getMethodSelector(), nullptr);
+      EXPECT_TRUE(package->getInfo().isDestructible());
+      EXPECT_TRUE(package->getInfo().isLocked());
+    }
+    const auto& types = COSPackage::getPackage(COSNameID(kDataTypes))->getDataTypes();
+    EXPECT_EQ(types.size(), 47U);
+    EXPECT_THAT(types, testing::Contains(OnOffBooleanDataType::getType()));
+    EXPECT_THAT(types, testing::Contains(LineStyleDataType::getType()));
+    EXPECT_EQ(registeredTypes(), kAll);
 
     EXPECT_EQ(typeNamed(kOnOff), OnOffBooleanDataType::getType());
-    for (auto [outside, inner] : {std::pair{"any", kOnOff}, {"string", kOnOff}, {"string", "bool"}})
-      EXPECT_NE(conversion(outside, inner), nullptr) << outside << " " << inner;
+    EXPECT_EQ(test::registrationSteps(kOnOff), 3);
+    EXPECT_NE(conversion("string", "bool"), nullptr);
+    EXPECT_NE(conversion("string", "int"), nullptr);
     EXPECT_EQ(conversion("any", "bool"), nullptr);
   });
 }
@@ -124,14 +172,26 @@ TEST(StartUp, RunsOnceWhicheverEntryComesFirst) {
 TEST(StartUp, IsNotRetriedAfterAFailure) {
   inChildProcess([] {
     vghost::faults::failHostCall(1, vghost::faults::Repeat::Once);  // svRegisterFeature
-    EXPECT_EQ(identifierRaisedBy(VLInitialize_vgdatatypes), "VORTIL:host:InjectedFailure");
+    EXPECT_EQ(identifierRaisedBy(VLInitialize_vgdatatypes), kInjected);
     VLInitialize_vgdatatypes();
     EXPECT_EQ(svFindFeatureEntry("VG2DoubleConversionWarning"), nullptr);
     EXPECT_EQ(typeNamed(kOnOff), nullptr);
   });
 }
 
-TEST(StartUp, KeepsWhatWasRegisteredBeforeTheClassSystemRefuses) {
+class Taken final : public vcos::COSTypeConversion {
+  vcos::COSValue to(vcos::COSValue value) const override { return value; }
+  vcos::COSValue from(vcos::COSValue value) const override { return value; }
+};
+
+/// The pair of names has a conversion already; returns that.
+const vcos::COSTypeConversion* take(const char* outside, const char* inner) {
+  auto* taken = new Taken;
+  vcos::COSTypeRepository::addConversion(COSNameID(outside), COSNameID(inner), taken);
+  return taken;
+}
+
+TEST(StartUp, OnOffReportsThatTheClassSystemRefusesAndKeepsWhatWasRegisteredBefore) {
   inChildProcess([] {
     VLInitialize_vgdatatypes();
     // A second run meets a type that is known already.
@@ -140,18 +200,12 @@ TEST(StartUp, KeepsWhatWasRegisteredBeforeTheClassSystemRefuses) {
     EXPECT_EQ(identifierRaisedBy([&] { registry->initialize(); }), kMultipleRegistry);
     EXPECT_EQ(typeNamed(kOnOff), OnOffBooleanDataType::getType());
   });
-  class Taken final : public vcos::COSTypeConversion {
-    vcos::COSValue to(vcos::COSValue value) const override { return value; }
-    vcos::COSValue from(vcos::COSValue value) const override { return value; }
-  };
   // The order in which the conversions are registered.
   constexpr std::pair<const char*, const char*> kPairs[] = {
       {"any", kOnOff}, {"string", kOnOff}, {"string", "bool"}};
   for (std::size_t refused = 0; refused < std::size(kPairs); ++refused) {
     inChildProcess([&] {
-      auto* taken = new Taken;
-      const auto [outside, inner] = kPairs[refused];
-      vcos::COSTypeRepository::addConversion(COSNameID(outside), COSNameID(inner), taken);
+      const auto* taken = take(kPairs[refused].first, kPairs[refused].second);
       EXPECT_EQ(identifierRaisedBy(VLInitialize_vgdatatypes), kMultipleRegistry);
       EXPECT_EQ(typeNamed(kOnOff), OnOffBooleanDataType::getType());
       for (std::size_t i = 0; i < std::size(kPairs); ++i) {
@@ -163,35 +217,134 @@ TEST(StartUp, KeepsWhatWasRegisteredBeforeTheClassSystemRefuses) {
   }
 }
 
-TEST(StartUp, ReportsAPackageThatCannotBeFoundAfterItWasAdded) {
+TEST(StartUp, AnEnumeratedTypeThatIsKnownEndsItsCallbackWithoutAWord) {
   inChildProcess([] {
-    packagesAreLost = true;
-    EXPECT_EQ(identifierRaisedBy(VLInitialize_vgdatatypes), "VORTIL:vg:VCOSPackageNotFound");
-    packagesAreLost = false;
     VLInitialize_vgdatatypes();
-    EXPECT_EQ(typeNamed(kOnOff), nullptr);
+    const vcos::COSTypeConversion* array = conversion("any", kLineStyle);
+    init_GraphicsDatatype_LineStyleDataType_callback();
+    EXPECT_TRUE(init_GraphicsDatatype_LineStyleDataType());
+    get_initialization_callback_registry()->initialize();
+    EXPECT_EQ(conversion("any", kLineStyle), array);
+    EXPECT_EQ(COSPackage::getPackage(COSNameID(kDataTypes))->getDataTypes().size(), 47U);
   });
 }
 
-TEST(StartUp, AnyFailingHostCallEitherPassesThroughOrIsReportedAsMultipleRegistry) {
+TEST(StartUp, AnEnumeratedTypeKeepsWhatWasRegisteredBeforeARefusalAndTheOthersGoOn) {
+  inChildProcess([] {
+    const auto* taken = take("any", kLineStyle);
+    VLInitialize_vgdatatypes();
+    EXPECT_EQ(typeNamed(kLineStyle), LineStyleDataType::getType());
+    EXPECT_EQ(conversion("any", kLineStyle), taken);
+    EXPECT_EQ(conversion("string", kLineStyle), nullptr);
+    EXPECT_EQ(registeredTypes(), (Registered{45, 1, 0, 46}));
+    EXPECT_EQ(test::registrationSteps(kOnOff), 3);
+  });
+  inChildProcess([] {
+    const auto* taken = take("string", kLineStyle);
+    VLInitialize_vgdatatypes();
+    EXPECT_EQ(typeNamed(kLineStyle), LineStyleDataType::getType());
+    EXPECT_NE(conversion("any", kLineStyle), nullptr);
+    EXPECT_EQ(conversion("string", kLineStyle), taken);
+    EXPECT_EQ(registeredTypes(), kAll);
+  });
+  inChildProcess([] {
+    vcos::COSDataType* other = OnOffBooleanDataType::getType();
+    vcos::COSTypeRepository::addType(COSNameID(kLineStyle), other);
+    VLInitialize_vgdatatypes();
+    EXPECT_EQ(typeNamed(kLineStyle), other);
+    EXPECT_EQ(conversion("any", kLineStyle), nullptr);
+    EXPECT_EQ(registeredTypes(), (Registered{45, 1, 0, 46}));
+  });
+}
+
+TEST(StartUp, ReportsAPackageThatCannotBeFoundAfterItWasAdded) {
+  inChildProcess([] {
+    lostPackages = kDataTypes;
+    EXPECT_EQ(identifierRaisedBy(VLInitialize_vgdatatypes), "VORTIL:vg:VCOSPackageNotFound");
+    lostPackages = nullptr;
+    VLInitialize_vgdatatypes();
+    EXPECT_EQ(registeredTypes().missing, 46U);
+    EXPECT_EQ(typeNamed(kOnOff), nullptr);
+  });
+  inChildProcess([] {
+    lostPackages = "vortil";
+    EXPECT_EQ(identifierRaisedBy([] { registerDatatype(OnOffBooleanDataType::getType()); }),
+              "VORTIL:vg:VCOSPackageNotFound");
+  });
+}
+
+/// How start-up ends if one host call fails.
+enum class Ending { Complete, Raised, MultipleRegistry, ClassSystem };
+
+Ending start() {
+  try {
+    const std::string identifier = identifierRaisedBy(VLInitialize_vgdatatypes);
+    if (identifier.empty()) return Ending::Complete;
+    if (identifier == kMultipleRegistry) return Ending::MultipleRegistry;
+    EXPECT_EQ(identifier, kInjected);
+    return Ending::Raised;
+  } catch (const vcos::COSException&) {
+    return Ending::ClassSystem;
+  }
+}
+
+/// What has to hold after the class system has refused one call.
+void expectHandled(Ending ending) {
+  const Registered types = registeredTypes();
+  const bool onOffIsComplete =
+      test::registrationSteps(kOnOff) == 3 && conversion("string", "bool") != nullptr;
+  EXPECT_NE(ending, Ending::Raised);
+  if (ending == Ending::Complete) {
+    // Refused while a type was registered: only the rest of that type is lost.
+    EXPECT_EQ(types.complete, 45U);
+    EXPECT_EQ(types.tables, 46U);
+    EXPECT_TRUE(onOffIsComplete);
+  } else {
+    // Refused to on_off, which says so; or before a type was registered, which ends the start-up.
+    EXPECT_EQ(types.partly, 0U);
+    EXPECT_EQ(types.tables, types.complete);
+    if (ending == Ending::MultipleRegistry)
+      EXPECT_FALSE(onOffIsComplete);
+    else
+      EXPECT_LT(types.complete, 46U);
+  }
+}
+
+TEST(StartUp, AFailingHostCallEndsItBarWhatTheClassSystemRefusesToAType) {
   using vghost::faults::Failure;
-  constexpr std::uint64_t kMoreCallsThanStartUpMakes = 40;
-  struct Case {
-    Failure failure;
-    const char* expected;
-  };
-  for (const Case& each : {Case{Failure::HostError, "VORTIL:host:InjectedFailure"},
-                           Case{Failure::ClassSystem, kMultipleRegistry}}) {
-    for (std::uint64_t nth = 2; nth <= kMoreCallsThanStartUpMakes; ++nth) {
-      inChildProcess([&] {  // the first call is svRegisterFeature, outside the handler
+  // All calls of the first types and, by a stride that comes to each step of a type, the rest.
+  constexpr std::uint64_t kAllUpTo = 100;
+  constexpr std::uint64_t kStride = 7;
+  constexpr std::uint64_t kMoreThanStartUpMakes = 10'000;
+  for (const Failure failure : {Failure::HostError, Failure::ClassSystem}) {
+    bool isOver = false;
+    for (std::uint64_t nth = 1; !isOver && nth < kMoreThanStartUpMakes;
+         nth += nth < kAllUpTo ? 1 : kStride) {
+      SCOPED_TRACE(testing::Message() << "call " << nth);
+      int ends[2];
+      ASSERT_EQ(pipe(ends), 0);
+      inChildProcess([&] {
         const std::uint64_t before = vghost::faults::hostCallCount();
-        vghost::faults::failHostCall(nth, vghost::faults::Repeat::Once, each.failure);
-        const std::string identifier = identifierRaisedBy(VLInitialize_vgdatatypes);
-        const bool failed = vghost::faults::hostCallCount() - before >= nth;
-        EXPECT_EQ(identifier, failed ? each.expected : "") << "call " << nth;
-        EXPECT_FALSE(failed && nth == kMoreCallsThanStartUpMakes);
+        vghost::faults::failHostCall(nth, vghost::faults::Repeat::Once, failure);
+        const Ending ending = start();
+        isOver = vghost::faults::hostCallCount() - before < nth;
+        vghost::faults::disarm();
+        ASSERT_EQ(write(ends[1], &isOver, sizeof isOver), ssize_t{sizeof isOver});
+        if (isOver) {
+          EXPECT_EQ(ending, Ending::Complete);
+          EXPECT_EQ(registeredTypes(), kAll);
+        } else if (failure == Failure::HostError) {
+          EXPECT_EQ(ending, Ending::Raised);
+          EXPECT_LE(registeredTypes().partly, 1U);
+        } else {
+          expectHandled(ending);
+        }
       });
+      ASSERT_EQ(read(ends[0], &isOver, sizeof isOver), ssize_t{sizeof isOver});
+      close(ends[0]);
+      close(ends[1]);
     }
+    EXPECT_TRUE(isOver);
   }
 }
 

@@ -33,14 +33,12 @@ using Names = std::pmr::unordered_set<std::pmr::string, TextHash, std::equal_to<
 
 /// The set's nodes never move, so a name is the address of its text.
 Names& internedNames() {
-  static Names& names = []() -> Names& {
-    constexpr std::size_t kBlock = 16384;
-    auto& memory = *new std::pmr::monotonic_buffer_resource(kBlock);
-    auto& made = *new Names(256, &memory);
-    made.emplace("");
-    return made;
-  }();
-  return names;
+  struct Interned {
+    std::pmr::monotonic_buffer_resource memory{16384};
+    Names names{{""}, 256, &memory};
+  };
+  static Interned& interned = *new Interned;
+  return interned.names;
 }
 
 const char* intern(std::string_view text) {

@@ -1,0 +1,274 @@
+#include "enumerated/PlainRule.h"
+
+#include <gmock/gmock.h>
+#include <graphics/datatype/EnumBase.h>
+#include <graphics/datatype/EnumCache.h>
+#include <graphics/datatype/EnumStringType.h>
+#include <graphics/datatype/OnOffBooleanDataType.h>
+#include <vcos/COSTypeRepository.h>
+#include <vcos/TypeAccess.h>
+#include <vcos/TypedEnumStringType.h>
+#include <vx/scopes.h>
+
+#include <array>
+#include <cctype>
+#include <initializer_list>
+#include <locale>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using graphics::datatype::EnumBase;
+using graphics::datatype::EnumStringType;
+using graphics::datatype::utils::EnumCache;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using vcos::ArrayOwner;
+using vcos::COSNameID;
+using vcos::COSTypeRepository;
+using vcos::COSValue;
+
+/// A table with these names and the values 10, 11, 12, ...
+struct Table : EnumStringType {
+  Table(std::initializer_list<const char*> names) : EnumStringType("Test") {
+    for (const char* name : names)
+      addEnumValue(name, 10 + static_cast<int>(getEnumLength()));
+  }
+};
+
+/// The name that a text stands for; "" for none.
+std::string found(const EnumStringType& table, const char* text) {
+  const COSValue value = table.getEnumValue(text);
+  EXPECT_EQ(table.isValidEnumName(text), !value.isNull()) << text;
+  return value.isNull() ? "" : table.getEnumString(value);
+}
+
+vcos::COSDataType* hostTypeOf(const char* table) {
+  const std::string name = std::string("vortil.graphics.enumstyletypes.") + table;
+  return COSTypeRepository::getType(COSNameID(name.c_str())).getObject();
+}
+
+TEST(EnumTable, FindsANameByWhatFitsNoOther) {
+  const Table colours = {"colormapped", "truecolor", "truecoloralpha", "red", "redder", "- -"};
+  const std::pair<const char*, const char*> kCases[] = {
+      {"truecolor", "truecolor"},
+      {"truecolora", "truecoloralpha"},
+      {"true", ""},
+      {"c", "colormapped"},
+      {"red", "red"},
+      {"redd", "redder"},
+      {"re", ""},
+      {"truecoloralphas", ""},
+      {"ruecolor", ""},
+      {"- -", "- -"},
+      {"-", "- -"},
+      {"- ", "- -"},
+      {"--", ""},
+      {"true color", ""},
+      {"", ""},
+      {"   ", ""},
+      {"\xFF", ""},
+      {"TrueColorA", "truecoloralpha"},
+  };
+  for (const auto& [text, name] : kCases)
+    EXPECT_EQ(found(colours, text), name) << text;
+  EXPECT_FALSE(colours.isValidEnumName(nullptr));
+}
+
+TEST(EnumTable, TakesNothingForTheOnlyName) {
+  EXPECT_EQ(found(Table{"alone"}, ""), "alone");
+  EXPECT_EQ(found(Table{"alone"}, " \t"), "alone");
+  EXPECT_EQ(found(Table{}, ""), "");
+  EXPECT_EQ(found(Table{"@", "not alone"}, ""), "");
+  EXPECT_EQ(found(Table{"not alone", "@"}, ""), "");
+}
+
+TEST(EnumTable, TrimsWhatTheGlobalLocaleCallsWhiteSpaceInTheLoweredText) {
+  /// "_" and "q" are the only white space, and "!" is the upper case of "o", which is not asked
+  /// for.
+  struct OddCtype : std::ctype<char> {
+    OddCtype() : ctype(table()) {}
+    static const mask* table() {
+      static const auto masks = [] {
+        std::array<mask, table_size> odd{};
+        odd['_'] = odd['q'] = space;
+        return odd;
+      }();
+      return masks.data();
+    }
+    char do_tolower(char c) const override { return c == '!' ? 'o' : c; }
+    const char* do_tolower(char* low, const char* high) const override {
+      for (; low != high; ++low)
+        *low = do_tolower(*low);
+      return high;
+    }
+  };
+  const Table table = {"auto", "manual"};
+  const auto find = [&] {
+    std::vector<std::string> names;
+    for (const char* text : {" \t\n\v\f\rAuto \t\n\v\f\r", "__Auto_", "qAUTOQ", "aut!", "au to"})
+      names.push_back(found(table, text));
+    return names;
+  };
+  EXPECT_THAT(find(), ElementsAre("auto", "", "", "", ""));
+  const std::locale old = std::locale::global(std::locale(std::locale(), new OddCtype));
+  const std::vector<std::string> odd = find();
+  std::locale::global(old);
+  EXPECT_THAT(odd, ElementsAre("", "auto", "auto", "", ""));
+  EXPECT_THAT(find(), ElementsAre("auto", "", "", "", ""));
+}
+
+TEST(EnumTable, KeepsNamesOnceAndInLowerCase) {
+  EnumStringType table("Test");
+  table.addEnumValue("AUTO", 3);
+  table.addEnumValue("auto", 7);
+  table.addEnumValue("Below", -1);
+  table.addEnumValue("bElow", 8);
+  EXPECT_EQ(table.getEnumLength(), 2U);
+  EXPECT_THAT(table.getEnumStrings(), ElementsAre("auto", "below"));
+  EXPECT_STREQ(table.getEnumString(COSValue::fromInteger(3)), "auto");
+  EXPECT_EQ(table.getEnumString(COSValue::fromInteger(7)), nullptr);
+  EXPECT_EQ(table.getEnumValue("B").bits(), ~std::uint64_t{0});
+  EXPECT_STREQ(table.getEnumString(COSValue::fromInteger(-1)), "below");
+}
+
+TEST(EnumTable, AsksTheHostForAmbiguityAndVisibility) {
+  const Table table = {"auto", "automatic", "manual"};
+  EXPECT_TRUE(table.isEnumNameAmbiguous("AU"));
+  for (const char* text : {"auto", "AUTO", " au", "m", "x"})
+    EXPECT_FALSE(table.isEnumNameAmbiguous(text)) << text;
+  EXPECT_TRUE(table.getEnumVisibility("auto"));
+  for (const char* text : {"AUTO", " auto", "man"})
+    EXPECT_FALSE(table.getEnumVisibility(text)) << text;
+  EXPECT_TRUE(table.isPossibleValuesFinite());
+}
+
+TEST(EnumTable, ASecondOneOfANameSharesTheHostTypeAndFindsNothing) {
+  {
+    const Table first = {"auto", "manual"};
+    const auto* host = hostTypeOf("Test");
+    ASSERT_NE(host, nullptr);
+    {
+      const Table second = {"auto", "MANUAL"};
+      EXPECT_EQ(second.getEnumLength(), 2U);
+      EXPECT_STREQ(second.getEnumString(COSValue::fromInteger(11)), "manual");
+      EXPECT_THAT(second.getEnumStrings(), IsEmpty());
+      EXPECT_EQ(found(second, "auto"), "");
+    }
+    EXPECT_EQ(hostTypeOf("Test"), host);
+    EXPECT_EQ(found(first, "m"), "manual");
+  }
+  EXPECT_EQ(hostTypeOf("Test"), nullptr);
+}
+
+TEST(EnumTable, StaysEmptyWhereAnotherKindOfTypeHasItsName) {
+  const COSNameID name("vortil.graphics.enumstyletypes.Test");
+  auto* other = graphics::datatype::OnOffBooleanDataType::getType();
+  COSTypeRepository::addType(name, other);
+  {
+    const Table table = {"auto", "manual"};
+    EXPECT_EQ(table.getEnumLength(), 0U);
+    EXPECT_THAT(table.getEnumStrings(), IsEmpty());
+    EXPECT_EQ(found(table, "auto"), "");
+    EXPECT_EQ(table.getEnumString(COSValue::fromInteger(10)), nullptr);
+    EXPECT_FALSE(table.isEnumNameAmbiguous("a"));
+    EXPECT_FALSE(table.getEnumVisibility("auto"));
+  }
+  EXPECT_EQ(hostTypeOf("Test"), other);
+  COSTypeRepository::removeType(name);
+}
+
+TEST(EnumTable, LetsAnHeirSayWhatATextStandsFor) {
+  struct Heir : EnumStringType {
+    Heir() : EnumStringType("Test") { addEnumValue("auto", 1); }
+    const char* getEnumFromPartialMatch(std::string name) const override {
+      return name == "otto mat" ? "auto" : "not a name";
+    }
+  };
+  const Heir table;
+  EXPECT_EQ(found(table, " Otto Mat\t"), "auto");
+  EXPECT_EQ(found(table, "auto"), "");
+}
+
+TEST(EnumTable, FindsWhatLookingAtAllNamesFinds) {
+  // Characters of one residue by 64, the case of a letter, and bytes above 127 among them.
+  constexpr std::string_view kAlphabet = "!aA@bB\x80\xC0\xE1- ";
+  std::mt19937 random(7);
+  const auto randomText = [&](std::size_t longest) {
+    std::string text(random() % (longest + 1), ' ');
+    for (char& c : text)
+      c = kAlphabet[random() % kAlphabet.size()];
+    return text;
+  };
+  for (const std::size_t size : {0U, 1U, 2U, 3U, 10U, 80U, 300U}) {
+    for (int round = 0; round < 20; ++round) {
+      EnumStringType table("Test");
+      for (std::size_t i = 0; i < size; ++i)
+        table.addEnumValue(randomText(5).c_str(), static_cast<int>(i + 1));
+      const auto& strings = table.getEnumStrings();
+      const std::vector<std::string_view> names(strings.begin(), strings.end());
+      for (int i = 0; i < 500; ++i) {
+        std::string text = randomText(4);
+        const std::string given = text;
+        for (char& c : text)
+          c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        const auto match = test::plainMatch(names, text);
+        const char* name = table.getEnumFromPartialMatch(text);
+        ASSERT_EQ(name ? name : "none", match ? std::string(names[*match]) : "none") << text;
+
+        const std::size_t first = text.find_first_not_of(' ');
+        if (first != 0) text = first == text.npos ? "" : text.substr(first);
+        text.erase(text.find_last_not_of(' ') + 1);
+        ASSERT_EQ(table.isValidEnumName(given.c_str()), test::plainMatch(names, text).has_value())
+            << given;
+      }
+    }
+  }
+}
+
+struct Number final : EnumBase {
+  explicit Number(int value) : number(value) {}
+  int getIntValue() const override { return number; }
+  int number;
+};
+
+ArrayOwner nameOf(EnumCache& cache, const EnumBase* value) {
+  return ArrayOwner(cache.getVxArrayStringFor(COSValue::fromPointer(value)));
+}
+
+TEST(EnumCache, MakesEachNameOnceAndGivesSharedCopies) {
+  const Table table = {"auto", "manual"};
+  const Number manual(11);
+  const std::size_t before = vghost::liveArrays();
+  {
+    EnumCache cache(table);
+    for (int i = 0; i < 2; ++i)
+      EXPECT_TRUE(vxIsEmpty(nameOf(cache, nullptr).get()));
+    EXPECT_EQ(vghost::liveArrays(), before);
+
+    ArrayOwner first = nameOf(cache, &manual);
+    const ArrayOwner second = nameOf(cache, &manual);
+    EXPECT_EQ(vxArrayToStdString(second.get()), "manual");
+    EXPECT_NE(first.get(), second.get());
+    EXPECT_EQ(vxGetData(first.get()), vxGetData(second.get()));
+    static_cast<vxChar*>(vxGetWritableData(first.get()))[0] = 'x';
+    EXPECT_EQ(vxArrayToStdString(nameOf(cache, &manual).get()), "manual");
+    EXPECT_EQ(vghost::liveArrays(), before + 3);
+  }
+  EXPECT_EQ(vghost::liveArrays(), before);
+}
+
+TEST(EnumCache, KeepsNamesBeyondTheScopeInWhichTheyWereMade) {
+  const Table table = {"auto", "manual"};
+  const Number automatic(10);
+  EnumCache cache(table);
+  vxArrayListContext* context = vxEnterNewArrayListContext();
+  static_cast<void>(nameOf(cache, &automatic).release());  // left to the context
+  vxExitArrayListContext(context, nullptr, 0, true);
+  EXPECT_EQ(vxArrayToStdString(nameOf(cache, &automatic).get()), "auto");
+}
+
+}  // namespace
