@@ -63,9 +63,9 @@ struct NamesOf;
 
 // clang-format off
 
-#define VGDT_ENUM_TYPE(Type, Style, Default)    \
-  template <>                                   \
-  struct NamesOf<class Type> {                  \
+#define VGDT_ENUM_TYPE(Type, Style, Default) \
+  template <>                                \
+  struct NamesOf<class Type> {               \
     static constexpr EnumeratedName kRows[] = {
 #define VGDT_ENUM_NAME(Type, Label, Name, Value) \
       {Name, Value, #Label},

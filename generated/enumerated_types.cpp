@@ -27,38 +27,38 @@ vcos::COSTypeConversion* makeConversion(vcos::COSDataType* type) {
   struct PropertyTypeTraits<Type##DataType> : EnumeratedTypeTraits<Type> {};
 #include "enumerated_types.def"
 
-#define VGDT_DEFINE_TABLE(Style, TypeOrTable)                                                    \
-  Style::Style() : EnumStringType(#Style) { addNames(*this, NamesOf<TypeOrTable>::kRows); }      \
-  Style::~Style() = default;                                                                     \
-  Style* Style::getInstance() {                                                                  \
-    static constinit Style* instance = nullptr;                                                  \
-    if (!instance) instance = new Style;                                                         \
-    return instance;                                                                             \
+#define VGDT_DEFINE_TABLE(Style, TypeOrTable)                                               \
+  Style::Style() : EnumStringType(#Style) { addNames(*this, NamesOf<TypeOrTable>::kRows); } \
+  Style::~Style() = default;                                                                \
+  Style* Style::getInstance() {                                                             \
+    static constinit Style* instance = nullptr;                                             \
+    if (!instance) instance = new Style;                                                    \
+    return instance;                                                                        \
   }
 #define VGDT_ENUM_TYPE(Type, Style, Default) VGDT_DEFINE_TABLE(Style, Type)
 #define VGDT_ENUM_TABLE(Style) VGDT_DEFINE_TABLE(Style, Style)
 #include "enumerated_types.def"
 #undef VGDT_DEFINE_TABLE
 
-#define VGDT_ENUM_TYPE(Type, Style, Default)                                                     \
-  Type::~Type() = default;                                                                       \
-  template vcos::COSDataType* PropertyDataType<Type##DataType, Type>::getType();                 \
-  template const char* PropertyDataType<Type##DataType, Type>::getDataTypeName();                \
-  Type##DataType::Type##DataType() = default;                                                    \
-  Type##DataType::~Type##DataType() = default;                                                   \
-  bool Type##DataType::isPossibleValuesFinite() const { return true; }                           \
-  vcos::Enumeration<vcos::COSValue> Type##DataType::getPossibleValues() const {                  \
-    return listValues(new Type##Enumeration, NamesOf<Type>::kRows, *this, makeValue<Type>);      \
-  }                                                                                              \
-  Type##SC::~Type##SC() = default;                                                               \
-  Type##VC::~Type##VC() = default;                                                               \
-  void init_GraphicsDatatype_##Type##DataType_callback() {                                       \
-    auto* type = dynamic_cast<Type##DataType*>(Type##DataType::getType());                       \
-    if (!type) return;                                                                           \
-    registerType(type, Type##DataType::kDottedName, makeConversion<Type##VC, Type##DataType>,    \
-                 makeConversion<Type##SC, Type##DataType>);                                      \
-  }                                                                                              \
-  VGDT_QUEUE_AT_LOAD(init_GraphicsDatatype_##Type##DataType,                                     \
+#define VGDT_ENUM_TYPE(Type, Style, Default)                                                  \
+  Type::~Type() = default;                                                                    \
+  template vcos::COSDataType* PropertyDataType<Type##DataType, Type>::getType();              \
+  template const char* PropertyDataType<Type##DataType, Type>::getDataTypeName();             \
+  Type##DataType::Type##DataType() = default;                                                 \
+  Type##DataType::~Type##DataType() = default;                                                \
+  bool Type##DataType::isPossibleValuesFinite() const { return true; }                        \
+  vcos::Enumeration<vcos::COSValue> Type##DataType::getPossibleValues() const {               \
+    return listValues(new Type##Enumeration, NamesOf<Type>::kRows, *this, makeValue<Type>);   \
+  }                                                                                           \
+  Type##SC::~Type##SC() = default;                                                            \
+  Type##VC::~Type##VC() = default;                                                            \
+  void init_GraphicsDatatype_##Type##DataType_callback() {                                    \
+    auto* type = dynamic_cast<Type##DataType*>(Type##DataType::getType());                    \
+    if (!type) return;                                                                        \
+    registerType(type, Type##DataType::kDottedName, makeConversion<Type##VC, Type##DataType>, \
+                 makeConversion<Type##SC, Type##DataType>);                                   \
+  }                                                                                           \
+  VGDT_QUEUE_AT_LOAD(init_GraphicsDatatype_##Type##DataType,                                  \
                      init_GraphicsDatatype_##Type##DataType_callback)
 #include "enumerated_types.def"
 

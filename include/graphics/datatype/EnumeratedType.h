@@ -10,20 +10,13 @@
 
 namespace graphics::datatype {
 
-/// A value of an enumerated type: an enumerator, held in the host's memory. `Enumerators` has the
-/// enumeration `value`.
-template <class Enumerators>
-class EnumeratedValue : public EnumBase, public Enumerators, public HostAllocated {
+/// A value of an enumerated type: an enumerator, held in the host's memory.
+class VGDT_API EnumeratedValue : public EnumBase, public HostAllocated {
  public:
-  using typename Enumerators::value;
-
-  explicit EnumeratedValue(value enumerator) noexcept : enumValue_(enumerator) {}
-
   int getIntValue() const noexcept final { return enumValue_; }
 
-  friend bool operator==(const EnumeratedValue& a, const EnumeratedValue& b) noexcept {
-    return a.enumValue_ == b.enumValue_;
-  }
+ protected:
+  explicit EnumeratedValue(int enumerator) noexcept : enumValue_(enumerator) {}
 
  private:
   int enumValue_;

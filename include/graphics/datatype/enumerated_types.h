@@ -37,12 +37,17 @@ namespace graphics::datatype {
 #include "enumerated_types.def"
 
 /// The value classes, with one test for each name.
-#define VGDT_ENUM_TYPE(Type, Style, Default)                              \
-  class VGDT_API Type final : public EnumeratedValue<Type##Enumerators> { \
-   public:                                                                \
-    Type() noexcept : EnumeratedValue(k##Default) {}                      \
-    using EnumeratedValue::EnumeratedValue;                               \
-    ~Type() override;
+#define VGDT_ENUM_TYPE(Type, Style, Default)                                  \
+  class VGDT_API Type final : public EnumeratedValue {                        \
+   public:                                                                    \
+    using value = Type##Enumerators::value;                                   \
+    using enum Type##Enumerators::value;                                      \
+    Type() noexcept : EnumeratedValue(k##Default) {}                          \
+    explicit Type(value enumerator) noexcept : EnumeratedValue(enumerator) {} \
+    ~Type() override;                                                         \
+    friend bool operator==(const Type& a, const Type& b) noexcept {           \
+      return a.getIntValue() == b.getIntValue();                              \
+    }
 #define VGDT_ENUM_NAME(Type, Label, Name, Value) \
     bool is##Label() const noexcept { return getIntValue() == k##Label; }
 #define VGDT_ENUM_END(Type) \
@@ -66,27 +71,27 @@ namespace graphics::datatype {
 /// getPossibleValues() gives new values in the order of the rows. Each belongs to the caller from
 /// nextElement() on; kept: those that are never asked for are not ended. A failed allocation is a
 /// vcos::COSOutOfMemoryException.
-#define VGDT_ENUM_TYPE(Type, Style, Default)                                               \
-  class VGDT_API Type##DataType final : public Style,                                      \
-                                        public PropertyDataType<Type##DataType, Type> {    \
-   public:                                                                                 \
-    static constexpr const char* kDottedName = "vortil.graphics.datatype." #Type;          \
-    Type##DataType();                                                                      \
-    ~Type##DataType() override;                                                            \
-    bool isPossibleValuesFinite() const override;                                          \
-    vcos::Enumeration<vcos::COSValue> getPossibleValues() const override;                  \
-  };                                                                                       \
-  class VGDT_API Type##SC final : public EnumeratedSC<Type##DataType> {                    \
-   public:                                                                                 \
-    using EnumeratedSC::EnumeratedSC;                                                      \
-    ~Type##SC() override;                                                                  \
-  };                                                                                       \
-  class VGDT_API Type##VC final : public EnumeratedVC<Type##DataType> {                    \
-   public:                                                                                 \
-    using EnumeratedVC::EnumeratedVC;                                                      \
-    ~Type##VC() override;                                                                  \
-  };                                                                                       \
-  VGDT_API bool init_GraphicsDatatype_##Type##DataType();                                  \
+#define VGDT_ENUM_TYPE(Type, Style, Default)                                            \
+  class VGDT_API Type##DataType final : public Style,                                   \
+                                        public PropertyDataType<Type##DataType, Type> { \
+   public:                                                                              \
+    static constexpr const char* kDottedName = "vortil.graphics.datatype." #Type;       \
+    Type##DataType();                                                                   \
+    ~Type##DataType() override;                                                         \
+    bool isPossibleValuesFinite() const override;                                       \
+    vcos::Enumeration<vcos::COSValue> getPossibleValues() const override;               \
+  };                                                                                    \
+  class VGDT_API Type##SC final : public EnumeratedSC<Type##DataType> {                 \
+   public:                                                                              \
+    using EnumeratedSC::EnumeratedSC;                                                   \
+    ~Type##SC() override;                                                               \
+  };                                                                                    \
+  class VGDT_API Type##VC final : public EnumeratedVC<Type##DataType> {                 \
+   public:                                                                              \
+    using EnumeratedVC::EnumeratedVC;                                                   \
+    ~Type##VC() override;                                                               \
+  };                                                                                    \
+  VGDT_API bool init_GraphicsDatatype_##Type##DataType();                               \
   VGDT_API void init_GraphicsDatatype_##Type##DataType_callback();
 #include "enumerated_types.def"
 
