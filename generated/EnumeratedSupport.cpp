@@ -13,8 +13,6 @@ namespace graphics::datatype {
 using vcos::COSValue;
 namespace messages = component_VORTIL::catalog_datatypes;
 
-EnumBase::~EnumBase() = default;
-
 void addNames(EnumStringType& table, NameRows rows) {
   for (const EnumeratedName& row : rows)
     table.addEnumValue(row.name, row.value);

@@ -19,7 +19,7 @@ using NameRows = std::span<const EnumeratedName>;
 
 void addNames(EnumStringType& table, NameRows rows);
 
-/// Fills the list with new values of the type, one for each row, and hands it on.
+/// Takes a list over, fills it with new values of the type, one for each row, and hands it on.
 vcos::Enumeration<vcos::COSValue> listValues(WordEnumeration* list, NameRows rows,
                                              const vcos::COSDataType& type,
                                              vcos::COSValue (*makeValue)(int enumerator));

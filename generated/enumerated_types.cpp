@@ -21,6 +21,7 @@ vcos::COSTypeConversion* makeConversion(vcos::COSDataType* type) {
 
 // clang-format off
 
+// Classes of their own although they add nothing: every class of a type has its own name.
 #define VGDT_ENUM_TYPE(Type, Style, Default)                 \
   class Type##Enumeration final : public WordEnumeration {}; \
   template <>                                                \

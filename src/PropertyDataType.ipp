@@ -1,17 +1,14 @@
 #pragma once
 
-/// The bodies of PropertyDataType. A unit that defines a type includes this and instantiates the
-/// template for it:
-///
-///     template class PropertyDataType<LineStyleDataType, LineStyle>;
-///
-/// The unit says how a default is made, and which row of kReportedSizes is the type's, by
+/// The bodies of PropertyDataType, for the unit that defines a type. That says which size the type
+/// reports and how its default is made, before it makes the template's members for it:
 ///
 ///     template <>
-///     struct PropertyTypeTraits<LineStyleDataType> {
-///       static constexpr std::size_t kBytes = reportedBytes(kEnumeratedTypes);
-///       static LineStyle* createDefault() { return new LineStyle; }
+///     struct PropertyTypeTraits<Rectangle2DataType> {
+///       static constexpr std::size_t kBytes = reportedBytes("Rectangle2");
+///       static gui_objects::Rectangle2d* createDefault() { return new gui_objects::Rectangle2d; }
 ///     };
+///     template class PropertyDataType<Rectangle2DataType, gui_objects::Rectangle2d>;
 
 #include "ReportedSizes.h"
 

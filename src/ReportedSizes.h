@@ -16,25 +16,42 @@ struct ReportedSize {
 inline constexpr std::string_view kEnumeratedTypes = "enumerated types";
 inline constexpr std::string_view kShapedTypes = "shaped array types";
 
-/// Kept: callers rely on these numbers where they are not the size of the value class, too.
+/// Kept: callers rely on these numbers, also where they are not the size of the value class.
+// clang-format off
 inline constexpr ReportedSize kReportedSizes[] = {
-    {kEnumeratedTypes, 24}, {kShapedTypes, 8},  // one pointer, although the value object is larger
-    {"ColorTable", 0},      {"CaseInsensitiveString", 1},
-    {"FontName", 1},        {"on_off", 1},
-    {"COSInterface", 8},    {"LightingStrength", 8},
-    {"Point2", 8},          {"Positive", 8},
-    {"UTF16String", 8},     {"HandleOrEmpty", 16},
-    {"MeshAlpha", 16},      {"NumericOrString", 16},
-    {"Point2d", 16},        {"Rectangle2", 16},
-    {"ScreenPosition", 16}, {"TextString", 16},
-    {"JavaPeer", 24},       {"NStrings", 24},
-    {"Point3", 24},         {"PositivePoint3", 24},
-    {"Inset", 32},          {"NLineStyles", 32},
-    {"Position", 32},       {"MarkerColor", 40},
-    {"MeshColor", 40},      {"RGBAColor", 40},
-    {"BoundingVolume", 56}, {"Callback", 56},
+    {kEnumeratedTypes, 24},
+    {kShapedTypes, 8},  // one pointer, although the value object is larger
+    {"BoundingVolume", 56},
+    {"COSInterface", 8},
+    {"Callback", 56},
+    {"CaseInsensitiveString", 1},
+    {"ColorTable", 0},
+    {"FontName", 1},
+    {"HandleOrEmpty", 16},
+    {"Inset", 32},
+    {"JavaPeer", 24},
+    {"LightingStrength", 8},
+    {"MarkerColor", 40},
     {"Matrix4x4", 128},
+    {"MeshAlpha", 16},
+    {"MeshColor", 40},
+    {"NLineStyles", 32},
+    {"NStrings", 24},
+    {"NumericOrString", 16},
+    {"Point2", 8},
+    {"Point2d", 16},
+    {"Point3", 24},
+    {"Position", 32},
+    {"Positive", 8},
+    {"PositivePoint3", 24},
+    {"RGBAColor", 40},
+    {"Rectangle2", 16},
+    {"ScreenPosition", 16},
+    {"TextString", 16},
+    {"UTF16String", 8},
+    {"on_off", 1},
 };
+// clang-format on
 
 /// Of a type, or of a family that has one size. A name without a row does not compile.
 consteval std::size_t reportedBytes(std::string_view name) {

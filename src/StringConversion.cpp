@@ -1,3 +1,5 @@
+#include "TypeRegistration.h"
+
 #include <graphics/datatype/StringConversion.h>
 #include <graphics/datatype/registration.h>
 #include <gui_objects/convert_from_string_utils.h>
@@ -11,6 +13,7 @@
 #include <cmath>
 #include <concepts>
 #include <cstdio>
+#include <cstring>
 #include <limits>
 #include <string_view>
 #include <type_traits>
@@ -90,7 +93,8 @@ bool print(T value, Text& text) {
 }
 
 bool print(bool value, Text& text) {
-  return try_lexical_convert(value ? "true" : "false", text);
+  std::strcpy(text.data(), value ? "true" : "false");
+  return true;
 }
 
 COSValue copyAsString(COSValue value) {
@@ -137,45 +141,37 @@ COSValue StringStringConversion::from(COSValue text) const {
 
 namespace {
 
-template <class Conversion>
-vcos::COSTypeConversion* make() {
-  return new Conversion;
-}
-
 struct Registration {
   const char* inner;
-  vcos::COSTypeConversion* (*make)();
+  void (*add)(const char* outside, const char* inner);
 };
 
 constexpr Registration kRegistrations[] = {
-    {"int8 scalar", make<StringConversion<signed char>>},
-    {"int16 scalar", make<StringConversion<short>>},
-    {"int32 scalar", make<StringConversion<int>>},
-    {"int64 scalar", make<StringConversion<long>>},
-    {"uint8 scalar", make<StringConversion<unsigned char>>},
-    {"uint16 scalar", make<StringConversion<unsigned short>>},
-    {"uint32 scalar", make<StringConversion<unsigned int>>},
-    {"uint64 scalar", make<StringConversion<unsigned long>>},
-    {"single scalar", make<StringConversion<float>>},
-    {"double scalar", make<StringConversion<double>>},
-    {"logical scalar", make<StringConversion<bool>>},
-    {"string", make<StringStringConversion>},
-    {"int", make<StringConversion<int>>},
-    {"uint64_T", make<StringConversion<unsigned long>>},
-    {"single", make<StringConversion<float>>},
-    {"float", make<StringConversion<float>>},
-    {"double", make<StringConversion<double>>},
-    {"logical", make<StringConversion<bool>>},
+    {"int8 scalar", addConversion<StringConversion<signed char>>},
+    {"int16 scalar", addConversion<StringConversion<short>>},
+    {"int32 scalar", addConversion<StringConversion<int>>},
+    {"int64 scalar", addConversion<StringConversion<long>>},
+    {"uint8 scalar", addConversion<StringConversion<unsigned char>>},
+    {"uint16 scalar", addConversion<StringConversion<unsigned short>>},
+    {"uint32 scalar", addConversion<StringConversion<unsigned int>>},
+    {"uint64 scalar", addConversion<StringConversion<unsigned long>>},
+    {"single scalar", addConversion<StringConversion<float>>},
+    {"double scalar", addConversion<StringConversion<double>>},
+    {"logical scalar", addConversion<StringConversion<bool>>},
+    {"string", addConversion<StringStringConversion>},
+    {"int", addConversion<StringConversion<int>>},
+    {"uint64_T", addConversion<StringConversion<unsigned long>>},
+    {"single", addConversion<StringConversion<float>>},
+    {"float", addConversion<StringConversion<float>>},
+    {"double", addConversion<StringConversion<double>>},
+    {"logical", addConversion<StringConversion<bool>>},
 };
 
 }  // namespace
 
 void initStringConverters() {
-  const vcos::COSNameID outside("string");
-  for (const Registration& registration : kRegistrations) {
-    const vcos::COSNameID inner(registration.inner);
-    vcos::COSTypeRepository::addConversion(outside, inner, registration.make());
-  }
+  for (const Registration& registration : kRegistrations)
+    registration.add("string", registration.inner);
 }
 
 }  // namespace graphics::datatype

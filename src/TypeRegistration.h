@@ -9,10 +9,8 @@
 #include <vcos/COSNameID.h>
 #include <vcos/COSTypeRepository.h>
 
-#include <utility>
-
 /// Defines the queueing function, which puts `callback` on the queue that start-up runs, and calls
-/// it when the library is loaded.
+/// it when the library is loaded. To be used in the namespace graphics::datatype.
 #define VGDT_QUEUE_AT_LOAD(queueFunction, callback)                   \
   bool queueFunction() {                                              \
     get_initialization_callback_registry()->addCallback(&(callback)); \
@@ -25,12 +23,11 @@
 namespace graphics::datatype {
 
 /// Makes a `Conversion` and gives it to the repository. Nothing leaks if any step fails.
-template <class Conversion, class... Arguments>
-void addConversion(const char* outside, const char* inner, Arguments&&... arguments) {
+template <class Conversion>
+void addConversion(const char* outside, const char* inner) {
   const vcos::COSNameID outsideName(outside);
   const vcos::COSNameID innerName(inner);
-  vcos::COSTypeRepository::addConversion(outsideName, innerName,
-                                         new Conversion(std::forward<Arguments>(arguments)...));
+  vcos::COSTypeRepository::addConversion(outsideName, innerName, new Conversion);
 }
 
 /// Makes a conversion for a type.

@@ -1,6 +1,6 @@
 #include "PackageTexts.h"
 
-#include <graphics/datatype/EnumStringType.h>
+#include <graphics/datatype/VGTypedEnumStringType.h>
 #include <graphics/datatype/registration.h>
 #include <vcos/COSTypeRepository.h>
 #include <vcos/TypedEnumStringType.h>
@@ -21,15 +21,7 @@ using vcos::COSValue;
 
 namespace {
 
-constexpr std::size_t kUsualCount = 4;
-constexpr std::string_view kPackageName = "vortil.graphics.enumstyletypes";
-
-/// The full name of a table.
-std::string inPackage(std::string_view name) {
-  std::string fullName;
-  fullName.reserve(kPackageName.size() + 1 + name.size());
-  return fullName.append(kPackageName).append(".").append(name);
-}
+constexpr const char* kPackageName = "vortil.graphics.enumstyletypes";
 
 char lowerCased(char c) {
   return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
@@ -42,7 +34,8 @@ std::string lowerCased(std::string_view text) {
   return lowered;
 }
 
-/// The character classes of the global locale, looked up again only when that has changed.
+/// The character classes of the global locale. Looking them up takes longer than finding a name, so
+/// they are kept until the locale changes; as all of the library, this is for one thread.
 const std::ctype<char>& characterClasses() {
   struct Known {
     std::locale locale;
@@ -53,7 +46,8 @@ const std::ctype<char>& characterClasses() {
   return *known.classes;
 }
 
-/// In lower case, and then without white space at either end.
+/// In lower case, and then without white space at either end. White space that is cut off takes no
+/// memory: only what is left becomes a string.
 std::string normalized(const char* text) {
   boost::container::small_vector<char, 64> lowered;
   for (; *text; ++text)
@@ -72,10 +66,10 @@ std::string normalized(const char* text) {
 
 /// The place of a name's first character in the index.
 std::size_t placeOf(const std::string& name) {
-  return static_cast<unsigned char>(name.c_str()[0]) % 128;
+  return static_cast<unsigned char>(name[0]) % 128;
 }
 
-/// Byte by byte: nearly all names differ in the first one.
+/// Byte by byte, which for texts this short is over before memcmp has begun.
 bool begins(std::string_view beginning, std::string_view name) {
   return std::ranges::mismatch(beginning, name).in1 == beginning.end();
 }
@@ -83,8 +77,10 @@ bool begins(std::string_view beginning, std::string_view name) {
 }  // namespace
 
 VGTypedEnumStringType::VGTypedEnumStringType(const char* name) {
-  register_package(kPackageName.data(), noDescription, noDetails);
-  const std::string fullName = inPackage(name);
+  constexpr std::size_t kUsualCount = 4;
+  lowerCaseNames_.reserve(kUsualCount);
+  register_package(kPackageName, noDescription, noDetails);
+  const std::string fullName = std::string(kPackageName) + '.' + name;
   static const COSNameID baseTypeName("uint32 scalar");
   const COSDataTypePtr baseType = COSTypeRepository::getType(baseTypeName);
   const COSDataTypePtr known = COSTypeRepository::getType(COSNameID(fullName.c_str()));
@@ -93,7 +89,6 @@ VGTypedEnumStringType::VGTypedEnumStringType(const char* name) {
   } else {
     hostEnumType_ = vcos::TypedEnumStringType::createInstance(baseType, fullName.c_str(), nullptr);
     ownsHostType_ = true;
-    lowerCaseNames_.reserve(kUsualCount);
   }
 }
 
@@ -173,13 +168,8 @@ const char* VGTypedEnumStringType::findName(const char* text) const {
 std::optional<COSValue> VGTypedEnumStringType::findEnumValue(const char* name) const {
   const char* found = findName(name);
   if (!found) return std::nullopt;
+  // What this table has added is a valid name of the host type, which does not have to be asked.
   return hostEnumType_->getEnumValue(found);
-}
-
-EnumStringType::EnumStringType(const char* name) : VGTypedEnumStringType(name) {}
-
-void EnumStringType::addEnumValue(const char* name, int value) {
-  addElement(COSValue::fromInteger(value), name);
 }
 
 }  // namespace graphics::datatype

@@ -3,8 +3,10 @@
 #include <graphics/datatype/HostAllocated.h>
 #include <vcos/COSValue.h>
 #include <vcos/Enumeration.h>
+#include <vcos/exceptions.h>
 
 #include <cstddef>
+#include <new>
 #include <vector>
 
 namespace graphics::datatype {
@@ -16,7 +18,14 @@ class WordEnumeration : public vcos::EnumerationUtil<vcos::COSValue>, public Hos
   bool hasMoreElements() const final { return next_ < words_.size(); }
   vcos::COSValue nextElement() final { return words_[next_++]; }
 
-  void reserve(std::size_t count) { words_.reserve(count); }
+  /// A failed allocation is a vcos::COSOutOfMemoryException.
+  void reserve(std::size_t count) {
+    try {
+      words_.reserve(count);
+    } catch (const std::bad_alloc&) {
+      throw vcos::COSOutOfMemoryException();
+    }
+  }
   /// Does not allocate for as many words as were reserved.
   void add(vcos::COSValue word) { words_.push_back(word); }
 

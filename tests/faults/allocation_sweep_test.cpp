@@ -299,6 +299,39 @@ TEST(AllocationSweep, TheDefaultMayFailAndIsMadeAtTheNextCall) {
   });
 }
 
+TEST(AllocationSweep, ATableThatCouldNotBeMadeIsMadeInFullLater) {
+  test::inChildProcess([] {
+    VLInitialize_vgdatatypes();
+    for (const Allocator& allocator : kAllocators) {
+      sweep(allocator, false, [](const Allocator& failing) {
+        const auto makeTable = [] {
+          graphics::datatype::EnumStringType table("Sweep");
+          table.addEnumValue("one", 1);
+          table.addEnumValue("two", 2);
+          return table.getEnumValue("t");
+        };
+        static_cast<void>(outcomeOf(makeTable));
+        failing.heal();
+        EXPECT_EQ(makeTable(), COSValue::fromInteger(2));
+      });
+    }
+  });
+}
+
+TEST(AllocationSweep, PossibleValuesWithoutMemoryAreAnErrorOfTheClassSystem) {
+  test::inChildProcess([] {
+    VLInitialize_vgdatatypes();
+    const Subject subjects[] = {onOff(), subjectOf(test::kEnumeratedTypes.front())};
+    for (const Subject& subject : subjects) {
+      for (const Allocator& allocator : kAllocators) {
+        allocator.fail(1, false);
+        EXPECT_THROW(subject.type().getPossibleValues(), vcos::COSOutOfMemoryException);
+        allocator.heal();
+      }
+    }
+  });
+}
+
 /// What some work takes, and leaves behind.
 struct Cost {
   std::uint64_t news, hostAllocations;

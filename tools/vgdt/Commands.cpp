@@ -60,6 +60,7 @@ bool isFamily(const std::string& family, const std::vector<Type>& types, const C
 // --- describe ------------------------------------------------------------------------------------
 
 std::string shown(const Json& value) {
+  if (value.is_null()) return "no value";
   return value.is_string() ? value.get<std::string>() : dump(value);
 }
 
@@ -128,7 +129,8 @@ void explainRefusal(const Console& console, const Type& type, const GivenValue& 
   const bool hasIdentifier = !failure.identifier.empty();
   printField(console.errors, "error", hasIdentifier ? failure.identifier : nameOf(failure.kind));
   if (!failure.message.empty()) printField(console.errors, "message", onOneLine(failure.message));
-  printField(console.errors, "given", onOneLine(given.content, kColumns));
+  printField(console.errors, "given",
+             given.content.empty() ? "''" : onOneLine(given.content, kColumns));
   std::optional<std::string> text;
   static_cast<void>(failureOf([&] { text = givenText(given); }));
   const auto candidates = text ? namesAbbreviatedBy(*text, type) : std::vector<std::string>();

@@ -15,9 +15,9 @@ constexpr std::size_t kMaxExamples = 3;
 constexpr std::size_t kMaxElements = 12;
 
 constexpr const char* kSampleLiterals[] = {
-    "true",  "1",        "''",    "'yellow'", "[0 0.5 1]",      "'text'",       "0.5",
-    "-1",    "NaN",      "[1 2]", "[]",       "[0 1;1 0]",      "{'a','b'}",    "[0 0 1 1]",
-    "@fire", "zeros(4)", "1:3",   "{}",       "uint8([0 255])", "empty_handle",
+    "'yellow'", "true",     "1",     "''", "[0 0.5 1]",      "'text'",       "0.5",
+    "-1",       "NaN",      "[1 2]", "[]", "[0 1;1 0]",      "{'a','b'}",    "[0 0 1 1]",
+    "@fire",    "zeros(4)", "1:3",   "{}", "uint8([0 255])", "empty_handle",
 };
 constexpr const char* kSampleTexts[] = {
     "0", "1", "-1", "0.5", "1e5", "nan", "inf", "A", "true", "on", "", " 1", "99999999999999999999",
@@ -86,25 +86,35 @@ std::string shownValue(const Type& type, vcos::COSValue word) {
   return formatLiteral(arrayOf(type, word).get(), kMaxElements);
 }
 
-void addTrial(std::vector<Trial>& trials, Trial trial) {
-  if (trials.size() < kMaxExamples) trials.push_back(std::move(trial));
+bool isNew(const Trial& trial, const std::vector<Trial>& trials, std::string Trial::*member) {
+  return std::ranges::find(trials, trial.*member, member) == trials.end();
+}
+
+/// The first few, those with an outcome of their own before the others.
+std::vector<Trial> mostTelling(const std::vector<Trial>& trials) {
+  std::vector<Trial> chosen;
+  for (auto member : {&Trial::outcome, &Trial::given})
+    for (const Trial& trial : trials)
+      if (chosen.size() < kMaxExamples && isNew(trial, chosen, member) &&
+          isNew(trial, chosen, &Trial::given))
+        chosen.push_back(trial);
+  return chosen;
 }
 
 }  // namespace
 
 Examples findExamples(const Type& type) {
-  Examples examples;
+  Examples all;
   for (const GivenValue& sample : samplesFor(type)) {
     std::string shown;
     const auto failure = failureOf([&] { shown = shownValue(type, Value(type, sample).word()); });
     if (!failure)
-      addTrial(examples.taken, {sample.content, shown});
+      all.taken.push_back({sample.content, shown});
     else
-      addTrial(examples.refused,
-               {sample.content,
-                failure->identifier.empty() ? nameOf(failure->kind) : failure->identifier});
+      all.refused.push_back({sample.content, failure->identifier.empty() ? nameOf(failure->kind)
+                                                                         : failure->identifier});
   }
-  return examples;
+  return {mostTelling(all.taken), mostTelling(all.refused)};
 }
 
 Json typeForm(const Type& type) {

@@ -1,5 +1,7 @@
 #include "Nearest.h"
 
+#include "TextDisplay.h"
+
 #include <algorithm>
 #include <numeric>
 
@@ -43,20 +45,6 @@ std::optional<std::string> nearestName(std::string_view text,
     nearest = name;
   }
   return nearest;
-}
-
-std::string lowerCase(std::string_view text) {
-  std::string result(text);
-  std::ranges::transform(result, result.begin(), [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  });
-  return result;
-}
-
-std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
-  text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
-  return text.substr(0, text.find_last_not_of(kWhiteSpace) + 1);
 }
 
 }  // namespace vgdt

@@ -12,10 +12,4 @@ namespace vgdt {
 std::optional<std::string> nearestName(std::string_view text,
                                        const std::vector<std::string>& names);
 
-/// ASCII letters in lower case.
-std::string lowerCase(std::string_view text);
-
-/// Without white space at either end.
-std::string_view trimmed(std::string_view text);
-
 }  // namespace vgdt

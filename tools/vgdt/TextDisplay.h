@@ -30,4 +30,10 @@ std::size_t columnOf(std::string_view text, std::size_t position);
 /// terminal is wide, and a caret under the place.
 std::string caretDisplay(std::string_view text, std::size_t position);
 
+/// ASCII letters in lower case.
+std::string lowerCase(std::string_view text);
+
+/// Without ASCII white space at either end.
+std::string_view trimmed(std::string_view text);
+
 }  // namespace vgdt

@@ -48,16 +48,16 @@ bool isEnumerated(const Type& type) {
 
 /// By the name and the size of the type, which say what its text conversion reads.
 std::string acceptedTexts(const Type& scalar) {
-  const std::size_t bits = scalar.access.dataType().getSizeInBits();
-  const std::uint64_t unsignedMax = UINT64_MAX >> (64 - bits);
   if (scalar.name == "string") return "any text";
-  if (bits == 8) return "one character";
-  if (scalar.name.starts_with("uint")) return fmt::format("a whole number, 0 to {}", unsignedMax);
-  if (scalar.name.starts_with("int")) {
-    const std::uint64_t max = unsignedMax / 2;
-    return fmt::format("a whole number, -{} to {}", max + 1, max);
-  }
-  return "a number, nan or inf";
+  const std::size_t bits = scalar.access.dataType().getSizeInBits();
+  if (bits == 8) return "one character of one byte";
+  const std::uint64_t max = UINT64_MAX >> (64 - bits);
+  if (scalar.name.starts_with("uint"))
+    return fmt::format("a whole number up to {}; -1 stands for that, -2 for the one before it",
+                       max);
+  if (scalar.name.starts_with("int"))
+    return fmt::format("a whole number, -{} to {}", max / 2 + 1, max / 2);
+  return "a number, or nan, inf, infinity: all in lower or all in upper case";
 }
 
 }  // namespace

@@ -52,7 +52,7 @@ class VGHOST_API TypedEnumStringType final : public COSDataType, public Enumerat
   bool getEnumVisibility(const char* name) const override;
 
   const char* getDeclarationName() const override;
-  const char* getName() const override;
+  const char* getName() const override;  ///< the full dotted name
   bool isPossibleValuesFinite() const override;
   Enumeration<COSValue> getPossibleValues() const override;
   COSValue getDefaultValue() const override;
@@ -77,8 +77,8 @@ class VGHOST_API TypedEnumStringType final : public COSDataType, public Enumerat
   COSDataTypePtr baseType_;
   std::string typeName_;
   std::vector<Element> elements_;
-  /// For each first character (several share a place), where the elements with it begin, counted
-  /// from 1; 0 says that there are none.
+  /// Makes finding a name faster. For each first character (several share a place), where the
+  /// elements with it begin, counted from 1; 0 says that there are none.
   std::array<std::uint8_t, 128> firstPosition_{};
 };
 

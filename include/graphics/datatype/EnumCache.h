@@ -13,8 +13,8 @@ class VGDT_API EnumCache {
   /// The table has to outlive the cache.
   explicit EnumCache(const EnumStringType& table);
 
-  /// The name of an enumerated value as a char array, empty for the null word. It belongs to the
-  /// caller and shares its data with the cache.
+  /// The name of an enumerated value as a char array, empty for the null word and for a value that
+  /// has no name. It belongs to the caller and shares its data with the cache.
   [[nodiscard]] vxArray* getVxArrayStringFor(const vcos::COSValue& value);
 
  private:

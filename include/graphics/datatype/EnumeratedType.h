@@ -27,9 +27,11 @@ class VGDT_API EnumeratedValue : public EnumBase, public HostAllocated {
 template <class DataType>
 class VGDT_API EnumeratedSC : public vcos::COSTypeConversion {
  public:
+  /// The data type has to outlive the conversion.
   explicit EnumeratedSC(const DataType& dataType) : dataType_(dataType) {}
 
-  /// The name of the value, in lower case, on the host's heap; null for null.
+  /// The name of the value, in lower case, on the host's heap; null for null, and for a value that
+  /// has no name. A failed allocation is a vcos::COSOutOfMemoryException.
   vcos::COSValue to(vcos::COSValue value) const final;
   /// The value of a name, or of an abbreviation of only one name, in any case, with white space
   /// around it. Any other text raises "VORTIL:datatypes:InvalidEnumValue".
@@ -43,10 +45,11 @@ class VGDT_API EnumeratedSC : public vcos::COSTypeConversion {
 template <class DataType>
 class VGDT_API EnumeratedVC : public vcos::COSTypeConversion {
  public:
+  /// The data type has to outlive the conversion.
   explicit EnumeratedVC(const DataType& dataType) : dataType_(dataType), cache_(dataType) {}
 
-  /// The name of the value as a char array, empty for null. It belongs to the caller and shares its
-  /// data.
+  /// The name of the value as a char array, empty for null and for a value that has no name. It
+  /// belongs to the caller and shares its data.
   vcos::COSValue to(vcos::COSValue value) const final;
   /// Takes a char array of any shape with a text that EnumeratedSC takes; null gives null. An array
   /// of another class raises "VORTIL:datatypes:InvalidEnumValueFor", an empty one

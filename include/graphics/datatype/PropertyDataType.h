@@ -10,10 +10,10 @@ namespace graphics::datatype {
 /// The common shape of a data type whose words are pointers to value objects, or null. `Type` is
 /// the data type's own class, which derives from this one and holds what departs from it:
 ///
-///     class VGDT_API LineStyleDataType final : public PropertyDataType<LineStyleDataType,
-///     LineStyle> {
+///     class VGDT_API Rectangle2DataType final
+///         : public PropertyDataType<Rectangle2DataType, gui_objects::Rectangle2d> {
 ///      public:
-///       static constexpr const char* kDottedName = "vortil.graphics.datatype.LineStyle";
+///       static constexpr const char* kDottedName = "vortil.graphics.datatype.Rectangle2";
 ///     };
 ///
 /// `Value` can be copied and compared with ==. If it does not derive from HostAllocated, its

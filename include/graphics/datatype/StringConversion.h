@@ -7,15 +7,17 @@ namespace graphics::datatype {
 
 /// Between a C string and a scalar that its word holds itself. The integers stand in the low
 /// sizeof(T) bytes of the word, float and double as the bits of a double, bool as zero or not.
+/// signed char and unsigned char stand for characters, not numbers. There are no blanks in a text.
 ///
-/// Integers are printed and all numbers are read by the grouping of the global locale; a text
-/// without separators is always good. There are no blanks in a text. signed char and unsigned char
-/// stand for characters, not numbers.
+/// The global C++ locale counts: integers are printed with its grouping, integers and floating
+/// numbers are read with it, and floating numbers are read with its decimal point. They are printed
+/// with the decimal point of the C locale.
 template <class T>
 class VGDT_API StringConversion final : public vcos::COSTypeConversion {
  public:
-  /// A new string, to be ended with utFree: decimal digits; for float and double as many as it
-  /// takes to read the same bits back; "true" or "false"; the one character.
+  /// A new string, to be ended with utFree: decimal digits, for float 9 and for double 17 of them,
+  /// which give the same bits when they are read back; "nan", "-nan", "inf" or "-inf"; "true" or
+  /// "false"; the one character.
   ///
   /// Errors: gui_objects::convert_from_string_utils::ParseException if there is no text for the
   /// value; vcos::COSOutOfMemoryException.

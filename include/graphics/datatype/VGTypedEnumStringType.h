@@ -20,14 +20,16 @@ namespace graphics::datatype {
 /// itself or an abbreviation that fits no other name, in any case, with white space around it.
 ///
 /// The mapping itself is kept by a type of the host's, which is registered as
-/// "vortil.graphics.enumstyletypes.<name>". A second table of the same name shares that type, has
-/// no names of its own, and finds none: only the first one is for finding names.
+/// "vortil.graphics.enumstyletypes.<name>". A second table of the same name shares that type, but
+/// does not take over its names: it finds only what it has added itself and was new. So the first
+/// table of a name is the one for finding names, and it has to outlive the others.
 ///
 /// If the host knows another kind of type by that name, the table stays without one: it has no
 /// names and takes none.
 class VGDT_API VGTypedEnumStringType {
  public:
-  /// Registers the host type if there is none of that name yet.
+  /// Registers the host type, and its package, if there is none of that name yet. What the host
+  /// raises or throws passes through.
   explicit VGTypedEnumStringType(const char* name);
   /// Ends the host type if this table registered it.
   virtual ~VGTypedEnumStringType();
@@ -36,12 +38,14 @@ class VGDT_API VGTypedEnumStringType {
 
   // The order of the virtual operations is part of the interface.
 
-  /// Adds a name, in lower case. A name that is there already, in whatever case, keeps its value.
+  /// Adds a name, in lower case, which must not be null. A name that is there already, in whatever
+  /// case, keeps its value.
   virtual void addElement(vcos::COSValue value, const char* name);
   virtual std::size_t getEnumLength() const;
   /// The name of a value, in lower case; it belongs to the host type. Null if there is none.
   virtual const char* getEnumString(vcos::COSValue value) const;
-  /// The value of the name that a text stands for; the null word if it stands for none.
+  /// The value of the name that a text stands for; the null word, which is also that of 0, if it
+  /// stands for none.
   virtual vcos::COSValue getEnumValue(const char* name) const;
   /// Whether a text stands for a name.
   virtual bool isValidEnumName(const char* name) const;
@@ -68,9 +72,9 @@ class VGDT_API VGTypedEnumStringType {
   vcos::TypedEnumStringType* hostEnumType_ = nullptr;
   std::vector<std::string> lowerCaseNames_;
 
-  /// For each first character, where in lowerCaseNames_ the names with it begin: none stands before
-  /// the position, which counts from 1; 0 says that there is none at all. Several characters share
-  /// a place.
+  /// An index, so that not every name has to be compared. For the first character of a name
+  /// (modulo the size) it has the position of the first name that begins so, counted from 1; 0
+  /// where no name does.
   std::array<std::uint8_t, 128> firstPosition_{};
 };
 

@@ -7,15 +7,37 @@
 ///     VGDT_ENUM_NAME(AxesBox, Back, "back", 1)
 ///     VGDT_ENUM_END(AxesBox)
 ///
-/// make these classes:
+/// become
 ///
-///     class AxesBox;           // the value: AxesBox(AxesBox::kBack).isBack()
-///     class AxesBoxStyle;      // the table of names
-///     class AxesBoxDataType;   // the data type, which is a table of names
-///     class AxesBoxSC;         // its text conversion
-///     class AxesBoxVC;         // its array conversion
+///     struct AxesBoxEnumerators {
+///       enum value : int { kFull = 0, kBack = 1 };
+///     };
+///     class AxesBox final : public EnumeratedValue {  // a value
+///      public:
+///       using value = AxesBoxEnumerators::value;
+///       using enum AxesBoxEnumerators::value;
+///       AxesBox() noexcept;  // kFull
+///       explicit AxesBox(value enumerator) noexcept;
+///       bool isFull() const noexcept;
+///       bool isBack() const noexcept;
+///       friend bool operator==(const AxesBox& a, const AxesBox& b) noexcept;
+///     };
+///     class AxesBoxStyle : public EnumStringType {  // the table of names
+///      public:
+///       static AxesBoxStyle* getInstance();
+///     };
+///     class AxesBoxDataType final  // the data type, which is a table of names
+///         : public AxesBoxStyle, public PropertyDataType<AxesBoxDataType, AxesBox> {
+///      public:
+///       static constexpr const char* kDottedName = "vortil.graphics.datatype.AxesBox";
+///       bool isPossibleValuesFinite() const override;
+///       vcos::Enumeration<vcos::COSValue> getPossibleValues() const override;
+///     };
+///     class AxesBoxSC final : public EnumeratedSC<AxesBoxDataType> {};  // the text conversion
+///     class AxesBoxVC final : public EnumeratedVC<AxesBoxDataType> {};  // the array conversion
 ///
-/// `cmake --build build/release --target show_enumerated_type` shows one of them in full.
+/// `TYPE=LineStyle cmake --build build/release --target show_enumerated_type` shows those of a
+/// type.
 
 #include <graphics/datatype/EnumStringType.h>
 #include <graphics/datatype/EnumeratedType.h>
@@ -54,7 +76,9 @@ namespace graphics::datatype {
   };
 #include "enumerated_types.def"
 
-/// The tables of names. getInstance() makes one of its own at the first call, and never ends it.
+/// The tables of names. getInstance() makes one of its own at the first call, and never ends it: for
+/// the tables without a type. The table of a type is its data type; another one of the same name
+/// finds nothing, and would keep the names from the data type if it came first.
 #define VGDT_ENUM_TABLE(Style)                   \
   class VGDT_API Style : public EnumStringType { \
    public:                                       \

@@ -5,8 +5,8 @@
 
 namespace graphics::datatype {
 
-/// The word of a drawing primitive for what a user writes: "plus" for "+". A value that is none of
-/// the type's gives "none".
+/// What a drawing primitive calls the style that a user writes: "plus" for "+". A value that is
+/// none of the type's gives "none".
 VGDT_API PrimMarkerStyle convertMarkerStyleToPrimMarkerStyle(const MarkerStyle& style);
 
 /// "dashed" for "--", and so on. A value that is none of the type's gives "solid".

@@ -1,0 +1,11 @@
+#include <graphics/datatype/EnumStringType.h>
+
+namespace graphics::datatype {
+
+EnumStringType::EnumStringType(const char* name) : VGTypedEnumStringType(name) {}
+
+void EnumStringType::addEnumValue(const char* name, int value) {
+  addElement(vcos::COSValue::fromInteger(value), name);
+}
+
+}  // namespace graphics::datatype
