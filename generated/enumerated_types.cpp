@@ -1,3 +1,4 @@
+#include "EnumeratedChecks.h"
 #include "EnumeratedType.ipp"
 #include "PropertyDataType.ipp"
 #include "TypeRegistration.h"
