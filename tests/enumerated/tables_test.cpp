@@ -5,6 +5,7 @@
 #include <graphics/datatype/EnumCache.h>
 #include <graphics/datatype/EnumStringType.h>
 #include <graphics/datatype/OnOffBooleanDataType.h>
+#include <ut/faults.h>
 #include <vcos/COSTypeRepository.h>
 #include <vcos/TypeAccess.h>
 #include <vcos/TypedEnumStringType.h>
@@ -133,6 +134,17 @@ TEST(EnumTable, KeepsNamesOnceAndInLowerCase) {
   EXPECT_EQ(table.getEnumString(COSValue::fromInteger(7)), nullptr);
   EXPECT_EQ(table.getEnumValue("B").bits(), ~std::uint64_t{0});
   EXPECT_STREQ(table.getEnumString(COSValue::fromInteger(-1)), "below");
+}
+
+TEST(EnumTable, DoesNotKeepANameThatTheHostRefuses) {
+  Table table = {"one"};
+  vghost::faults::failHostCall(1, vghost::faults::Repeat::Once);
+  EXPECT_ANY_THROW(table.addEnumValue("two", 2));
+  vghost::faults::disarm();
+  EXPECT_THAT(table.getEnumStrings(), ElementsAre("one"));
+  EXPECT_EQ(found(table, "t"), "");
+  table.addEnumValue("two", 2);
+  EXPECT_EQ(found(table, "t"), "two");
 }
 
 TEST(EnumTable, AsksTheHostForAmbiguityAndVisibility) {
