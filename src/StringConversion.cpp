@@ -8,12 +8,12 @@
 #include <vcos/COSTypeRepository.h>
 #include <vcos/exceptions.h>
 
+#include <algorithm>
 #include <array>
 #include <boost/lexical_cast/try_lexical_convert.hpp>
 #include <cmath>
 #include <concepts>
 #include <cstdio>
-#include <cstring>
 #include <limits>
 #include <string_view>
 #include <type_traits>
@@ -93,7 +93,8 @@ bool print(T value, Text& text) {
 }
 
 bool print(bool value, Text& text) {
-  std::strcpy(text.data(), value ? "true" : "false");
+  const std::string_view word = value ? "true" : "false";
+  *std::ranges::copy(word, text.begin()).out = '\0';
   return true;
 }
 

@@ -145,6 +145,7 @@ const std::vector<std::string>& VGTypedEnumStringType::getEnumStrings() const {
   return lowerCaseNames_;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the interface's signature
 const char* VGTypedEnumStringType::getEnumFromPartialMatch(std::string name) const {
   // The empty text begins every name.
   const std::size_t first = name.empty() ? 1 : firstPosition_[placeOf(name)];

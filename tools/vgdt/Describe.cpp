@@ -47,7 +47,7 @@ std::string shortestPrefix(const std::vector<std::string>& names) {
 /// A single character that begins several names and is none; empty if there is none.
 std::string ambiguousCharacter(const std::vector<std::string>& names) {
   for (const std::string& name : names) {
-    const std::string first = name.substr(0, 1);
+    std::string first = name.substr(0, 1);
     if (!isUniquePrefix(first, names) && std::ranges::find(names, first) == names.end())
       return first;
   }
