@@ -169,8 +169,10 @@ const char* VGTypedEnumStringType::findName(const char* text) const {
 std::optional<COSValue> VGTypedEnumStringType::findEnumValue(const char* name) const {
   const char* found = findName(name);
   if (!found) return std::nullopt;
-  // What this table has added is a valid name of the host type, which does not have to be asked.
-  return hostEnumType_->getEnumValue(found);
+  const COSValue value = hostEnumType_->getEnumValue(found);
+  // The null word is the value 0 or none at all, for a derived class may find what is no name.
+  if (value.isNull() && !hostEnumType_->isValidEnumName(found)) return std::nullopt;
+  return value;
 }
 
 }  // namespace graphics::datatype

@@ -15,6 +15,7 @@
 #include <cctype>
 #include <initializer_list>
 #include <locale>
+#include <optional>
 #include <random>
 #include <string>
 #include <utility>
@@ -203,6 +204,8 @@ TEST(EnumTable, LetsAnHeirSayWhatATextStandsFor) {
   const Heir table;
   EXPECT_EQ(found(table, " Otto Mat\t"), "auto");
   EXPECT_EQ(found(table, "auto"), "");
+  EXPECT_EQ(table.findEnumValue("otto mat"), COSValue::fromInteger(1));
+  EXPECT_EQ(table.findEnumValue("auto"), std::nullopt);
 }
 
 TEST(EnumTable, FindsWhatLookingAtAllNamesFinds) {

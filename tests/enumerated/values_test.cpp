@@ -67,43 +67,26 @@ TEST_F(EnumeratedValues, TestsAreNamedAfterTheNamesBarSome) {
   expectTests<ColorbarCDataMapping>({&ColorbarCDataMapping::isDirect0based}, 3);
 }
 
-TEST_F(EnumeratedValues, StartFromTheDefaultAndCompareByNumber) {
-  EXPECT_TRUE(LineStyle().isSolid());
-  EXPECT_TRUE(MarkerStyle().isNone());
-  EXPECT_TRUE(PrimMarkerStyle().isNone());
-  EXPECT_TRUE(ColorbarCDataMapping().isScaled());
-  EXPECT_EQ(RenderEngineType().getIntValue(), 1);
+TEST_F(EnumeratedValues, CompareByNumber) {
   EXPECT_EQ(LineStyle(), valueOf<LineStyle>(0));
   EXPECT_NE(LineStyle(), valueOf<LineStyle>(1));
-  LineStyle style = valueOf<LineStyle>(2);
-  const LineStyle copy = style;
-  style = valueOf<LineStyle>(3);
-  EXPECT_TRUE(copy.isDotted());
-  EXPECT_TRUE(style.isDashdot());
 }
 
 template <class Type, class Value, class Style>
-void expectShape(const char* name, const char* dottedName) {
+void expectShape() {
   static_assert(sizeof(Value) == 24 && std::is_base_of_v<EnumBase, Value>);
   static_assert(std::has_virtual_destructor_v<Value>);
   static_assert(std::is_base_of_v<EnumStringType, Style>);
-  vcos::COSDataType* type = Type::getType();
-  EXPECT_EQ(type, Type::getType());
-  EXPECT_EQ(vcos::COSTypeRepository::getType(vcos::COSNameID(dottedName)).getObject(), type);
-  EXPECT_STREQ(Type::getDataTypeName(), dottedName);
-  EXPECT_STREQ(type->getName(), name);
   // The table is the first part of the object and the data type the second.
-  auto* whole = dynamic_cast<Type*>(type);
+  auto* whole = dynamic_cast<Type*>(Type::getType());
   ASSERT_NE(whole, nullptr);
   EXPECT_EQ(static_cast<void*>(static_cast<Style*>(whole)), whole);
-  EXPECT_NE(static_cast<void*>(type), whole);
+  EXPECT_NE(static_cast<void*>(Type::getType()), whole);
 }
 
 TEST_F(EnumeratedValues, TypesAreTheirTables) {
-  expectShape<LineStyleDataType, LineStyle, LineStyleStyle>("LineStyle",
-                                                            "vortil.graphics.datatype.LineStyle");
-  expectShape<VG1DrawStyleDataType, VG1DrawStyle, VG1BaseDrawStyle>(
-      "VG1DrawStyle", "vortil.graphics.datatype.VG1DrawStyle");
+  expectShape<LineStyleDataType, LineStyle, LineStyleStyle>();
+  expectShape<VG1DrawStyleDataType, VG1DrawStyle, VG1BaseDrawStyle>();
 }
 
 TEST_F(EnumeratedValues, ATableOfATypeBesideItFindsNothing) {

@@ -1,5 +1,7 @@
+#include "support/ChildProcess.h"
 #include "support/FailingNew.h"
 
+#include <graphics/datatype/StringConversion.h>
 #include <graphics/datatype/vgdatatypes.h>
 #include <gtest/gtest.h>
 #include <gui_objects/convert_from_string_utils.h>
@@ -10,6 +12,7 @@
 
 #include <bit>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <locale>
 #include <new>
@@ -94,14 +97,31 @@ class GroupingLocale {
   std::locale old_;
 };
 
-TEST_F(Scalars, HaveEachAConversionOfTheirOwn) {
-  std::set<const COSTypeConversion*> objects;
-  for (const char* inner :
-       {"int8 scalar", "int16 scalar", "int32 scalar", "int64 scalar", "uint8 scalar",
-        "uint16 scalar", "uint32 scalar", "uint64 scalar", "single scalar", "double scalar",
-        "logical scalar", "string", "int", "uint64_T", "single", "float", "double", "logical"}) {
-    ASSERT_NE(conversion(inner), nullptr) << inner;
-    EXPECT_TRUE(objects.insert(conversion(inner)).second) << inner;
+/// In the order in which they are registered.
+constexpr const char* kNames[] = {
+    "int8 scalar",    "int16 scalar",  "int32 scalar",  "int64 scalar",  "uint8 scalar",
+    "uint16 scalar",  "uint32 scalar", "uint64 scalar", "single scalar", "double scalar",
+    "logical scalar", "string",        "int",           "uint64_T",      "single",
+    "float",          "double",        "logical"};
+
+TEST(ScalarNames, AreRegisteredInOrderUntilOneIsTaken) {
+  for (std::size_t taken = 0; taken <= std::size(kNames); ++taken) {
+    test::inChildProcess([taken] {
+      const bool isAnyTaken = taken < std::size(kNames);
+      if (isAnyTaken)
+        vcos::COSTypeRepository::addConversion(vcos::COSNameID("string"),
+                                               vcos::COSNameID(kNames[taken]),
+                                               new graphics::datatype::StringStringConversion);
+      if (isAnyTaken)
+        EXPECT_THROW(VLInitialize_vgdatatypes(), vcos::COSException);
+      else
+        VLInitialize_vgdatatypes();
+      std::set<const COSTypeConversion*> objects;
+      for (std::size_t i = 0; i < std::size(kNames); ++i) {
+        EXPECT_EQ(conversion(kNames[i]) != nullptr, i <= taken) << kNames[i];
+        EXPECT_EQ(objects.insert(conversion(kNames[i])).second, i <= taken + 1) << kNames[i];
+      }
+    });
   }
 }
 
