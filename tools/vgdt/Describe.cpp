@@ -95,9 +95,7 @@ std::vector<Trial> mostTelling(const std::vector<Trial>& trials) {
   std::vector<Trial> chosen;
   for (auto member : {&Trial::outcome, &Trial::given})
     for (const Trial& trial : trials)
-      if (chosen.size() < kMaxExamples && isNew(trial, chosen, member) &&
-          isNew(trial, chosen, &Trial::given))
-        chosen.push_back(trial);
+      if (chosen.size() < kMaxExamples && isNew(trial, chosen, member)) chosen.push_back(trial);
   return chosen;
 }
 

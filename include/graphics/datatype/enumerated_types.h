@@ -1,6 +1,6 @@
 #pragma once
 
-/// The enumerated types, stamped from the rows of enumerated_types.def. The row
+/// The enumerated types, stamped from the rows of enumerated_types.def. The rows
 ///
 ///     VGDT_ENUM_TYPE(AxesBox, AxesBoxStyle, Full)
 ///     VGDT_ENUM_NAME(AxesBox, Full, "full", 0)
