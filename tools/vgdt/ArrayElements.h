@@ -2,52 +2,15 @@
 
 #include <vcos/TypeAccess.h>
 #include <vx/array.h>
+#include <vx/element_types.h>
 
 #include <cstddef>
-#include <cstdint>
 #include <span>
-#include <stdexcept>
-#include <type_traits>
 
 namespace vgdt {
 
-/// Calls `use` with the std::type_identity of the class's element type. Only for the twelve element
-/// classes, logical to uint64.
-template <class Use>
-decltype(auto) withElementType(vxClassID classID, Use&& use) {
-  switch (classID) {
-    case vxLOGICAL_CLASS:
-      return use(std::type_identity<bool>());
-    case vxCHAR_CLASS:
-      return use(std::type_identity<vxChar>());
-    case vxDOUBLE_CLASS:
-      return use(std::type_identity<double>());
-    case vxSINGLE_CLASS:
-      return use(std::type_identity<float>());
-    case vxINT8_CLASS:
-      return use(std::type_identity<std::int8_t>());
-    case vxUINT8_CLASS:
-      return use(std::type_identity<std::uint8_t>());
-    case vxINT16_CLASS:
-      return use(std::type_identity<std::int16_t>());
-    case vxUINT16_CLASS:
-      return use(std::type_identity<std::uint16_t>());
-    case vxINT32_CLASS:
-      return use(std::type_identity<std::int32_t>());
-    case vxUINT32_CLASS:
-      return use(std::type_identity<std::uint32_t>());
-    case vxINT64_CLASS:
-      return use(std::type_identity<std::int64_t>());
-    case vxUINT64_CLASS:
-      return use(std::type_identity<std::uint64_t>());
-    default:
-      throw std::logic_error("the class has no plain elements");
-  }
-}
-
-inline bool hasPlainElements(vxClassID classID) {
-  return classID >= vxLOGICAL_CLASS && classID <= vxUINT64_CLASS;
-}
+using vghost::hasPlainElements;
+using vghost::withElementType;
 
 inline std::span<const std::size_t> dimensionsOf(const vxArray* array) {
   return {vxGetDimensions(array), vxGetNumberOfDimensions(array)};

@@ -1,6 +1,20 @@
 #pragma once
 
+/// Values written as text. Numbers stand in brackets, separated by blanks or commas, with rows
+/// separated by ";": "[1 0.5; -2e3 NaN]". "NaN", "Inf" and "-Inf" are the only words. Blanks are
+/// free around brackets and separators. The locale of the process plays no part, and reading takes
+/// linear time.
+///
+/// Errors: a ParseException for anything else, for rows of different lengths, for null, and for a
+/// number that the class cannot hold. Integer classes saturate, and round fractions to the nearest
+/// integer (halves away from zero).
+
 #include <ut/export.h>
+#include <vx/array.h>
+
+#include <array>
+#include <cstddef>
+#include <utility>
 
 namespace gui_objects::convert_from_string_utils {
 
@@ -9,5 +23,21 @@ class VGHOST_API ParseException {
  public:
   virtual ~ParseException();
 };
+
+/// Rows and columns of the text; 0 and 0 for "[]".
+VGHOST_API std::pair<std::size_t, std::size_t> parse_array_dimensions(const char* text);
+
+/// The text as a real array of one of the ten numeric classes, which belongs to the caller. The
+/// text has to have that many rows and columns.
+[[nodiscard]] VGHOST_API vxArray* parse_mxn(std::size_t rows, std::size_t columns,
+                                            vxClassID classID, const char* text);
+
+/// Exactly that many numbers in one row.
+VGHOST_API std::array<double, 2> parse_1x2_double(const char* text);
+VGHOST_API std::array<double, 3> parse_1x3_double(const char* text);
+VGHOST_API std::array<double, 4> parse_1x4_double(const char* text);
+
+/// One number, with or without brackets.
+VGHOST_API double parse_double_scalar(const char* text);
 
 }  // namespace gui_objects::convert_from_string_utils

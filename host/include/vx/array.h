@@ -110,8 +110,10 @@ VGHOST_API bool vxIsScalar(const vxArray* array) noexcept;
 /// Two dimensions, one row or one column, at least one element.
 VGHOST_API bool vxIsVector(const vxArray* array) noexcept;
 
-/// Change the shape in place. Elements keep their place in storage order; new ones are zero, and
-/// those that no longer fit are dropped.
+/// Change the shape in place. Elements keep their place in storage order, and new ones are zero.
+/// Elements beyond the new end are kept unseen until the array gets elements of its own or becomes
+/// empty, so that a shape can be changed in two steps: vxSetM and vxSetN make a row of a column and
+/// copy nothing.
 VGHOST_API void vxSetM(vxArray* array, std::size_t m);
 VGHOST_API void vxSetN(vxArray* array, std::size_t n);
 VGHOST_API void vxSetDimensions(vxArray* array, const std::size_t* dimensions,

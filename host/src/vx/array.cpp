@@ -162,10 +162,11 @@ void reshape(const char* operation, vxArray* array, const std::size_t* dimension
   if (array->classID == vxFUNCTION_CLASS) raiseWrongClass(operation, vxGetClassName(array));
   const std::size_t count = checkedCount(dimensions, numberOfDimensions);
   array->dimensions.reserve(numberOfDimensions);  // nothing fails once the elements are replaced
-  if (count != array->count()) {
+  if (count == 0) {
+    array->block = nullptr;
+  } else if (!array->block || count > array->block->size()) {
     requireMemory(count, bytesPerElement(*array), dimensions, numberOfDimensions);
-    array->block =
-        array->block && count != 0 ? array->block->resized(count) : createBlock(*array, count);
+    array->block = array->block ? array->block->resized(count) : createBlock(*array, count);
   }
   array->dimensions.assign(dimensions, dimensions + numberOfDimensions);
 }

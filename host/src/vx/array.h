@@ -45,6 +45,8 @@ using BlockPtr = boost::intrusive_ptr<Block>;
 class Block : public ArrayStorage {
  public:
   virtual ~Block();
+  /// How many elements of an array there are.
+  virtual std::size_t size() const noexcept = 0;
   /// The same elements in a block of its own, cut or filled up to `count` elements.
   virtual BlockPtr resized(std::size_t count) const = 0;
   /// The elements of an m by n matrix as those of its n by m transpose.
@@ -76,6 +78,7 @@ class PlainBlock final : public Block {
   void* real() const noexcept { return real_.get(); }
   void* imag() const noexcept { return imag_.get(); }
 
+  std::size_t size() const noexcept override { return count_; }
   BlockPtr resized(std::size_t count) const override;
   BlockPtr transposed(std::size_t m, std::size_t n) const override;
 
@@ -119,11 +122,13 @@ class ElementBlock final : public Block {
  public:
   ElementBlock(std::size_t count, std::size_t width)
       : Block(count * width * sizeof(Element)),
+        count_(count),
         width_(width),
         elements_(count * width) {}
 
   Element& at(std::size_t index, std::size_t part = 0) { return elements_[index * width_ + part]; }
 
+  std::size_t size() const noexcept override { return count_; }
   BlockPtr resized(std::size_t count) const override {
     boost::intrusive_ptr<ElementBlock> result(new ElementBlock(count, width_));
     std::copy_n(elements_.begin(), std::min(elements_.size(), count * width_),
@@ -141,6 +146,7 @@ class ElementBlock final : public Block {
   }
 
  private:
+  std::size_t count_;
   std::size_t width_;
   std::vector<Element, ArrayAllocator<Element>> elements_;
 };
@@ -192,7 +198,8 @@ struct vxArray_tag final : vghost::ArrayStorage, vghost::ArrayListHook {
   bool sparse = false;
   bool complex = false;
   vghost::Dimensions dimensions;
-  /// Null when there are no elements, and for a function handle.
+  /// Null when there are no elements, and for a function handle. It may have more elements than the
+  /// array, whose dimensions were changed.
   vghost::BlockPtr block;
   /// Field names of a struct, the class name of an object array, the name of a function handle.
   vghost::Names names;

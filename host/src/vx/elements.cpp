@@ -2,10 +2,11 @@
 
 #include <ut/faults.h>
 #include <vcos/COSClass.h>
+#include <vx/class_dispatch.h>
+#include <vx/element_types.h>
 #include <vx/objects.h>
 
 #include <algorithm>
-#include <cstdint>
 
 using namespace vghost;
 using vghost::faults::countHostCall;
@@ -43,11 +44,6 @@ std::size_t checkedField(const vxArray* array, int field, const char* operation)
   return index;
 }
 
-template <class T>
-double firstAs(const vxArray* array) {
-  return static_cast<double>(*static_cast<const T*>(vxGetData(array)));
-}
-
 }  // namespace
 
 const void* vxGetData(const vxArray* array) noexcept {
@@ -72,35 +68,11 @@ void* vxGetWritableImagData(vxArray* array) {
 
 double vxGetScalar(const vxArray* array) {
   countHostCall("vxGetScalar");
-  if (array->elementSize() != 0) requireIndex(0, array->count());
-  switch (array->classID) {
-    case vxLOGICAL_CLASS:
-      return firstAs<bool>(array);
-    case vxCHAR_CLASS:
-      return firstAs<vxChar>(array);
-    case vxDOUBLE_CLASS:
-      return firstAs<double>(array);
-    case vxSINGLE_CLASS:
-      return firstAs<float>(array);
-    case vxINT8_CLASS:
-      return firstAs<std::int8_t>(array);
-    case vxUINT8_CLASS:
-      return firstAs<std::uint8_t>(array);
-    case vxINT16_CLASS:
-      return firstAs<std::int16_t>(array);
-    case vxUINT16_CLASS:
-      return firstAs<std::uint16_t>(array);
-    case vxINT32_CLASS:
-      return firstAs<std::int32_t>(array);
-    case vxUINT32_CLASS:
-      return firstAs<std::uint32_t>(array);
-    case vxINT64_CLASS:
-      return firstAs<std::int64_t>(array);
-    case vxUINT64_CLASS:
-      return firstAs<std::uint64_t>(array);
-    default:
-      raiseWrongClass("vxGetScalar", vxGetClassName(array));
-  }
+  if (!hasPlainElements(array->classID)) raiseWrongClass("vxGetScalar", vxGetClassName(array));
+  requireIndex(0, array->count());
+  return withElementType(array->classID, [array]<class T>(std::type_identity<T>) {
+    return static_cast<double>(*static_cast<const T*>(vxGetData(array)));
+  });
 }
 
 const bool* vxGetLogicals(const vxArray* array) {
@@ -176,4 +148,8 @@ void omSetArrayElement(vxArray* array, std::size_t index, const vcos::COSInterfa
 
 bool omIsVCOS(const vxArray* array) noexcept {
   return array && array->classID == vxOBJECT_CLASS;
+}
+
+vxClassID vg::TL::detail::ArrayDispatcherBase::getClassID(const vxArray* array) noexcept {
+  return array ? array->classID : vxClassID{};
 }

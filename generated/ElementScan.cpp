@@ -1,0 +1,131 @@
+#include "ElementScan.h"
+
+#include "ElementScreens.h"
+
+#include <algorithm>
+
+namespace graphics::datatype::shaped {
+namespace {
+
+/// The numbers that pass a scan, beside NaN.
+template <class Float>
+struct PassingRange {
+  Float min = -std::numeric_limits<Float>::infinity();
+  Float max = std::numeric_limits<Float>::infinity();
+
+  explicit PassingRange(const ElementScan& scan) {
+    if (scan.has(ElementTest::kRange)) narrow(scan.min, scan.max);
+    if (scan.has(ElementTest::kInf)) {
+      constexpr double kMax = std::numeric_limits<Float>::max();
+      narrow(-kMax, kMax);
+    }
+    if (scan.has(ElementTest::kInt32)) {
+      // The lowest one has no counterpart, and is left to the tests themselves.
+      constexpr double kMax = std::numeric_limits<std::int32_t>::max();
+      narrow(-kMax, kMax);
+    }
+  }
+
+  /// Where the numbers have fewer digits, the range becomes smaller and not larger.
+  void narrow(double newMin, double newMax) {
+    const auto nearestMin = static_cast<Float>(newMin);
+    const auto nearestMax = static_cast<Float>(newMax);
+    constexpr Float kInfinity = std::numeric_limits<Float>::infinity();
+    min = std::max(min, static_cast<double>(nearestMin) < newMin
+                            ? std::nextafter(nearestMin, kInfinity)
+                            : nearestMin);
+    max = std::min(max, static_cast<double>(nearestMax) > newMax
+                            ? std::nextafter(nearestMax, -kInfinity)
+                            : nearestMax);
+  }
+};
+
+template <class T>
+std::size_t findByElement(const ElementScan& scan, const T* elements, std::size_t from,
+                          std::size_t to) {
+  while (from < to && !examine(scan, elements[from]).isFailure())
+    ++from;
+  return from;
+}
+
+/// Goes from one flagged block to the next; `mayFail` is asked about the elements of each.
+template <class T, class Screen, class MayFail>
+std::size_t findInFlaggedBlocks(const ElementScan& scan, const T* elements, std::size_t count,
+                                const Screen& screen, MayFail mayFail) {
+  std::size_t from = 0;
+  while ((count - from) * sizeof(T) >= screens::kLeastBytes) {
+    const auto* const data = reinterpret_cast<const std::byte*>(elements + from);
+    from += screens::findFlaggedBlock(screen, data, (count - from) * sizeof(T)) / sizeof(T);
+    const std::size_t end = std::min(from + screens::kLargestBlock / sizeof(T), count);
+    if (from < end && mayFail(elements + from, end - from))
+      if (const std::size_t found = findByElement(scan, elements, from, end); found < end)
+        return found;
+    from = end;
+  }
+  return findByElement(scan, elements, from, count);
+}
+
+template <bool wholeNumbers, class Float>
+std::size_t findFailingFloat(const ElementScan& scan, const Float* elements, std::size_t count) {
+  using Screen = std::conditional_t<wholeNumbers, screens::WholeNumberScreen<Float>,
+                                    screens::RangeScreen<Float>>;
+  const PassingRange<Float> range(scan);
+  const bool nanPasses = scan.has(ElementTest::kSkipNaN);
+  const screens::ComparingScreen<Float, wholeNumbers> comparing(range.min, range.max);
+  const auto mayFail = [&](const Float* block, std::size_t size) {
+    const std::size_t bytes = size * sizeof(Float);
+    if (!nanPasses || bytes < screens::kLeastBytes) return true;
+    const auto* const data = reinterpret_cast<const std::byte*>(block);
+    return screens::findFlaggedBlock(comparing, data, bytes) != bytes;
+  };
+  return findInFlaggedBlocks(scan, elements, count, Screen(range.min, range.max), mayFail);
+}
+
+/// The tests of a scan that end it.
+ElementScan withoutRange(ElementScan scan) {
+  static_cast<void>(std::remove(scan.tests.begin(), scan.tests.end(), ElementTest::kRange));
+  scan.tests.back() = ElementTest::kEnd;
+  return scan;
+}
+
+}  // namespace
+
+template <NumericElement T>
+std::size_t findFailing(const ElementScan& scan, const T* elements, std::size_t count) {
+  if constexpr (std::is_floating_point_v<T>) {
+    return scan.has(ElementTest::kInt32) ? findFailingFloat<true>(scan, elements, count)
+                                         : findFailingFloat<false>(scan, elements, count);
+  } else {
+    if (!scan.has(ElementTest::kRange)) return count;
+    return findInFlaggedBlocks(scan, elements, count, screens::CountingScreen<T>(),
+                               [](const T*, std::size_t) { return true; });
+  }
+}
+
+template <NumericElement T>
+Failure runScan(const ElementScan& scan, const T* elements, std::size_t count) {
+  const std::size_t first = findFailing(scan, elements, count);
+  if (first == count) return Failure::kNone;
+  if (const Failure end = examine(scan, elements[first]).end; end != Failure::kNone) return end;
+  // Out of range: what is left to find is an element that ends the scan.
+  const ElementScan rest = withoutRange(scan);
+  const std::size_t last = first + findFailing(rest, elements + first, count - first);
+  return last == count ? Failure::kRange : examine(rest, elements[last]).end;
+}
+
+#define VGDT_INSTANTIATE(Element)                                                    \
+  template std::size_t findFailing(const ElementScan&, const Element*, std::size_t); \
+  template Failure runScan(const ElementScan&, const Element*, std::size_t);
+VGDT_INSTANTIATE(double)
+VGDT_INSTANTIATE(float)
+VGDT_INSTANTIATE(std::int8_t)
+VGDT_INSTANTIATE(std::uint8_t)
+VGDT_INSTANTIATE(std::int16_t)
+VGDT_INSTANTIATE(std::uint16_t)
+VGDT_INSTANTIATE(std::int32_t)
+VGDT_INSTANTIATE(std::uint32_t)
+VGDT_INSTANTIATE(std::int64_t)
+VGDT_INSTANTIATE(std::uint64_t)
+#undef VGDT_INSTANTIATE
+
+}  // namespace graphics::datatype::shaped

@@ -1,0 +1,91 @@
+#include "PropertyDataType.ipp"
+#include "ShapedSupport.h"
+#include "ShapedTable.h"
+#include "TypeRegistration.h"
+
+#include <graphics/datatype/shaped_types.h>
+
+namespace graphics::datatype {
+namespace {
+
+constexpr const shaped::ShapedType& typeAt(shaped::TypeIndex index) {
+  return shaped::kTypes[static_cast<std::size_t>(index)];
+}
+
+template <class Value>
+vcos::COSValue newValue(const vxArray* array) {
+  return vcos::COSValue::fromPointer(array ? new Value(array) : new Value);
+}
+
+template <class Conversion>
+vcos::COSTypeConversion* newConversion(vcos::COSDataType*) {
+  return new Conversion;
+}
+
+/// The default value is stated as text.
+template <class Value>
+Value* newDefault(const shaped::ShapedType& type) {
+  const auto text = vcos::COSValue::fromPointer(type.defaultText);
+  return shaped::valueFromText(type, text, newValue<Value>).template asPointer<Value>();
+}
+
+}  // namespace
+
+// clang-format off
+
+#define VGDT_SHAPED_TYPE(Type, Empty, Default, Storage, Stored)                                       \
+  template <>                                                                                         \
+  struct PropertyTypeTraits<Type##DataType> {                                                         \
+    static constexpr std::size_t kBytes = reportedBytes(kShapedTypes);                                \
+    static Type* createDefault() { return newDefault<Type>(typeAt(shaped::TypeIndex::Type)); }        \
+  };
+#include "shaped_types.def"
+
+#define VGDT_SHAPED_TYPE(Type, Empty, Default, Storage, Stored)                                \
+  Type::Type(const vxArray* array) : ShapedValue(array, typeAt(shaped::TypeIndex::Type)) {}    \
+  Type::~Type() = default;                                                                     \
+  bool Type::isValid(const vxArray* array, shaped::MessagePtr& message) {                      \
+    return shaped::isValid(typeAt(shaped::TypeIndex::Type), array, message);                   \
+  }
+#define VGDT_SHAPED_PREDICATE(Type, Name, Form, Size, Classes, Elements)                       \
+  bool Type::Name(const vxArray* array, shaped::MessagePtr& message) {                         \
+    constexpr const shaped::ShapedType& type = typeAt(shaped::TypeIndex::Type);                \
+    constexpr auto index = static_cast<std::size_t>(shaped::Type##Index::Name);                \
+    return shaped::holds(type, type.predicates[index], array, message);                        \
+  }                                                                                            \
+  bool Type::Name() const {                                                                    \
+    shaped::MessagePtr message;                                                                \
+    return Name(getPtr(), message);                                                            \
+  }
+#include "shaped_types.def"
+
+#define VGDT_SHAPED_TYPE(Type, Empty, Default, Storage, Stored)                                \
+  template vcos::COSDataType* PropertyDataType<Type##DataType, Type>::getType();               \
+  template const char* PropertyDataType<Type##DataType, Type>::getDataTypeName();              \
+  Type##DataType::~Type##DataType() = default;                                                 \
+  bool Type##DataType::areNonStringValuesAllowed() const { return true; }                      \
+  Type##SC::~Type##SC() = default;                                                             \
+  vcos::COSValue Type##SC::to(vcos::COSValue value) const { return shaped::textOf(value); }    \
+  vcos::COSValue Type##SC::from(vcos::COSValue text) const {                                   \
+    return shaped::valueFromText(typeAt(shaped::TypeIndex::Type), text, newValue<Type>);       \
+  }                                                                                            \
+  Type##VC::~Type##VC() = default;                                                             \
+  vcos::COSValue Type##VC::to(vcos::COSValue value) const {                                    \
+    return shaped::arrayOf(typeAt(shaped::TypeIndex::Type), value);                            \
+  }                                                                                            \
+  vcos::COSValue Type##VC::from(vcos::COSValue array) const {                                  \
+    return array.isNull() ? array : newValue<Type>(array.asPointer<const vxArray>());          \
+  }                                                                                            \
+  void init_GraphicsDatatype_##Type##_callback() {                                             \
+    vcos::COSDataType* const type = Type##DataType::getType();                                 \
+    if (!type) return;                                                                         \
+    registerType(type, Type##DataType::kDottedName, newConversion<Type##VC>,                   \
+                 newConversion<Type##SC>);                                                     \
+  }                                                                                            \
+  VGDT_QUEUE_AT_LOAD(init_GraphicsDatatype_##Type##DataType,                                   \
+                     init_GraphicsDatatype_##Type##_callback)
+#include "shaped_types.def"
+
+// clang-format on
+
+}  // namespace graphics::datatype

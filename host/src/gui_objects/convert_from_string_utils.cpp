@@ -1,0 +1,179 @@
+#include <gui_objects/AutoPtr.h>
+#include <gui_objects/convert_from_string_utils.h>
+#include <vx/element_types.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <concepts>
+#include <limits>
+#include <string_view>
+#include <system_error>
+#include <type_traits>
+
+namespace gui_objects::convert_from_string_utils {
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+constexpr std::string_view kEndsOfNumber = " \t,;[]";
+
+bool isNumberStart(char c) {
+  return (c >= '0' && c <= '9') || c == '.';
+}
+
+/// std::from_chars without what it knows beyond numbers ("infinity", "nan(1)").
+template <class T>
+std::errc readNumber(std::string_view digits, T& number) {
+  const std::size_t sign = digits.starts_with('-') ? 1 : 0;
+  if (digits.size() == sign || !isNumberStart(digits[sign])) return std::errc::invalid_argument;
+  const char* const end = digits.data() + digits.size();
+  const auto [stop, error] = std::from_chars(digits.data(), end, number);
+  return stop == end ? error : std::errc::invalid_argument;
+}
+
+double readDouble(std::string_view word) {
+  if (word == "NaN") return std::numeric_limits<double>::quiet_NaN();
+  // std::from_chars takes no plus sign.
+  if (word.starts_with('+') && !word.starts_with("+-")) word.remove_prefix(1);
+  if (word == "Inf") return std::numeric_limits<double>::infinity();
+  if (word == "-Inf") return -std::numeric_limits<double>::infinity();
+  double value = 0;
+  if (readNumber(word, value) != std::errc()) throw ParseException();
+  return value;
+}
+
+template <std::floating_point T>
+T readElement(std::string_view word) {
+  const double value = readDouble(word);
+  const auto narrowed = static_cast<T>(value);
+  if (std::isinf(narrowed) && !std::isinf(value)) throw ParseException();
+  return narrowed;
+}
+
+template <std::integral T>
+T readElement(std::string_view word) {
+  using Limits = std::numeric_limits<T>;
+  // Not by way of a double, which has fewer digits than the 64-bit integers.
+  T whole = 0;
+  if (readNumber(word, whole) == std::errc()) return whole;
+  const double value = std::round(readDouble(word));
+  if (std::isnan(value)) throw ParseException();
+  if (value <= static_cast<double>(Limits::min())) return Limits::min();
+  if (value >= static_cast<double>(Limits::max())) return Limits::max();
+  return static_cast<T>(value);
+}
+
+class Reader {
+ public:
+  explicit Reader(const char* text) {
+    if (!text) throw ParseException();
+    rest_ = text;
+    skipBlanks();
+  }
+
+  /// Whether `character` comes next; if so, it is read with the blanks behind it.
+  bool take(char character) {
+    if (!rest_.starts_with(character)) return false;
+    rest_.remove_prefix(1);
+    skipBlanks();
+    return true;
+  }
+  void require(char character) {
+    if (!take(character)) throw ParseException();
+  }
+  bool isAtEnd() const { return rest_.empty(); }
+  bool isAtAnyOf(std::string_view characters) const {
+    return !rest_.empty() && characters.find(rest_.front()) != std::string_view::npos;
+  }
+  /// The characters up to the next blank, separator or bracket.
+  std::string_view takeWord() {
+    const std::string_view word = rest_.substr(0, rest_.find_first_of(kEndsOfNumber));
+    rest_.remove_prefix(word.size());
+    skipBlanks();
+    return word;
+  }
+
+ private:
+  void skipBlanks() {
+    rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));
+  }
+
+  std::string_view rest_;
+};
+
+using Size = std::pair<std::size_t, std::size_t>;
+
+/// Calls `use(row, column, word)` for each number of a text in brackets.
+template <class Use>
+Size readMatrix(const char* text, Use&& use) {
+  Reader reader(text);
+  Size size{0, 0};
+  reader.require('[');
+  if (!reader.take(']')) {
+    do {
+      std::size_t columns = 0;
+      do
+        use(size.first, columns++, reader.takeWord());
+      while (reader.take(',') || !reader.isAtAnyOf(";]"));
+      if (size.first++ == 0) size.second = columns;
+      if (columns != size.second) throw ParseException();
+    } while (reader.take(';'));
+    reader.require(']');
+  }
+  if (!reader.isAtEnd()) throw ParseException();
+  return size;
+}
+
+template <class T>
+void readElements(Size size, const char* text, T* elements) {
+  const Size found = readMatrix(text, [&](std::size_t row, std::size_t column, auto word) {
+    if (row >= size.first || column >= size.second) throw ParseException();
+    elements[column * size.first + row] = readElement<T>(word);
+  });
+  if (found != size) throw ParseException();
+}
+
+template <std::size_t count>
+std::array<double, count> readRow(const char* text) {
+  std::array<double, count> numbers{};
+  readElements({1, count}, text, numbers.data());
+  return numbers;
+}
+
+}  // namespace
+
+std::pair<std::size_t, std::size_t> parse_array_dimensions(const char* text) {
+  return readMatrix(text,
+                    [](std::size_t, std::size_t, std::string_view word) { readDouble(word); });
+}
+
+vxArray* parse_mxn(std::size_t rows, std::size_t columns, vxClassID classID, const char* text) {
+  if (classID < vxDOUBLE_CLASS || classID > vxUINT64_CLASS) throw ParseException();
+  AutoPtr<vxArray, VxArrayDtor> array(vxCreateNumericMatrix(rows, columns, classID, vxREAL));
+  vghost::withElementType(classID, [&]<class T>(std::type_identity<T>) {
+    if constexpr (!std::is_same_v<T, bool>)
+      readElements({rows, columns}, text, static_cast<T*>(vxGetWritableData(array.get())));
+  });
+  return array.release();
+}
+
+std::array<double, 2> parse_1x2_double(const char* text) {
+  return readRow<2>(text);
+}
+std::array<double, 3> parse_1x3_double(const char* text) {
+  return readRow<3>(text);
+}
+std::array<double, 4> parse_1x4_double(const char* text) {
+  return readRow<4>(text);
+}
+
+double parse_double_scalar(const char* text) {
+  Reader reader(text);
+  const bool hasBrackets = reader.take('[');
+  const double value = readDouble(reader.takeWord());
+  if (hasBrackets) reader.require(']');
+  if (!reader.isAtEnd()) throw ParseException();
+  return value;
+}
+
+}  // namespace gui_objects::convert_from_string_utils

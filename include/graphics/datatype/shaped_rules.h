@@ -1,0 +1,211 @@
+#pragma once
+
+/// Which host arrays the shaped array types take, as data. The rows of shaped_types.def become one
+/// ShapedType each; the library checks arrays by them, and whoever wants to tell a user what a type
+/// takes can read them.
+
+#include <graphics/datatype/export.h>
+#include <vx/array.h>
+
+#include <array>
+#include <cmath>
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace resource_core {
+class BaseMsgID;
+}
+
+namespace graphics::datatype::shaped {
+
+/// What was found wrong with an array. Each stands for a message of the catalogue, under
+/// "VORTIL:vg:shaped_arrays:".
+enum class Failure : std::uint8_t {
+  kNone,
+  kSparse,     ///< Sparse, with the type's name
+  kComplex,    ///< Complex, with the type's name
+  kSize,       ///< <type>Size
+  kType,       ///< <type>Type: the class, or a number that has to be whole and is not
+  kRange,      ///< <type>Range: an element is too small or too large
+  kNaN,        ///< NaN, with the type's name
+  kInf,        ///< Inf, with the type's name
+  kPredicate,  ///< <type>Predicate: the rule for all elements together
+};
+
+/// Makes a new message.
+using NewMessage = resource_core::BaseMsgID* (*)();
+
+/// A set of array classes.
+class ClassSet {
+ public:
+  constexpr ClassSet() = default;
+  template <class... ClassIDs>
+  explicit constexpr ClassSet(ClassIDs... classIDs) : bits_(((1U << classIDs) | ...)) {}
+
+  constexpr bool contains(vxClassID classID) const noexcept {
+    return classID >= 0 && classID < 32 && (bits_ >> classID & 1U) != 0;
+  }
+  friend constexpr ClassSet operator|(ClassSet a, ClassSet b) noexcept {
+    a.bits_ |= b.bits_;
+    return a;
+  }
+  friend constexpr bool operator==(ClassSet, ClassSet) noexcept = default;
+
+ private:
+  std::uint32_t bits_ = 0;
+};
+
+/// What is asked of the dimensions.
+struct SizeRule {
+  enum class Kind : std::uint8_t {
+    kDimensions,  ///< each of the numbers below that is not kAny
+    kPair,        ///< one row or one column, and two elements after the first dimension's measure
+    kVector,      ///< a vector, as the host sees it
+  };
+  static constexpr std::size_t kAny = SIZE_MAX;
+
+  Kind kind = Kind::kDimensions;
+  std::size_t numberOfDimensions = kAny;
+  std::size_t m = kAny;      ///< the first dimension
+  std::size_t n = kAny;      ///< the product of all dimensions after the first
+  std::size_t third = kAny;  ///< the third dimension
+};
+
+VGDT_API bool fitsSize(const SizeRule& rule, const vxArray* array);
+
+/// One test of an element. NaN and infinity are asked of floating-point elements only, and so is
+/// kInt32.
+enum class ElementTest : std::uint8_t {
+  kEnd,      ///< no further test
+  kSkipNaN,  ///< NaN passes, and takes no further test
+  kRange,    ///< from `min` to `max`, else kRange; the tests go on, and so does the scan
+  kInt32,    ///< a whole number that fits 32 bits with a sign, else kType at once
+  kNaN,      ///< not NaN, else kNaN at once
+  kInf,      ///< not infinite, else kInf at once
+};
+
+/// The tests of each element, in their order.
+struct ElementScan {
+  std::array<ElementTest, 4> tests{};
+  double min = 0;
+  double max = 0;
+  /// Not done where the size is wrong. Ungated, its failure takes the place of that of the size.
+  bool gated = false;
+
+  constexpr bool has(ElementTest test) const noexcept {
+    for (const ElementTest own : tests)
+      if (own == test) return true;
+    return false;
+  }
+  constexpr bool isEmpty() const noexcept { return tests.front() == ElementTest::kEnd; }
+};
+
+/// What the tests say of one element.
+struct ElementFinding {
+  bool isOutOfRange = false;
+  Failure end = Failure::kNone;  ///< what ends the scan, if anything
+
+  constexpr bool isFailure() const noexcept { return isOutOfRange || end != Failure::kNone; }
+};
+
+/// Elements are tested as doubles.
+template <class Element>
+ElementFinding examine(const ElementScan& scan, Element element) noexcept {
+  constexpr bool isFloat = std::floating_point<Element>;
+  const auto value = static_cast<double>(element);
+  ElementFinding finding;
+  for (const ElementTest test : scan.tests) {
+    switch (test) {
+      case ElementTest::kEnd:
+        return finding;
+      case ElementTest::kSkipNaN:
+        if (std::isnan(value)) return finding;
+        break;
+      case ElementTest::kRange:
+        finding.isOutOfRange |= value < scan.min || value > scan.max;
+        break;
+      case ElementTest::kInt32:
+        // The limits of the type are checked first: beyond them there is nothing to convert to.
+        if (isFloat && !(value >= std::numeric_limits<std::int32_t>::min() &&
+                         value <= std::numeric_limits<std::int32_t>::max() &&
+                         static_cast<std::int32_t>(value) == value))
+          return {finding.isOutOfRange, Failure::kType};
+        break;
+      case ElementTest::kNaN:
+        if (std::isnan(value)) return {finding.isOutOfRange, Failure::kNaN};
+        break;
+      case ElementTest::kInf:
+        if (std::isinf(value)) return {finding.isOutOfRange, Failure::kInf};
+        break;
+    }
+  }
+  return finding;
+}
+
+/// A rule for all elements together. "Infinite" is either infinity.
+enum class WholeArrayRule : std::uint8_t {
+  kNone,
+  kNotDecreasing,       ///< two elements, neither NaN, not both infinite, the first <= the second
+  kIncreasing,          ///< two elements, neither NaN nor infinite, the first < the second
+  kIncreasingWithInfs,  ///< two elements, neither NaN, the first < the second
+  kNormalized,          ///< a multiple of three elements, none below 0 or above 1; NaN passes
+  kTicks,               ///< no element NaN, each less than the next and not both infinite; of less
+                        ///< than two elements, any
+};
+
+/// The ten element types of the numeric classes.
+template <class T>
+concept NumericElement = (std::integral<T> || std::floating_point<T>)&&!std::same_as<T, bool> &&
+                         sizeof(T) <= sizeof(double);
+template <class T>
+concept FloatElement = std::same_as<T, double> || std::same_as<T, float>;
+
+/// The index of the first element that breaks a rule; 0 where the number of elements does, and for
+/// null elements of kTicks. None where the rule holds. Defined for the element types of the numeric
+/// classes; integers are compared as integers.
+template <NumericElement T>
+std::optional<std::size_t> findBreach(WholeArrayRule rule, const T* elements, std::size_t count);
+
+/// One way in which an array can be a value of a type. What is stated is tested in this order.
+struct Predicate {
+  const char* name;  ///< "isNormalizedColorMap", the test's name in the value class
+  bool refusesSparse;
+  bool refusesComplex;
+  SizeRule size;
+  ClassSet classes;
+  ElementScan scan;
+  WholeArrayRule rule;
+  NewMessage newOwnMessage;  ///< for kRange of the scan, or kPredicate of the rule; null if neither
+};
+
+/// How a value keeps its array.
+enum class Stored : std::uint8_t { kAsGiven, kAsRow };
+
+/// A shaped array type. An array is valid if one of the predicates holds.
+struct ShapedType {
+  const char* name;  ///< "ColorMap"
+  bool takesEmpty;   ///< null and arrays without elements are valid, whatever their class and size
+  std::span<const Predicate> predicates;
+  const char* defaultText;
+  vxClassID storageClass;  ///< of what is read from text, and of the array of an empty value
+  Stored stored;
+  NewMessage newSizeMessage;
+  NewMessage newTypeMessage;
+};
+
+/// The type of a short name; null if it is none of the shaped types.
+VGDT_API const ShapedType* findShapedType(std::string_view name) noexcept;
+
+/// The last failure of a predicate. A null array has the wrong size.
+VGDT_API Failure check(const Predicate& predicate, const vxArray* array);
+
+/// The first element, in storage order, that breaks the scan or the rule of a predicate. None if
+/// there is no such element, and for an array of a class that the predicate does not take.
+VGDT_API std::optional<std::size_t> findOffender(const Predicate& predicate, const vxArray* array);
+
+}  // namespace graphics::datatype::shaped
