@@ -33,10 +33,10 @@ set_target_properties(vgdatatypes PROPERTIES
   VERSION ${PROJECT_VERSION} SOVERSION 0
   VERIFY_INTERFACE_HEADER_SETS ON)
 
-# TYPE=LineStyle cmake --build build/release --target show_enumerated_type
+# TYPE=LineStyle cmake --build build/release --target show_type
 set(include_dirs $<TARGET_PROPERTY:vgdatatypes,INCLUDE_DIRECTORIES>)
 set(host_include_dirs $<TARGET_PROPERTY:vghost,INTERFACE_INCLUDE_DIRECTORIES>)
-add_custom_target(show_enumerated_type
+add_custom_target(show_type
   COMMAND ${PROJECT_SOURCE_DIR}/generated/show_type ${CMAKE_CXX_COMPILER} "$\${TYPE:-AxesBox}"
           ${include_dirs} ${host_include_dirs}
   COMMAND_EXPAND_LISTS)

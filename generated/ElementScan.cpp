@@ -116,16 +116,7 @@ Failure runScan(const ElementScan& scan, const T* elements, std::size_t count) {
 #define VGDT_INSTANTIATE(Element)                                                    \
   template std::size_t findFailing(const ElementScan&, const Element*, std::size_t); \
   template Failure runScan(const ElementScan&, const Element*, std::size_t);
-VGDT_INSTANTIATE(double)
-VGDT_INSTANTIATE(float)
-VGDT_INSTANTIATE(std::int8_t)
-VGDT_INSTANTIATE(std::uint8_t)
-VGDT_INSTANTIATE(std::int16_t)
-VGDT_INSTANTIATE(std::uint16_t)
-VGDT_INSTANTIATE(std::int32_t)
-VGDT_INSTANTIATE(std::uint32_t)
-VGDT_INSTANTIATE(std::int64_t)
-VGDT_INSTANTIATE(std::uint64_t)
+VGDT_FOR_NUMERIC_ELEMENTS(VGDT_INSTANTIATE)
 #undef VGDT_INSTANTIATE
 
 }  // namespace graphics::datatype::shaped

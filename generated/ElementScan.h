@@ -16,3 +16,8 @@ template <NumericElement T>
 Failure runScan(const ElementScan& scan, const T* elements, std::size_t count);
 
 }  // namespace graphics::datatype::shaped
+
+/// Uses a macro for each element type of the numeric classes: to make the templates for them.
+#define VGDT_FOR_NUMERIC_ELEMENTS(Use)                                                           \
+  Use(double) Use(float) Use(std::int8_t) Use(std::uint8_t) Use(std::int16_t) Use(std::uint16_t) \
+      Use(std::int32_t) Use(std::uint32_t) Use(std::int64_t) Use(std::uint64_t)

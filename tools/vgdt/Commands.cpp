@@ -5,14 +5,18 @@
 #include "Literal.h"
 #include "LiteralPrinter.h"
 #include "Nearest.h"
+#include "ShapedWords.h"
 #include "Table.h"
 #include "TextDisplay.h"
 
 #include <fmt/format.h>
+#include <gui_objects/convert_from_string_utils.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iostream>
 #include <set>
+#include <utility>
 
 namespace vgdt {
 namespace {
@@ -33,18 +37,28 @@ void printField(std::ostream& stream, std::string_view name, std::string_view va
   stream << "  " << padded(std::string(name), 12) << value << '\n';
 }
 
+/// One line for each value; none if there is none.
+void printField(std::ostream& stream, std::string_view name,
+                const std::vector<std::string>& values) {
+  for (const std::string& value : values)
+    printField(stream, std::exchange(name, ""), value);
+}
+
 // --- types ---------------------------------------------------------------------------------------
 
+/// The default value as text, or else as its array.
 std::string defaultText(const Type& type) {
-  const auto text = textOf(type, type.access.dataType().getDefaultValue());
-  return text ? onOneLine(*text, 20) : "";
+  const vcos::COSValue value = type.access.dataType().getDefaultValue();
+  if (const auto text = textOf(type, value)) return *text;
+  const vcos::ArrayOwner array = arrayOf(type, value);
+  return array ? formatLiteral(array.get(), kMaxElements) : "no value";
 }
 
 std::vector<std::string> rowOf(const Type& type) {
   const vcos::COSDataType& dataType = type.access.dataType();
-  return {type.name, familyOf(type), defaultText(type),
+  return {type.name, familyOf(type), onOneLine(defaultText(type), 20),
           std::to_string(dataType.getValueSizeInBytes(dataType.getDefaultValue())),
-          onOneLine(acceptedValues(type), 60)};
+          onOneLine(fmt::format("{}", fmt::join(acceptedValues(type), "; or ")), 60)};
 }
 
 bool isFamily(const std::string& family, const std::vector<Type>& types, const Console& console) {
@@ -60,14 +74,16 @@ bool isFamily(const std::string& family, const std::vector<Type>& types, const C
 // --- describe ------------------------------------------------------------------------------------
 
 std::string shown(const Json& value) {
-  if (value.is_null()) return "no value";
   return value.is_string() ? value.get<std::string>() : dump(value);
 }
 
 void printTrials(const Console& console, std::string_view title, const std::vector<Trial>& trials) {
   if (!trials.empty()) console.output << console.outputStyle.heading(title) << '\n';
+  std::size_t width = 14;
   for (const Trial& trial : trials)
-    console.output << "  " << padded(trial.given, 16) << validUtf8(trial.outcome) << '\n';
+    width = std::max(width, displayWidth(trial.given));
+  for (const Trial& trial : trials)
+    console.output << "  " << padded(trial.given, width + 2) << validUtf8(trial.outcome) << '\n';
 }
 
 void printDescription(const Console& console, const Type& type) {
@@ -81,12 +97,12 @@ void printDescription(const Console& console, const Type& type) {
       {"storage", fmt::format("type {}", shown(form["storageType"]))},
       {"bits", shown(form["sizeInBits"])},
       {"value bytes", shown(form["valueSizeInBytes"])},
-      {"default", shown(form["default"]["text"])},
-      {"values", acceptedValues(type)},
+      {"default", defaultText(type)},
       {"finite", form["finite"] ? "yes" : "no"},
   };
   for (const auto& [name, value] : fields)
     printField(console.output, name, value);
+  printField(console.output, "values", acceptedValues(type));
   const Examples examples = findExamples(type);
   printTrials(console, "takes", examples.taken);
   printTrials(console, "refuses", examples.refused);
@@ -106,6 +122,16 @@ std::optional<std::string> givenText(const GivenValue& given) {
   return vxArrayToStdString(array.get());
 }
 
+/// The array that a shaped array type has refused.
+vcos::ArrayOwner givenArray(const graphics::datatype::shaped::ShapedType& rules,
+                            const GivenValue& given) {
+  namespace convert = gui_objects::convert_from_string_utils;
+  if (given.route == GivenValue::Route::Array) return parseLiteral(given.content);
+  const char* const text = given.content.c_str();
+  const auto [rows, columns] = convert::parse_array_dimensions(text);
+  return vcos::ArrayOwner(convert::parse_mxn(rows, columns, rules.storageClass, text));
+}
+
 void printValue(const Console& console, const Type& type, vcos::COSValue word) {
   const auto text = textOf(type, word);
   printField(console.output, "text", text ? onOneLine(*text) : "none");
@@ -123,6 +149,15 @@ std::string listed(const std::vector<std::string>& names) {
   return fmt::format("{} and {}", fmt::join(names.begin(), names.end() - 1, ", "), names.back());
 }
 
+/// What each test of a shaped array type says of a value; empty for the other types, and for a text
+/// that could not be read.
+std::vector<std::string> refusedAs(const Type& type, const GivenValue& given) {
+  const auto* rules = shapedRules(type);
+  vcos::ArrayOwner array;
+  if (rules) static_cast<void>(failureOf([&] { array = givenArray(*rules, given); }));
+  return array ? refusals(*rules, array.get()) : std::vector<std::string>();
+}
+
 void explainRefusal(const Console& console, const Type& type, const GivenValue& given,
                     const Failure& failure) {
   reportProblem(console, fmt::format("{} does not take this value", type.name));
@@ -136,8 +171,8 @@ void explainRefusal(const Console& console, const Type& type, const GivenValue& 
   const auto candidates = text ? namesAbbreviatedBy(*text, type) : std::vector<std::string>();
   if (candidates.size() > 1)
     printField(console.errors, "ambiguous", "between " + listed(candidates));
-  const std::string accepted = acceptedValues(type);
-  if (!accepted.empty()) printField(console.errors, "accepted", accepted);
+  printField(console.errors, "refused", refusedAs(type, given));
+  printField(console.errors, "accepted", acceptedValues(type));
   if (!text || !candidates.empty()) return;
   if (const auto nearest = nearestName(trimmed(*text), possibleValueTexts(type)))
     console.errors << fmt::format("  did you mean \"{}\"?\n", *nearest);

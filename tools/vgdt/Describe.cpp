@@ -2,6 +2,7 @@
 
 #include "LiteralPrinter.h"
 #include "Nearest.h"
+#include "ShapedWords.h"
 #include "Values.h"
 
 #include <fmt/format.h>
@@ -75,7 +76,10 @@ std::vector<GivenValue> samplesFor(const Type& type) {
   if (type.isScalar)
     for (const char* text : kSampleTexts)
       samples.push_back({route, text});
-  else
+  if (const auto* rules = shapedRules(type))
+    for (const std::string& literal : sampleLiterals(*rules))
+      samples.push_back({route, literal});
+  if (!type.isScalar)
     for (const char* literal : kSampleLiterals)
       samples.push_back({route, literal});
   return samples;

@@ -2,6 +2,7 @@
 
 #include "Errors.h"
 #include "Nearest.h"
+#include "ShapedWords.h"
 #include "TextDisplay.h"
 
 #include <fmt/format.h>
@@ -92,6 +93,7 @@ Type requireType(const std::string& name) {
 std::string familyOf(const Type& type) {
   if (type.isScalar) return "scalar";
   if (type.isImmediate()) return "logical";
+  if (shapedRules(type)) return "shaped";
   return isEnumerated(type) ? "enumerated" : "other";
 }
 
@@ -114,13 +116,18 @@ std::vector<std::string> namesAbbreviatedBy(const std::string& text, const Type&
   return names;
 }
 
-std::string acceptedValues(const Type& type) {
+const graphics::datatype::shaped::ShapedType* shapedRules(const Type& type) {
+  return type.isScalar ? nullptr : graphics::datatype::shaped::findShapedType(type.name);
+}
+
+std::vector<std::string> acceptedValues(const Type& type) {
   const vcos::COSDataType& dataType = type.access.dataType();
   if (dataType.isPossibleValuesFinite())
-    return fmt::format("{}", fmt::join(possibleValueTexts(type), ", "));
-  if (type.isScalar) return acceptedTexts(type);
+    return {fmt::format("{}", fmt::join(possibleValueTexts(type), ", "))};
+  if (type.isScalar) return {acceptedTexts(type)};
+  if (const auto* rules = shapedRules(type)) return acceptedWays(*rules);
   const char* description = dataType.getPossibleValuesDescription();
-  return description ? description : "";
+  return description ? std::vector<std::string>{description} : std::vector<std::string>();
 }
 
 }  // namespace vgdt

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/shaped_rules.h>
 #include <vcos/TypeAccess.h>
 
 #include <string>
@@ -35,7 +36,10 @@ std::vector<std::string> possibleValueTexts(const Type& type);
 /// around it: between two or more the text is ambiguous. Empty for the other types.
 std::vector<std::string> namesAbbreviatedBy(const std::string& text, const Type& type);
 
-/// What the type takes, in a few words; empty if it does not say.
-std::string acceptedValues(const Type& type);
+/// The rules of a shaped array type; null for the other types.
+const graphics::datatype::shaped::ShapedType* shapedRules(const Type& type);
+
+/// What the type takes, in a few words for each way; empty if it does not say.
+std::vector<std::string> acceptedValues(const Type& type);
 
 }  // namespace vgdt

@@ -36,7 +36,7 @@
 ///     class AxesBoxSC final : public EnumeratedSC<AxesBoxDataType> {};  // the text conversion
 ///     class AxesBoxVC final : public EnumeratedVC<AxesBoxDataType> {};  // the array conversion
 ///
-/// `TYPE=LineStyle cmake --build build/release --target show_enumerated_type` shows those of a
+/// `TYPE=LineStyle cmake --build build/release --target show_type` shows those of a
 /// type.
 
 #include <graphics/datatype/EnumStringType.h>
