@@ -17,6 +17,7 @@ namespace {
 
 using vcos::COSValue;
 using vg::TL::detail::ArrayDispatcherBase;
+using Numeric = vg::TL::Typelist<vg::MatrixTraits<vxDOUBLE_CLASS>, vg::TL::NumericButDouble>;
 
 bool isComplex(const vxArray* array) {
   return vxIsComplex(array) && vxGetImagData(array) != nullptr;
@@ -39,7 +40,7 @@ template <class Use>
 void withElements(const vxArray* array, Use use) {
   using Executor = ElementsExecutor<Use>;
   Executor executor{use};
-  vg::TL::ArrayDispatcher<Executor, vg::TL::Numeric>::dispatchHelper(
+  vg::TL::ArrayDispatcher<Executor, Numeric>::dispatchHelper(
       array, ArrayDispatcherBase::getClassID(array), executor);
 }
 
@@ -109,6 +110,14 @@ Verdict tryPredicates(const ShapedType& type, const vxArray* array) {
   return verdict;
 }
 
+/// Changes nothing but the header.
+void makeRow(vxArray* array, std::size_t count) {
+  // The columns of an array without rows would become elements on the way.
+  if (count == 0) vxSetN(array, 0);
+  vxSetM(array, 1);
+  vxSetN(array, count);
+}
+
 }  // namespace
 
 bool fitsSize(const SizeRule& rule, const vxArray* array) {
@@ -132,19 +141,21 @@ Failure check(const Predicate& predicate, const vxArray* array) {
   if (!array) return Failure::kSize;
   if (predicate.refusesSparse && vxIsSparse(array)) return Failure::kSparse;
   if (predicate.refusesComplex && isComplex(array)) return Failure::kComplex;
-  const Failure sizeFailure = fitsSize(predicate.size, array) ? Failure::kNone : Failure::kSize;
+  Failure failure = fitsSize(predicate.size, array) ? Failure::kNone : Failure::kSize;
   if (!predicate.classes.contains(ArrayDispatcherBase::getClassID(array))) return Failure::kType;
-  if (predicate.rule != WholeArrayRule::kNone && !holdsRule(predicate.rule, array))
-    return Failure::kPredicate;
-  const bool isGated = predicate.scan.gated && sizeFailure != Failure::kNone;
-  if (predicate.scan.isEmpty() || isGated) return sizeFailure;
-  const Failure scanFailure = checkScan(predicate.scan, array);
-  return scanFailure == Failure::kNone ? sizeFailure : scanFailure;
+  const bool isScanned =
+      !predicate.scan.isEmpty() && !(predicate.scan.gated && failure != Failure::kNone);
+  if (isScanned)
+    if (const Failure found = checkScan(predicate.scan, array); found != Failure::kNone)
+      failure = found;
+  const bool isRuled = predicate.rule != WholeArrayRule::kNone;
+  return isRuled && !holdsRule(predicate.rule, array) ? Failure::kPredicate : failure;
 }
 
 std::optional<std::size_t> findOffender(const Predicate& predicate, const vxArray* array) {
   std::optional<std::size_t> offender;
-  if (!array || !predicate.classes.contains(ArrayDispatcherBase::getClassID(array)))
+  if (ArrayBase::isEmpty(array) ||
+      !predicate.classes.contains(ArrayDispatcherBase::getClassID(array)))
     return offender;
   withElements(array, [&](const auto* elements, std::size_t count) {
     const std::size_t failing = findFailing(predicate.scan, elements, count);
@@ -208,10 +219,8 @@ ShapedValue::ShapedValue(const vxArray* array, const shaped::ShapedType& type) :
     const shaped::MessagePtr message(verdict.newMessage(type));
     vxErrMsgId(*message);
   }
-  if (type.stored == shaped::Stored::kAsRow && getPtr()) {
-    vxSetM(getPtr(), 1);
-    vxSetN(getPtr(), vxGetNumberOfElements(array));
-  }
+  if (type.stored == shaped::Stored::kAsRow && array)
+    shaped::makeRow(getPtr(), vxGetNumberOfElements(array));
 }
 
 std::size_t ShapedValue::getMaxNumberOfValuesToCompare() const {

@@ -22,13 +22,23 @@ bool isInfinite(T element) {
     return false;
 }
 
+template <NumericElement T>
+bool isNumber(T element) {
+  return !isNaN(element);
+}
+template <NumericElement T>
+bool isFinite(T element) {
+  return !isNaN(element) && !isInfinite(element);
+}
+
 using Breach = std::optional<std::size_t>;
 
-/// The last element is where two that do not fit together are told to break a rule.
-template <class T, class FitTogether>
-Breach findBreachOfPair(const T* elements, std::size_t count, FitTogether fitTogether) {
-  if (count != 2 || isNaN(elements[0])) return 0;
-  if (isNaN(elements[1]) || !fitTogether(elements[0], elements[1])) return 1;
+/// Where two elements do not fit together, it is the second that is told to break a rule.
+template <class T, class IsAllowed, class FitTogether>
+Breach findBreachOfPair(const T* elements, std::size_t count, IsAllowed isAllowed,
+                        FitTogether fitTogether) {
+  if (count != 2 || !isAllowed(elements[0])) return 0;
+  if (!isAllowed(elements[1]) || !fitTogether(elements[0], elements[1])) return 1;
   return std::nullopt;
 }
 
@@ -61,15 +71,13 @@ Breach findBreach(WholeArrayRule rule, const T* elements, std::size_t count) {
     case WholeArrayRule::kNone:
       return std::nullopt;
     case WholeArrayRule::kNotDecreasing:
-      return findBreachOfPair(elements, count, [](T first, T second) {
+      return findBreachOfPair(elements, count, isNumber<T>, [](T first, T second) {
         return !(isInfinite(first) && isInfinite(second)) && first <= second;
       });
     case WholeArrayRule::kIncreasing:
-      return findBreachOfPair(elements, count, [](T first, T second) {
-        return !isInfinite(first) && !isInfinite(second) && first < second;
-      });
+      return findBreachOfPair(elements, count, isFinite<T>, std::less<T>());
     case WholeArrayRule::kIncreasingWithInfs:
-      return findBreachOfPair(elements, count, std::less<T>());
+      return findBreachOfPair(elements, count, isNumber<T>, std::less<T>());
     case WholeArrayRule::kNormalized:
       return findBreachOfNormalized(elements, count);
     case WholeArrayRule::kTicks:

@@ -10,14 +10,24 @@
 #include <boost/shared_ptr.hpp>
 
 #include <algorithm>
+#include <locale>
 #include <sstream>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 namespace graphics::datatype {
 namespace {
 
 using vg::TL::detail::ArrayDispatcherBase;
+using NumericOrLogical =
+    vg::TL::Typelist<vg::MatrixTraits<vxDOUBLE_CLASS>,
+                     vg::TL::Typelist<vg::MatrixTraits<vxLOGICAL_CLASS>, vg::TL::NumericButDouble>>;
+
+/// A logical is any byte to whoever writes one.
+template <class Traits>
+using ElementOf = std::conditional_t<std::is_same_v<typename Traits::ElementType, bool>,
+                                     unsigned char, typename Traits::ElementType>;
 
 /// A real array without elements, of the class and size of another.
 vxArray* copyOfEmpty(const vxArray* array) {
@@ -62,7 +72,7 @@ struct ComparingExecutor {
 
   template <class Traits>
   void run(const vxArray* right) {
-    using Element = typename Traits::ElementType;
+    using Element = ElementOf<Traits>;
     const std::size_t count = vxGetNumberOfElements(right);
     const auto* const elements = static_cast<const Element*>(vxGetData(right));
     areEqual = haveSameShapeAndClass(left, right) && count <= limit &&
@@ -77,9 +87,9 @@ struct WritingExecutor {
 
   template <class Traits>
   void run(const vxArray* array) {
-    const auto* const elements = static_cast<const typename Traits::ElementType*>(vxGetData(array));
+    const auto* const elements = static_cast<const ElementOf<Traits>*>(vxGetData(array));
     for (std::size_t i = 0; i < vxGetNumberOfElements(array); ++i)
-      stream << ' ' << elements[i];
+      stream << ' ' << static_cast<typename Traits::ElementType>(elements[i]);
   }
   void onError(vxClassID) { throw GenericException(); }
 };
@@ -87,10 +97,11 @@ struct WritingExecutor {
 std::string describe(const vxArray* array) {
   constexpr std::size_t kMostListed = 9;
   std::ostringstream stream;
+  stream.imbue(std::locale::classic());  // "0,5" would read back as two numbers
   stream << '[';
   if (vxGetN(array) <= kMostListed && vxGetM(array) == 1) {
     WritingExecutor executor{stream};
-    vg::TL::ArrayDispatcher<WritingExecutor, vg::TL::NumericOrLogical>::dispatchHelper(
+    vg::TL::ArrayDispatcher<WritingExecutor, NumericOrLogical>::dispatchHelper(
         array, ArrayDispatcherBase::getClassID(array), executor);
     stream << ' ';
   } else {
@@ -139,7 +150,7 @@ bool ArrayBase::isEmpty(const vxArray* array) noexcept {
 bool ArrayBase::operator==(const ArrayBase& other) const {
   if (!data_ || !other.data_) return data_ == other.data_;
   ComparingExecutor executor{data_, getMaxNumberOfValuesToCompare()};
-  vg::TL::ArrayDispatcher<ComparingExecutor, vg::TL::NumericOrLogical>::dispatchHelper(
+  vg::TL::ArrayDispatcher<ComparingExecutor, NumericOrLogical>::dispatchHelper(
       other.data_, ArrayDispatcherBase::getClassID(other.data_), executor);
   return executor.areEqual;
 }

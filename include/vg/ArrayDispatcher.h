@@ -7,9 +7,9 @@
 ///       double sum = 0;
 ///       template <class Traits>
 ///       void run(const vxArray* array) {
-///         const auto* elements = static_cast<const typename
-///         Traits::ElementType*>(vxGetData(array)); for (std::size_t i = 0; i <
-///         vxGetNumberOfElements(array); ++i)
+///         using Element = typename Traits::ElementType;
+///         const auto* elements = static_cast<const Element*>(vxGetData(array));
+///         for (std::size_t i = 0; i < vxGetNumberOfElements(array); ++i)
 ///           sum += static_cast<double>(elements[i]);
 ///       }
 ///       void onError(vxClassID) { throw gui_objects::InvalidArrayClassException(); }
@@ -76,8 +76,5 @@ using ClassList = typename detail::MakeClassList<classIDs...>::Type;
 using NumericButDouble =
     ClassList<vxSINGLE_CLASS, vxINT8_CLASS, vxUINT8_CLASS, vxINT16_CLASS, vxUINT16_CLASS,
               vxINT32_CLASS, vxUINT32_CLASS, vxINT64_CLASS, vxUINT64_CLASS>;
-using Numeric = Typelist<MatrixTraits<vxDOUBLE_CLASS>, NumericButDouble>;
-using NumericOrLogical = Typelist<MatrixTraits<vxDOUBLE_CLASS>,
-                                  Typelist<MatrixTraits<vxLOGICAL_CLASS>, NumericButDouble>>;
 
 }  // namespace vg::TL

@@ -54,11 +54,16 @@ std::string defaultText(const Type& type) {
   return array ? formatLiteral(array.get(), kMaxElements) : "no value";
 }
 
+std::string valuesInShort(const Type& type) {
+  const auto* rules = shapedRules(type);
+  return rules ? acceptedInShort(*rules) : fmt::format("{}", fmt::join(acceptedValues(type), "; "));
+}
+
 std::vector<std::string> rowOf(const Type& type) {
   const vcos::COSDataType& dataType = type.access.dataType();
   return {type.name, familyOf(type), onOneLine(defaultText(type), 20),
           std::to_string(dataType.getValueSizeInBytes(dataType.getDefaultValue())),
-          onOneLine(fmt::format("{}", fmt::join(acceptedValues(type), "; or ")), 60)};
+          onOneLine(valuesInShort(type), 60)};
 }
 
 bool isFamily(const std::string& family, const std::vector<Type>& types, const Console& console) {
@@ -103,6 +108,8 @@ void printDescription(const Console& console, const Type& type) {
   for (const auto& [name, value] : fields)
     printField(console.output, name, value);
   printField(console.output, "values", acceptedValues(type));
+  if (const auto* rules = shapedRules(type))
+    printField(console.output, "texts", acceptedText(*rules));
   const Examples examples = findExamples(type);
   printTrials(console, "takes", examples.taken);
   printTrials(console, "refuses", examples.refused);
@@ -132,9 +139,17 @@ vcos::ArrayOwner givenArray(const graphics::datatype::shaped::ShapedType& rules,
   return vcos::ArrayOwner(convert::parse_mxn(rows, columns, rules.storageClass, text));
 }
 
+/// A value may have no text, and still be one.
+std::string shownText(const Type& type, vcos::COSValue word) {
+  std::optional<std::string> text;
+  if (const auto failure = failureOf([&] { text = textOf(type, word); }))
+    return fmt::format(
+        "none: {}", failure->message.empty() ? nameOf(failure->kind) : onOneLine(failure->message));
+  return text ? onOneLine(*text) : "none";
+}
+
 void printValue(const Console& console, const Type& type, vcos::COSValue word) {
-  const auto text = textOf(type, word);
-  printField(console.output, "text", text ? onOneLine(*text) : "none");
+  printField(console.output, "text", shownText(type, word));
   if (type.isImmediate()) printField(console.output, "word", wordText(word));
   if (type.isScalar) return;
   const vcos::ArrayOwner array = arrayOf(type, word);
@@ -149,13 +164,15 @@ std::string listed(const std::vector<std::string>& names) {
   return fmt::format("{} and {}", fmt::join(names.begin(), names.end() - 1, ", "), names.back());
 }
 
-/// What each test of a shaped array type says of a value; empty for the other types, and for a text
-/// that could not be read.
-std::vector<std::string> refusedAs(const Type& type, const GivenValue& given) {
-  const auto* rules = shapedRules(type);
-  vcos::ArrayOwner array;
-  if (rules) static_cast<void>(failureOf([&] { array = givenArray(*rules, given); }));
-  return array ? refusals(*rules, array.get()) : std::vector<std::string>();
+/// Which tests of a shaped array type refused the array, and what it takes.
+void explainShape(const Console& console, const graphics::datatype::shaped::ShapedType& rules,
+                  const GivenValue& given, const Failure& failure) {
+  if (failure.identifier.starts_with("VORTIL:vg:shaped_arrays:"))
+    printField(console.errors, "refused", refusals(rules, givenArray(rules, given).get()));
+  std::vector<std::string> accepted = acceptedWays(rules);
+  if (given.route == GivenValue::Route::Text)
+    accepted.insert(accepted.begin(), acceptedText(rules));
+  printField(console.errors, "accepted", accepted);
 }
 
 void explainRefusal(const Console& console, const Type& type, const GivenValue& given,
@@ -166,12 +183,12 @@ void explainRefusal(const Console& console, const Type& type, const GivenValue& 
   if (!failure.message.empty()) printField(console.errors, "message", onOneLine(failure.message));
   printField(console.errors, "given",
              given.content.empty() ? "''" : onOneLine(given.content, kColumns));
+  if (const auto* rules = shapedRules(type)) return explainShape(console, *rules, given, failure);
   std::optional<std::string> text;
   static_cast<void>(failureOf([&] { text = givenText(given); }));
   const auto candidates = text ? namesAbbreviatedBy(*text, type) : std::vector<std::string>();
   if (candidates.size() > 1)
     printField(console.errors, "ambiguous", "between " + listed(candidates));
-  printField(console.errors, "refused", refusedAs(type, given));
   printField(console.errors, "accepted", acceptedValues(type));
   if (!text || !candidates.empty()) return;
   if (const auto nearest = nearestName(trimmed(*text), possibleValueTexts(type)))

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -18,15 +19,20 @@ namespace {
 using graphics::datatype::shaped::ClassSet;
 using graphics::datatype::shaped::ElementScan;
 using graphics::datatype::shaped::ElementTest;
+using graphics::datatype::shaped::Failure;
 using graphics::datatype::shaped::Predicate;
 using graphics::datatype::shaped::ShapedType;
 using graphics::datatype::shaped::SizeRule;
+using graphics::datatype::shaped::Stored;
 using graphics::datatype::shaped::WholeArrayRule;
 
-constexpr vxClassID kNumericClasses[] = {
-    vxDOUBLE_CLASS, vxSINGLE_CLASS, vxINT8_CLASS,   vxUINT8_CLASS, vxINT16_CLASS,
-    vxUINT16_CLASS, vxINT32_CLASS,  vxUINT32_CLASS, vxINT64_CLASS, vxUINT64_CLASS,
-};
+std::vector<vxClassID> numericClassesIn(ClassSet classes) {
+  std::vector<vxClassID> found;
+  for (int number = vxDOUBLE_CLASS; number <= vxUINT64_CLASS; ++number)
+    if (const auto classID = static_cast<vxClassID>(number); classes.contains(classID))
+      found.push_back(classID);
+  return found;
+}
 
 std::string measure(std::size_t size, const char* letter) {
   return size == SizeRule::kAny ? letter : std::to_string(size);
@@ -35,7 +41,7 @@ std::string measure(std::size_t size, const char* letter) {
 std::string sizeWords(const SizeRule& rule) {
   switch (rule.kind) {
     case SizeRule::Kind::kPair:
-      return "1-by-2 or 2-by-1";
+      return "1-by-2, 2-by-1 or 1-by-1-by-2";
     case SizeRule::Kind::kVector:
       return "1-by-n or n-by-1";
     case SizeRule::Kind::kDimensions:
@@ -43,15 +49,16 @@ std::string sizeWords(const SizeRule& rule) {
   }
   const std::string m = measure(rule.m, rule.n == SizeRule::kAny ? "m" : "n");
   const std::string matrix = fmt::format("{}-by-{}", m, measure(rule.n, "n"));
-  return rule.numberOfDimensions == 2 ? matrix : matrix + "-by-" + measure(rule.third, "p");
+  return rule.numberOfDimensions == 2 ? matrix : matrix + "-by-" + measure(rule.third, "k");
 }
 
 /// "double or single", or "numeric" for all ten.
 std::string classWords(ClassSet classes) {
+  constexpr std::size_t kNumericCount = vxUINT64_CLASS - vxDOUBLE_CLASS + 1;
   std::vector<std::string> names;
-  for (const vxClassID classID : kNumericClasses)
-    if (classes.contains(classID)) names.emplace_back(vxClassName(classID));
-  if (names.size() == std::size(kNumericClasses)) names = {"numeric"};
+  for (const vxClassID classID : numericClassesIn(classes))
+    names.emplace_back(vxClassName(classID));
+  if (names.size() == kNumericCount) names = {"numeric"};
   if (classes.contains(vxLOGICAL_CLASS)) names.emplace_back("logical");
   return fmt::format("{}", fmt::join(names, " or "));
 }
@@ -69,7 +76,7 @@ std::string ruleWords(WholeArrayRule rule) {
     case WholeArrayRule::kNormalized:
       return "0 to 1 or NaN";
     case WholeArrayRule::kTicks:
-      return "each below the next, none NaN, no two infinite side by side";
+      return "each below the next, none NaN, no two infinite side by side; one alone may be any";
   }
   return "";
 }
@@ -91,15 +98,34 @@ std::string elementWords(const Predicate& predicate) {
   return predicate.scan.has(ElementTest::kSkipNaN) ? range + " or NaN" : range;
 }
 
-/// What is asked beside the size.
-std::string otherWords(const Predicate& predicate) {
-  std::string words = classWords(predicate.classes);
-  if (const std::string elements = elementWords(predicate); !elements.empty())
-    words += ", " + elements;
-  if (predicate.refusesSparse && predicate.refusesComplex)
-    return words + " (not sparse or complex)";
-  if (predicate.refusesSparse) return words + " (not sparse)";
-  return predicate.refusesComplex ? words + " (not complex)" : words;
+/// What is asked of the class and the elements.
+std::string contentWords(const Predicate& predicate) {
+  const std::string elements = elementWords(predicate);
+  return classWords(predicate.classes) + (elements.empty() ? "" : ", " + elements);
+}
+
+std::string formWords(const Predicate& predicate) {
+  if (predicate.refusesSparse && predicate.refusesComplex) return " (not sparse or complex)";
+  if (predicate.refusesSparse) return " (not sparse)";
+  return predicate.refusesComplex ? " (not complex)" : "";
+}
+
+/// A line for each run of predicates that differ only in size.
+template <class Words>
+std::vector<std::string> waysOf(const ShapedType& type, Words words) {
+  std::vector<std::pair<std::string, std::string>> ways;  // sizes, and what else is asked
+  for (const Predicate& predicate : type.predicates) {
+    const std::string size = sizeWords(predicate.size);
+    const std::string rest = words(predicate);
+    if (!ways.empty() && ways.back().second == rest)
+      ways.back().first += " or " + size;
+    else
+      ways.emplace_back(size, rest);
+  }
+  std::vector<std::string> lines;
+  for (const auto& [sizes, rest] : ways)
+    lines.push_back(sizes + ' ' + rest);
+  return lines;
 }
 
 /// "(2,3)", counted from 1, of an element's place in storage order.
@@ -113,25 +139,51 @@ std::string placeOf(std::size_t index, const vxArray* array) {
 }
 
 std::string elementText(const vxArray* array, std::size_t index) {
-  return withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) {
+  return withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) -> std::string {
     const T element = elementsOf<T>(array)[index];
-    if constexpr (std::is_floating_point_v<T>)
-      if (!std::isfinite(element))
-        return std::string(std::isnan(element) ? "NaN" : element < 0 ? "-Inf" : "Inf");
+    const auto number = static_cast<double>(element);
+    if (std::isnan(number)) return "NaN";
+    if (std::isinf(number)) return number < 0 ? "-Inf" : "Inf";
     return fmt::format("{}", +element);
   });
 }
 
-/// Only what a predicate looks at: it ends at a sparse or complex array and at a wrong class, and
-/// gated scans are left out where the size is wrong.
+/// "element 3, at (1,2), is 2".
+std::string elementFault(const vxArray* array, std::size_t index) {
+  return fmt::format("element {}, at {}, is {}", index + 1, placeOf(index, array),
+                     elementText(array, index));
+}
+
+/// The element that ended a scan with `failure`; none where no element did.
+std::optional<std::size_t> findEnding(const ElementScan& scan, const vxArray* array,
+                                      Failure failure) {
+  return withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) {
+    const auto elements = elementsOf<T>(array);
+    const auto found = std::ranges::find_if(
+        elements, [&](T element) { return examine(scan, element).end == failure; });
+    return found == elements.end() ? std::optional<std::size_t>() : found - elements.begin();
+  });
+}
+
+/// The first element that does not fit, and the one that decided the message if that is another.
+std::string elementFaults(const Predicate& predicate, const vxArray* array, std::size_t first) {
+  std::string words = elementFault(array, first);
+  const Failure failure = check(predicate, array);
+  const auto last = findEnding(predicate.scan, array, failure);
+  if (failure != Failure::kNone && last && *last != first)
+    words += ", and " + elementFault(array, *last);
+  return words + "; asked for: " + elementWords(predicate);
+}
+
+/// Only what a predicate looks at, and no further than it looks.
 std::vector<std::string> findFaults(const Predicate& predicate, const vxArray* array) {
-  if (predicate.refusesSparse && vxIsSparse(array)) return {"it is sparse"};
-  if (predicate.refusesComplex && vxIsComplex(array)) return {"it is complex"};
+  const Failure failure = check(predicate, array);
+  if (failure == Failure::kSparse) return {"it is sparse"};
+  if (failure == Failure::kComplex) return {"it is complex"};
   std::vector<std::string> faults;
   const bool sizeFits = fitsSize(predicate.size, array);
-  const auto dimensions = dimensionsOf(array);
   if (!sizeFits)
-    faults.push_back(fmt::format("its size is {}, not {}", fmt::join(dimensions, "-by-"),
+    faults.push_back(fmt::format("its size is {}, not {}", fmt::join(dimensionsOf(array), "-by-"),
                                  sizeWords(predicate.size)));
   if (!predicate.classes.contains(vxGetClassID(array))) {
     faults.push_back(fmt::format("its class is {}, not {}", vxGetClassName(array),
@@ -140,19 +192,15 @@ std::vector<std::string> findFaults(const Predicate& predicate, const vxArray* a
   }
   // A rule counts the elements as well, so its offender would be one for that alone.
   if (!sizeFits && (predicate.scan.gated || predicate.rule != WholeArrayRule::kNone)) return faults;
-  const auto offender = findOffender(predicate, array);
-  if (offender && *offender < vxGetNumberOfElements(array))
-    faults.push_back(fmt::format("element {}, at {}, is {}; it has to be: {}", *offender + 1,
-                                 placeOf(*offender, array), elementText(array, *offender),
-                                 elementWords(predicate)));
+  if (const auto offender = findOffender(predicate, array))
+    faults.push_back(elementFaults(predicate, array, *offender));
   return faults;
 }
 
 /// An array of the first class that the predicate takes, with that element everywhere. Dimensions
 /// that are free are 2.
 std::string filledLiteral(const Predicate& predicate, double element) {
-  const auto* const classID = std::ranges::find_if(
-      kNumericClasses, [&](vxClassID candidate) { return predicate.classes.contains(candidate); });
+  const vxClassID classID = numericClassesIn(predicate.classes).front();
   const SizeRule& rule = predicate.size;
   const auto some = [](std::size_t size) { return size == SizeRule::kAny ? 2 : size; };
   const std::size_t m = rule.kind == SizeRule::Kind::kDimensions ? some(rule.m) : 1;
@@ -160,7 +208,7 @@ std::string filledLiteral(const Predicate& predicate, double element) {
   const std::vector<double> row(some(rule.n) * pages, element);
   const std::vector<std::string> rows(m, fmt::format("{}", fmt::join(row, " ")));
   std::string literal = fmt::format("[{}]", fmt::join(rows, ";"));
-  if (*classID != vxDOUBLE_CLASS) literal = fmt::format("{}({})", vxClassName(*classID), literal);
+  if (classID != vxDOUBLE_CLASS) literal = fmt::format("{}({})", vxClassName(classID), literal);
   if (pages == 1) return literal;
   return fmt::format("reshape({},{},{},{})", literal, m, some(rule.n), pages);
 }
@@ -168,20 +216,22 @@ std::string filledLiteral(const Predicate& predicate, double element) {
 }  // namespace
 
 std::vector<std::string> acceptedWays(const ShapedType& type) {
-  std::vector<std::pair<std::string, std::string>> ways;  // sizes, and what else is asked
-  for (const Predicate& predicate : type.predicates) {
-    const std::string rest = otherWords(predicate);
-    const std::string size = sizeWords(predicate.size);
-    if (!ways.empty() && ways.back().second == rest)
-      ways.back().first += " or " + size;
-    else
-      ways.emplace_back(size, rest);
-  }
-  std::vector<std::string> words;
-  for (const auto& [sizes, rest] : ways)
-    words.push_back(sizes + ' ' + rest);
-  if (type.takesEmpty) words.emplace_back("empty, of any class");
-  return words;
+  std::vector<std::string> ways = waysOf(type, [](const Predicate& predicate) {
+    return contentWords(predicate) + formWords(predicate);
+  });
+  if (type.takesEmpty) ways.emplace_back("empty, of any class");
+  if (type.stored == Stored::kAsRow) ways.emplace_back("a column becomes a row");
+  return ways;
+}
+
+std::string acceptedInShort(const ShapedType& type) {
+  return fmt::format("{}", fmt::join(waysOf(type, contentWords), "; "));
+}
+
+std::string acceptedText(const ShapedType& type) {
+  return fmt::format(
+      "numbers in brackets, separated by blanks or commas, rows by \";\", read as {}; [] is empty",
+      vxClassName(type.storageClass));
 }
 
 std::vector<std::string> refusals(const ShapedType& type, const vxArray* array) {

@@ -21,33 +21,28 @@ bool isNumberStart(char c) {
   return (c >= '0' && c <= '9') || c == '.';
 }
 
-/// std::from_chars without what it knows beyond numbers ("infinity", "nan(1)").
+/// std::from_chars without what it knows beyond numbers ("infinity", "nan(1)"), and with the plus
+/// sign that it does not know.
 template <class T>
-std::errc readNumber(std::string_view digits, T& number) {
-  const std::size_t sign = digits.starts_with('-') ? 1 : 0;
-  if (digits.size() == sign || !isNumberStart(digits[sign])) return std::errc::invalid_argument;
-  const char* const end = digits.data() + digits.size();
-  const auto [stop, error] = std::from_chars(digits.data(), end, number);
+std::errc readNumber(std::string_view word, T& number) {
+  const auto startsNumber = [&word](std::size_t at) {
+    return at < word.size() && isNumberStart(word[at]);
+  };
+  if (word.starts_with('+') && startsNumber(1)) word.remove_prefix(1);
+  if (!startsNumber(word.starts_with('-') ? 1 : 0)) return std::errc::invalid_argument;
+  const char* const end = word.data() + word.size();
+  const auto [stop, error] = std::from_chars(word.data(), end, number);
   return stop == end ? error : std::errc::invalid_argument;
-}
-
-double readDouble(std::string_view word) {
-  if (word == "NaN") return std::numeric_limits<double>::quiet_NaN();
-  // std::from_chars takes no plus sign.
-  if (word.starts_with('+') && !word.starts_with("+-")) word.remove_prefix(1);
-  if (word == "Inf") return std::numeric_limits<double>::infinity();
-  if (word == "-Inf") return -std::numeric_limits<double>::infinity();
-  double value = 0;
-  if (readNumber(word, value) != std::errc()) throw ParseException();
-  return value;
 }
 
 template <std::floating_point T>
 T readElement(std::string_view word) {
-  const double value = readDouble(word);
-  const auto narrowed = static_cast<T>(value);
-  if (std::isinf(narrowed) && !std::isinf(value)) throw ParseException();
-  return narrowed;
+  if (word == "NaN") return std::numeric_limits<T>::quiet_NaN();
+  if (word == "Inf") return std::numeric_limits<T>::infinity();
+  if (word == "-Inf") return -std::numeric_limits<T>::infinity();
+  T value = 0;
+  if (readNumber(word, value) != std::errc()) throw ParseException();
+  return value;
 }
 
 template <std::integral T>
@@ -56,7 +51,7 @@ T readElement(std::string_view word) {
   // Not by way of a double, which has fewer digits than the 64-bit integers.
   T whole = 0;
   if (readNumber(word, whole) == std::errc()) return whole;
-  const double value = std::round(readDouble(word));
+  const double value = std::round(readElement<double>(word));
   if (std::isnan(value)) throw ParseException();
   if (value <= static_cast<double>(Limits::min())) return Limits::min();
   if (value >= static_cast<double>(Limits::max())) return Limits::max();
@@ -143,8 +138,8 @@ std::array<double, count> readRow(const char* text) {
 }  // namespace
 
 std::pair<std::size_t, std::size_t> parse_array_dimensions(const char* text) {
-  return readMatrix(text,
-                    [](std::size_t, std::size_t, std::string_view word) { readDouble(word); });
+  return readMatrix(
+      text, [](std::size_t, std::size_t, std::string_view word) { readElement<double>(word); });
 }
 
 vxArray* parse_mxn(std::size_t rows, std::size_t columns, vxClassID classID, const char* text) {
@@ -170,7 +165,7 @@ std::array<double, 4> parse_1x4_double(const char* text) {
 double parse_double_scalar(const char* text) {
   Reader reader(text);
   const bool hasBrackets = reader.take('[');
-  const double value = readDouble(reader.takeWord());
+  const double value = readElement<double>(reader.takeWord());
   if (hasBrackets) reader.require(']');
   if (!reader.isAtEnd()) throw ParseException();
   return value;

@@ -159,8 +159,9 @@ vxArray* createNumeric(const char* operation, vxClassID classID, const std::size
 void reshape(const char* operation, vxArray* array, const std::size_t* dimensions,
              std::size_t numberOfDimensions) {
   countHostCall(operation);
-  if (array->classID == vxFUNCTION_CLASS) raiseWrongClass(operation, vxGetClassName(array));
   const std::size_t count = checkedCount(dimensions, numberOfDimensions);
+  if (array->classID == vxFUNCTION_CLASS && count != array->count())
+    raiseWrongClass(operation, vxGetClassName(array));
   array->dimensions.reserve(numberOfDimensions);  // nothing fails once the elements are replaced
   if (count == 0) {
     array->block = nullptr;

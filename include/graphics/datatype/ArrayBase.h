@@ -27,7 +27,7 @@ class VGDT_API ArrayBase {
  public:
   ArrayBase() noexcept = default;
   /// Takes a shared data copy; no array for null. An array without elements is copied by class and
-  /// size, and a sparse one becomes full.
+  /// size (a char array becomes 0 by 0), and a sparse one becomes full.
   explicit ArrayBase(const vxArray* array);
   ArrayBase(const ArrayBase& other);
   ArrayBase& operator=(const ArrayBase& other);
@@ -65,7 +65,8 @@ class VGDT_API ArrayBase {
   /// The array as a text on the host's heap, ended with utFree; null if there is no array. It is
   /// what the host's conversion from "any" to "string" makes of it. Where that fails, rows of up to
   /// nine elements are listed ("[ 1 2 3 ]"), and other arrays are told by their size
-  /// ("[4x3 array]"). Kept: the elements of int8 and uint8 rows are written as characters.
+  /// ("[4x3 array]"). Kept: the elements of int8 and uint8 rows are written as characters,
+  /// so that a 0 among them ends the text.
   ///
   /// Errors: a GenericException for such a row of another class than the numeric ones and logical;
   /// a vcos::COSOutOfMemoryException.

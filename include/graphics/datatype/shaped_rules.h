@@ -64,7 +64,7 @@ class ClassSet {
 struct SizeRule {
   enum class Kind : std::uint8_t {
     kDimensions,  ///< each of the numbers below that is not kAny
-    kPair,        ///< one row or one column, and two elements after the first dimension's measure
+    kPair,        ///< two elements, M or N being 1, in any number of dimensions
     kVector,      ///< a vector, as the host sees it
   };
   static constexpr std::size_t kAny = SIZE_MAX;
@@ -165,9 +165,9 @@ concept NumericElement = (std::integral<T> || std::floating_point<T>)&&!std::sam
 template <class T>
 concept FloatElement = std::same_as<T, double> || std::same_as<T, float>;
 
-/// The index of the first element that breaks a rule; 0 where the number of elements does, and for
-/// null elements of kTicks. None where the rule holds. Defined for the element types of the numeric
-/// classes; integers are compared as integers.
+/// The index of the first element that breaks a rule, the second of two that do not fit together; 0
+/// where the number of elements breaks it, and for null elements of kTicks. None where the rule
+/// holds. Defined for the element types of the numeric classes; integers are compared as integers.
 template <NumericElement T>
 std::optional<std::size_t> findBreach(WholeArrayRule rule, const T* elements, std::size_t count);
 
@@ -204,8 +204,9 @@ VGDT_API const ShapedType* findShapedType(std::string_view name) noexcept;
 /// The last failure of a predicate. A null array has the wrong size.
 VGDT_API Failure check(const Predicate& predicate, const vxArray* array);
 
-/// The first element, in storage order, that breaks the scan or the rule of a predicate. None if
-/// there is no such element, and for an array of a class that the predicate does not take.
+/// The first element, in storage order, that fails the scan or breaks the rule of a predicate; the
+/// first one where the number of elements breaks the rule. None if all pass, and for an array that
+/// has no elements or is of a class that the predicate does not take.
 VGDT_API std::optional<std::size_t> findOffender(const Predicate& predicate, const vxArray* array);
 
 }  // namespace graphics::datatype::shaped
