@@ -20,9 +20,11 @@ struct PassingRange {
       narrow(-kMax, kMax);
     }
     if (scan.has(ElementTest::kInt32)) {
-      // The lowest one has no counterpart, and is left to the tests themselves.
+      // The lowest one has no counterpart, and is left to the tests themselves, as are the numbers
+      // that the screens cannot round.
       constexpr double kMax = std::numeric_limits<std::int32_t>::max();
-      narrow(-kMax, kMax);
+      narrow(-std::min(kMax, double{screens::kMostRounded<Float>}),
+             std::min(kMax, double{screens::kMostRounded<Float>}));
     }
   }
 

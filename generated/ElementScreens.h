@@ -28,10 +28,12 @@ using BitsOf = std::conditional_t<
     std::conditional_t<sizeof(Element) == 4, std::uint32_t,
                        std::conditional_t<sizeof(Element) == 2, std::uint16_t, std::uint8_t>>>;
 
-/// Added to a number and taken away again, it leaves the nearest whole number, as long as that is
-/// below a quarter of it.
+/// Added to a number and taken away again, it leaves the nearest whole number, as long as the
+/// number is not larger than kMostRounded.
 template <std::floating_point Float>
 constexpr Float kRounder = static_cast<Float>(3ULL << (std::numeric_limits<Float>::digits - 2));
+template <std::floating_point Float>
+constexpr Float kMostRounded = kRounder<Float> / 3;
 
 /// Flags numbers outside a range, NaN included. As bits, the numbers that are not negative stand in
 /// their order, so that one comparison of whole numbers sees too small, too large, negative,
@@ -61,7 +63,7 @@ class RangeScreen {
   Bits span_;
 };
 
-/// Flags fractions as well, and what is too large for its way of rounding.
+/// Flags fractions as well. The range has to end within kMostRounded.
 template <std::floating_point Float>
 class WholeNumberScreen : public RangeScreen<Float> {
  public:
@@ -80,7 +82,8 @@ class WholeNumberScreen : public RangeScreen<Float> {
 };
 
 /// Flags what a comparison of numbers finds outside a range, which is slower and exact: it knows
-/// that a negative zero is no less than 0, and lets NaN pass.
+/// that a negative zero is no less than 0, and lets NaN pass. For whole numbers, the range has to
+/// end within kMostRounded.
 template <std::floating_point Float, bool wholeNumbers>
 class ComparingScreen {
  public:

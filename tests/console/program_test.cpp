@@ -55,9 +55,9 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     Types, Program,
     testing::Values(
-        Case{"types", 0, "on_off                logical     off           1      on, off"},
-        Case{"types", 0, "AxisScale             enumerated  linear        24     linear, "},
-        Case{"types --json", 0, "\"NextPlot\",\"on_off\",\"OrderLayer\""},
+        Case{"types", 0, "on_off                    logical     off             1      on, off"},
+        Case{"types", 0, "AxisScale                 enumerated  linear          24     linear, "},
+        Case{"types --json", 0, "\"NumericOrLogicalMatrix\",\"on_off\",\"OrderLayer\""},
         Case{"types --family enumerated", 0, "VG1DrawStyle"},
         Case{"types --family logical", 0, "on_off"}, Case{"types --family x", 2, "logical"},
         Case{"describe on_off", 0, "'of'            off\n"},

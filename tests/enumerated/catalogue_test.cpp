@@ -2,6 +2,7 @@
 
 #include "enumerated/Catalogue.h"
 #include "enumerated/PlainRule.h"
+#include "shaped_arrays/Catalogue.h"
 #include "support/HostError.h"
 
 #include <gmock/gmock.h>
@@ -101,7 +102,9 @@ TEST_F(Catalogue, IsComplete) {
   std::vector<std::string> expected = {"on_off"};
   for (const EnumeratedType& type : kEnumeratedTypes)
     expected.push_back(type.name);
-  ASSERT_EQ(expected.size(), 47U);
+  for (const test::ShapedType& type : test::kShapedTypes)
+    expected.push_back(type.name);
+  ASSERT_EQ(expected.size(), 80U);
   std::vector<std::string> names;
   for (const auto* type :
        vcos::COSPackage::getPackage(COSNameID("vortil.graphics.datatype"))->getDataTypes())

@@ -1,9 +1,10 @@
 // Every allocation of start-up and of the conversions fails once, and from then on.
 
-#include "enumerated/Catalogue.h"
+#include "shaped_arrays/Catalogue.h"
 #include "support/ChildProcess.h"
 #include "support/FailingNew.h"
 
+#include <graphics/datatype/ArrayBase.h>
 #include <graphics/datatype/EnumBase.h>
 #include <graphics/datatype/OnOffBooleanDataType.h>
 #include <graphics/datatype/enumerated_types.h>
@@ -30,7 +31,7 @@ using vcos::ArrayOwner;
 using vcos::COSValue;
 using vghost::faults::Repeat;
 
-/// A kind of allocation that can be counted and told to fail.
+/// Something that can be counted and told to fail.
 struct Allocator {
   const char* name;
   std::uint64_t (*count)();
@@ -43,6 +44,17 @@ constexpr Allocator kAllocators[] = {
     {"host allocation", [] { return vghost::faults::allocationCount(); },
      [](std::uint64_t nth, bool fromThenOn) {
        vghost::faults::failAllocation(nth, fromThenOn ? Repeat::FromThenOn : Repeat::Once);
+     },
+     [] { vghost::faults::disarm(); }},
+};
+
+/// What a conversion may meet: the allocations, and the host's refusals.
+constexpr Allocator kObstacles[] = {
+    kAllocators[0],
+    kAllocators[1],
+    {"host call", [] { return vghost::faults::hostCallCount(); },
+     [](std::uint64_t nth, bool fromThenOn) {
+       vghost::faults::failHostCall(nth, fromThenOn ? Repeat::FromThenOn : Repeat::Once);
      },
      [] { vghost::faults::disarm(); }},
 };
@@ -87,17 +99,18 @@ std::uint64_t sweep(const Allocator& allocator, bool fromThenOn, Attempt&& attem
 void expectCleanFailure(Outcome outcome, bool fromThenOn) {
   std::size_t complete = 0;
   std::size_t missing = 0;
-  for (const test::EnumeratedType& type : test::kEnumeratedTypes) {
-    const int steps = test::registrationSteps(type.dottedName());
+  const std::vector<std::string> names = test::stampedTypes();
+  for (const std::string& name : names) {
+    const int steps = test::registrationSteps(name);
     complete += steps == 3;
     missing += steps == 0;
   }
-  const std::size_t all = test::kEnumeratedTypes.size();
+  const std::size_t all = names.size();
   if (outcome == Outcome::OutOfMemory) {
     EXPECT_GE(complete + missing, all - 1) << "more than one type is registered in part";
     return;
   }
-  // The memory of a package failed: nothing is said of the enumerated types that are missing, but
+  // The memory of a package failed: nothing is said of the stamped types that are missing, but
   // on_off says something.
   EXPECT_EQ(outcome, fromThenOn ? Outcome::HostError : Outcome::Succeeded);
   EXPECT_EQ(complete, fromThenOn ? 0 : all - 1);
@@ -144,7 +157,7 @@ struct Subject {
   vcos::TypeAccess access;
   std::string text;
   ArrayOwner array;
-  COSValue value;
+  vcos::OwnedValue value;
   int (*numberOf)(COSValue value);
 
   const vcos::COSDataType& type() const { return access.dataType(); }
@@ -154,7 +167,12 @@ Subject subjectOf(const std::string& dottedName, std::string text,
                   int (*numberOf)(COSValue value)) {
   const auto access = vcos::TypeAccess::find(vcos::COSNameID(dottedName.c_str())).value();
   ArrayOwner array(vxCreateString(text.c_str()));
-  return {access, std::move(text), std::move(array), access.dataType().getDefaultValue(), numberOf};
+  const vcos::COSDataType& type = access.dataType();
+  return {access,
+          std::move(text),
+          std::move(array),
+          {type, type.copy(type.getDefaultValue())},
+          numberOf};
 }
 
 Subject onOff() {
@@ -171,6 +189,16 @@ Subject subjectOf(const test::EnumeratedType& type) {
   });
 }
 
+Subject subjectOf(const test::ShapedType& type) {
+  const auto access = vcos::TypeAccess::find(vcos::COSNameID(type.dottedName().c_str())).value();
+  ArrayOwner array = type.sampleArray();
+  const COSValue value = access.fromArray(array.get());
+  return {access, type.sampleText, std::move(array), {access.dataType(), value}, [](COSValue word) {
+            const vxArray* held = word.asPointer<graphics::datatype::ArrayBase>()->getPtr();
+            return held ? static_cast<int>(1 + vxGetNumberOfElements(held)) : 0;
+          }};
+}
+
 /// What a conversion gave; 0 is what none gives.
 using Result = std::size_t;
 
@@ -185,28 +213,38 @@ Result resultOf(const std::string& text) {
 struct Conversion {
   const char* name;
   Result (*run)(const Subject& subject);
-  /// Whether each of kAllocators is called for it, for on_off and for an enumerated type.
-  bool onOff[std::size(kAllocators)];
-  bool enumerated[std::size(kAllocators)];
+  /// Whether each of kObstacles is met, by on_off, an enumerated type and a shaped array type.
+  bool onOff[std::size(kObstacles)];
+  bool enumerated[std::size(kObstacles)];
+  bool shaped[std::size(kObstacles)];
 };
 
 constexpr Conversion kConversions[] = {
     {"text to value",
      [](const Subject& s) { return resultOf(s, s.access.fromText(s.text.c_str())); },
-     {false, true},
-     {false, true}},
+     {false, true, false},
+     {false, true, false},
+     {false, true, true}},
     {"array to value",
      [](const Subject& s) { return resultOf(s, s.access.fromArray(s.array.get())); },
-     {false, false},
-     {false, true}},
+     {false, false, true},
+     {false, true, true},
+     {false, true, true}},
     {"value to text",
-     [](const Subject& s) { return resultOf(*s.access.toText(s.value)); },
-     {false, false},
-     {false, true}},
+     [](const Subject& s) { return resultOf(*s.access.toText(s.value.get())); },
+     {false, false, false},
+     {false, true, false},
+     {true, true, true}},
     {"value to array",
-     [](const Subject& s) { return resultOf(vxArrayToStdString(s.access.toArray(s.value).get())); },
-     {false, true},
-     {false, true}},
+     [](const Subject& s) {
+       const ArrayOwner array = s.access.toArray(s.value.get());
+       const bool isText = vxGetClassID(array.get()) == vxCHAR_CLASS;
+       return isText ? resultOf(vxArrayToStdString(array.get()))
+                     : vxGetNumberOfElements(array.get());
+     },
+     {false, true, true},
+     {false, true, true},
+     {false, true, true}},
     {"possible values",
      [](const Subject& s) {
        Result result = 0;
@@ -214,24 +252,26 @@ constexpr Conversion kConversions[] = {
          result = 31 * result + resultOf(s, values.nextElement());
        return result;
      },
-     {true, true},
-     {true, true}},
+     {true, true, false},
+     {true, true, false},
+     {false, false, false}},
     {"copy",
-     [](const Subject& s) { return resultOf(s, s.type().copy(s.value)); },
-     {false, false},
-     {false, true}},
+     [](const Subject& s) { return resultOf(s, s.type().copy(s.value.get())); },
+     {false, false, false},
+     {false, true, false},
+     {false, true, true}},
 };
 
 /// Fails every allocation of a conversion.
 void expectCleanFailures(const Subject& subject, const Conversion& conversion,
-                         const bool (&allocates)[std::size(kAllocators)]) {
+                         const bool (&allocates)[std::size(kObstacles)]) {
   SCOPED_TRACE(testing::Message() << subject.type().getName() << ", " << conversion.name);
   const Result expected = conversion.run(subject);
   const std::size_t arrays = vghost::liveArrays();
   const std::size_t blocks = vghost::liveBlocks();
-  for (std::size_t i = 0; i < std::size(kAllocators); ++i) {
+  for (std::size_t i = 0; i < std::size(kObstacles); ++i) {
     for (const bool fromThenOn : {false, true}) {
-      const std::uint64_t failures = sweep(kAllocators[i], fromThenOn, [&](const auto& allocator) {
+      const std::uint64_t failures = sweep(kObstacles[i], fromThenOn, [&](const auto& allocator) {
         Result result = 0;
         const Outcome outcome = outcomeOf([&] { result = conversion.run(subject); });
         allocator.heal();
@@ -240,7 +280,7 @@ void expectCleanFailures(const Subject& subject, const Conversion& conversion,
         EXPECT_EQ(vghost::liveArrays(), arrays);
         EXPECT_EQ(vghost::liveBlocks(), blocks);
       });
-      EXPECT_EQ(failures > 0, allocates[i]) << kAllocators[i].name;
+      EXPECT_EQ(failures > 0, allocates[i]) << kObstacles[i].name;
     }
   }
 }
@@ -252,6 +292,10 @@ TEST(AllocationSweep, ConversionsFailCleanlyAtEveryAllocation) {
       expectCleanFailures(onOff(), conversion, conversion.onOff);
       for (const test::EnumeratedType& type : test::kEnumeratedTypes)
         expectCleanFailures(subjectOf(type), conversion, conversion.enumerated);
+      for (const test::ShapedType& type : test::kShapedTypes)
+        // A text without numbers, which is all that one type can read, meets less.
+        if (std::string_view(type.sampleText) != "[]" || &conversion != &kConversions[0])
+          expectCleanFailures(subjectOf(type), conversion, conversion.shaped);
     }
   });
 }
@@ -288,11 +332,11 @@ TEST(AllocationSweep, TheFirstArrayOfAValueMayFailAndIsMadeAtTheNextCall) {
 TEST(AllocationSweep, TheDefaultMayFailAndIsMadeAtTheNextCall) {
   test::inChildProcess([] {
     VLInitialize_vgdatatypes();
-    for (const test::EnumeratedType& each : test::kEnumeratedTypes) {
+    for (const std::string& name : test::stampedTypes()) {
       const auto* type =
-          vcos::COSTypeRepository::getType(vcos::COSNameID(each.dottedName().c_str())).getObject();
+          vcos::COSTypeRepository::getType(vcos::COSNameID(name.c_str())).getObject();
       vghost::faults::failAllocation(1, Repeat::Once);
-      EXPECT_THROW(type->getDefaultValue(), vcos::COSOutOfMemoryException);
+      EXPECT_EQ(outcomeOf([type] { type->getDefaultValue(); }), Outcome::OutOfMemory);
       EXPECT_FALSE(type->getDefaultValue().isNull());
       EXPECT_EQ(type->getDefaultValue(), type->getDefaultValue());
     }
@@ -360,7 +404,8 @@ Cost costOf(Work&& work) {
 void expectLeanConversions(const Subject& subject) {
   const vcos::COSTypeConversion& texts = *subject.access.textConversion();
   const vcos::COSTypeConversion& arrays = *subject.access.arrayConversion();
-  static_cast<void>(subject.access.toArray(subject.value));  // the first array of a name is kept
+  static_cast<void>(
+      subject.access.toArray(subject.value.get()));  // the first array of a name is kept
   COSValue value;
   COSValue text;
   COSValue array;
@@ -371,7 +416,7 @@ void expectLeanConversions(const Subject& subject) {
             (Cost{0, 1, 1, 0}));
   EXPECT_EQ(costOf([&] { text = texts.to(value); }), (Cost{0, 1, 1, 0}));
   // The header; the characters are shared.
-  EXPECT_EQ(costOf([&] { array = arrays.to(subject.value); }), (Cost{0, 1, 0, 1}));
+  EXPECT_EQ(costOf([&] { array = arrays.to(subject.value.get()); }), (Cost{0, 1, 0, 1}));
   // The value, and the text in between.
   EXPECT_EQ(costOf([&] { second = arrays.from(COSValue::fromPointer(subject.array.get())); }),
             (Cost{0, 2, 1, 0}));
@@ -390,6 +435,35 @@ TEST(AllocationCount, ConversionsOfEnumeratedTypesAllocateNothingButTheirResults
       SCOPED_TRACE(type.name);
       expectLeanConversions(subjectOf(type));
     }
+  });
+}
+
+TEST(AllocationCount, ShapedValuesCostTheSameWhateverTheirSize) {
+  test::inChildProcess([] {
+    VLInitialize_vgdatatypes();
+    const auto expectLean = [](const std::string& dottedName, const ArrayOwner& given) {
+      SCOPED_TRACE(dottedName);
+      const auto access = vcos::TypeAccess::find(vcos::COSNameID(dottedName.c_str())).value();
+      const vcos::COSDataType& type = access.dataType();
+      COSValue value;
+      COSValue copy;
+      ArrayOwner back;
+      // The value, and the header of its array.
+      EXPECT_EQ(costOf([&] { value = access.fromArray(given.get()); }), (Cost{0, 2, 1, 1}));
+      EXPECT_EQ(costOf([&] { copy = type.copy(value); }), (Cost{0, 2, 1, 1}));
+      EXPECT_EQ(costOf([&] { back = access.toArray(copy); }), (Cost{0, 1, 0, 1}));
+      type.destroy(value);
+      type.destroy(copy);
+    };
+    for (const test::ShapedType& type : test::kShapedTypes)
+      expectLean(type.dottedName(), type.sampleArray());
+    const char* large[][2] = {{"ColorMap", "400000x3 double"},
+                              {"ColorMap", "400000x3 uint8"},
+                              {"PatchFaces", "1000000x1 single"},
+
+                              {"PrimitiveStripData", "1x1000000 uint32"}};
+    for (const auto& [name, words] : large)
+      expectLean(std::string("vortil.graphics.datatype.") + name, test::array(words));
   });
 }
 

@@ -1,6 +1,6 @@
 // Host arrays: shapes, sharing of elements, and text.
 
-#include "Arrays.h"
+#include "support/Arrays.h"
 
 #include "support/HostError.h"
 
@@ -120,7 +120,16 @@ TEST(Arrays, KeepTheStorageOrderWhenReshapedAndExchangeItWhenTransposed) {
     vxSetN(pages.get(), 3);
     vxSetM(pages.get(), 2);
     EXPECT_EQ(sizeOf(pages.get()), (Size{2, 3}));
-    EXPECT_THAT(numbersOf(pages.get()), ElementsAre(1, 2, 3, 0, 0, 0)) << kind.name;
+    EXPECT_THAT(numbersOf(pages.get()), ElementsAre(1, 2, 3, 4, 5, 6)) << kind.name;
+
+    const ArrayOwner cut = sharedCopy(original);
+    vxSetM(cut.get(), 1);
+    put(cut.get(), 0, 9);
+    vxSetM(cut.get(), 2);
+    EXPECT_THAT(numbersOf(cut.get()), ElementsAre(9, 2, 3, 0, 0, 0)) << "has elements of its own";
+    vxSetM(cut.get(), 0);
+    vxSetM(cut.get(), 1);
+    EXPECT_THAT(numbersOf(cut.get()), ElementsAre(0, 0, 0)) << "was empty";
   }
 }
 

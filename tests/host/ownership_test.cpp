@@ -1,6 +1,6 @@
 // Who ends an array or a block of memory, and that nothing is lost when memory fails.
 
-#include "Arrays.h"
+#include "support/Arrays.h"
 
 #include "support/HostError.h"
 
@@ -166,7 +166,6 @@ const Operation kOperations[] = {
     {"write of a field", kStruct, [](auto* a) { put(a, 1, 9); }, {1, 9, 3}},
     {"write of an object", kObject, [](auto* a) { put(a, 2, 9); }, {1, 2, 9}},
     {"growing of cells", kCell, [](auto* a) { vxSetN(a, 4); }, {1, 2, 3, 0}},
-    {"cutting of cells", kCell, [](auto* a) { vxSetN(a, 1); }, {1}},
 };
 
 /// Lets the n-th allocation of the operation fail; false if it has not that many.

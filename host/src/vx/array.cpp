@@ -439,8 +439,8 @@ bool vxIsVector(const vxArray* array) noexcept {
 }
 
 void vxSetM(vxArray* array, std::size_t m) {
-  std::vector<std::size_t> dimensions(array->dimensions.begin(), array->dimensions.end());
-  if (dimensions.empty()) dimensions.resize(1);
+  if (array->dimensions.empty()) return reshape("vxSetM", array, &m, 1);
+  Dimensions dimensions = array->dimensions;
   dimensions.front() = m;
   reshape("vxSetM", array, dimensions.data(), dimensions.size());
 }

@@ -3,10 +3,18 @@
 #include <vcos/COSClass.h>
 #include <vcos/TypeAccess.h>
 #include <vx/array.h>
+#include <vx/element_types.h>
 #include <vx/objects.h>
 
+#include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <cstddef>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 /// Arrays of every kind, read and written as if each element were a number.
@@ -77,12 +85,12 @@ inline void put(vxArray* array, std::size_t index, double number) {
       return vxSetFieldByNumber(array, index, 1, vxCreateDoubleScalar(number));
     case vxOBJECT_CLASS:
       return omSetArrayElement(array, index, numberedObject(number));
-    case vxCHAR_CLASS:
-      static_cast<vxChar*>(vxGetWritableData(array))[index] = static_cast<vxChar>(number);
-      return;
     default:
-      static_cast<double*>(vxGetWritableData(array))[index] = number;
-      if (vxIsComplex(array)) static_cast<double*>(vxGetWritableImagData(array))[index] = -number;
+      vghost::withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) {
+        static_cast<T*>(vxGetWritableData(array))[index] = static_cast<T>(number);
+        if (vxIsComplex(array))
+          static_cast<T*>(vxGetWritableImagData(array))[index] = static_cast<T>(-number);
+      });
   }
 }
 
@@ -98,13 +106,12 @@ inline double get(const vxArray* array, std::size_t index) {
       const vcos::COSInterfacePtr object = omGetArrayElement(array, index);
       return object ? numberProperty().getValue(object.get()).asDouble() : 0;
     }
-    case vxCHAR_CLASS:
-      return static_cast<const vxChar*>(vxGetData(array))[index];
-    default: {
-      const double number = static_cast<const double*>(vxGetData(array))[index];
-      const auto* imag = static_cast<const double*>(vxGetImagData(array));
-      return !imag || imag[index] == -number ? number : NAN;
-    }
+    default:
+      return vghost::withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) {
+        const auto number = static_cast<double>(static_cast<const T*>(vxGetData(array))[index]);
+        const auto* imag = static_cast<const T*>(vxGetImagData(array));
+        return !imag || imag[index] == static_cast<T>(-number) ? number : NAN;
+      });
   }
 }
 
@@ -126,6 +133,45 @@ inline ArrayOwner counting(const Kind& kind, const Size& size) {
   for (std::size_t i = 0; i < vxGetNumberOfElements(array.get()); ++i)
     put(array.get(), i, static_cast<double>(i + 1));
   return array;
+}
+
+/// Calls `use(classID, std::type_identity<T>())` for the eight integer classes.
+template <class Use>
+void forEachIntegerClass(Use&& use) {
+  for (int classID = vxINT8_CLASS; classID <= vxUINT64_CLASS; ++classID)
+    vghost::withElementType(vxClassID(classID), [&]<class T>(std::type_identity<T> type) {
+      if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>)
+        use(vxClassID(classID), type);
+    });
+}
+
+/// The numbers of "2x0x3".
+inline Size sizeNamed(const std::string& word) {
+  Size size;
+  std::istringstream numbers(word);
+  for (std::size_t number = 0; numbers >> number; numbers.ignore())
+    size.push_back(number);
+  return size;
+}
+
+/// An array told in words: "2x3 double", "sparse 1x2 logical", "complex 2x2 single". The elements
+/// are the numbers in storage order, the last of them repeated.
+inline ArrayOwner array(std::string_view words, const Numbers& numbers = {1}) {
+  Kind kind = kReal;
+  Size size;
+  bool isSparse = false;
+  std::istringstream stream{std::string(words)};
+  for (std::string word; stream >> word;) {
+    if (word == "complex") kind.complexity = vxCOMPLEX;
+    isSparse |= word == "sparse";
+    if (std::isdigit(static_cast<unsigned char>(word.front()))) size = sizeNamed(word);
+    for (int classID = vxCELL_CLASS; classID <= vxOBJECT_CLASS; ++classID)
+      if (word == vxClassName(vxClassID(classID))) kind.classID = vxClassID(classID);
+  }
+  ArrayOwner result = zeros(kind, size);
+  for (std::size_t i = 0; i < vxGetNumberOfElements(result.get()); ++i)
+    put(result.get(), i, numbers[std::min(i, numbers.size() - 1)]);
+  return isSparse ? ArrayOwner(vxCreateSparse(result.get())) : std::move(result);
 }
 
 inline ArrayOwner sharedCopy(const ArrayOwner& array) {

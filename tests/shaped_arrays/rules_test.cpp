@@ -1,0 +1,198 @@
+// Rules for all elements together, what reads limits and ticks, and the dispatch by class.
+
+#include "support/Arrays.h"
+#include "support/HostError.h"
+
+#include <graphics/datatype/TickData.h>
+#include <graphics/datatype/limits.h>
+#include <graphics/datatype/shaped_types.h>
+#include <gtest/gtest.h>
+#include <vg/ArrayDispatcher.h>
+
+#include <concepts>
+#include <cstdint>
+#include <limits>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using namespace graphics::datatype;
+using test::array;
+using test::Numbers;
+
+constexpr double kNaN = NAN;
+constexpr double kInf = INFINITY;
+
+/// A rule by its two overloads for floating-point numbers, which have to agree.
+#define FLOAT_RULE(Rule)                                             \
+  [](const Numbers& numbers) {                                       \
+    const std::vector<float> floats(numbers.begin(), numbers.end()); \
+    const bool holds = Rule(numbers.data(), numbers.size());         \
+    EXPECT_EQ(Rule(floats.data(), floats.size()), holds) << #Rule;   \
+    return holds;                                                    \
+  }
+
+TEST(Rules, OfFloats) {
+  bool (*const dataBounds)(const Numbers&) = FLOAT_RULE(DataBounds::isEqualOrIncreasing);
+  bool (*const limits)(const Numbers&) = FLOAT_RULE(Limits::isIncreasing);
+  bool (*const withInfs)(const Numbers&) = FLOAT_RULE(LimitsWithInfs::isIncreasing);
+  // clang-format off
+  const struct {
+    Numbers numbers;
+    bool dataBounds, limits, withInfs;
+  } rows[] = {
+      {{1, 2}, true, true, true},           {{1, 1}, true, false, false},         {{2, 1}, false, false, false},
+      {{-0.0, 0.0}, true, false, false},    {{0, kInf}, true, false, true},       {{-kInf, 0}, true, false, true},
+      {{-kInf, kInf}, false, false, true},  {{kInf, kInf}, false, false, false},  {{kInf, -kInf}, false, false, false},
+      {{kNaN, 1}, false, false, false},     {{1, kNaN}, false, false, false},     {{}, false, false, false},
+      {{1}, false, false, false},           {{1, 2, 3}, false, false, false},
+  };
+  bool (*const normalized)(const Numbers&) = FLOAT_RULE(NColorPtr::isNormalized);
+  const std::pair<Numbers, bool> colors[] = {
+      {{}, true},              {{0, 1, 0.5}, true},        {{kNaN, -0.0, kNaN}, true}, {{0, 1}, false},
+      {{0, 0, 0, 1}, false},   {{0, 0, 0, 1, 1, 1}, true}, {{0, 0, -1e-30}, false},    {{1, 1.0000001, 1}, false},
+      {{1, 1, kInf}, false},   {{-kInf, 1, 1}, false}};
+  bool (*const horizontal)(const Numbers&) = FLOAT_RULE(Tick::isHorizontalIncreasing);
+  bool (*const vertical)(const Numbers&) = FLOAT_RULE(Tick::isVerticalIncreasing);
+  const std::pair<Numbers, bool> ticks[] = {
+      {{kNaN}, true},       {{kInf}, true},      {{1, 2, 3}, true},     {{-kInf, 0, kInf}, true},
+      {{0, kInf}, true},    {{1, 1}, false},     {{2, 1}, false},       {{-kInf, kInf}, false},
+      {{0, kNaN}, false},   {{kNaN, 0}, false},  {{0, 1, kNaN}, false}, {{0, 1, kNaN, 2}, false},
+      {{0, 1, 1}, false},   {{1, 2, kInf, kInf}, false}};
+  // clang-format on
+  for (const auto& row : rows) {
+    SCOPED_TRACE(testing::PrintToString(row.numbers));
+    EXPECT_EQ(dataBounds(row.numbers), row.dataBounds);
+    EXPECT_EQ(limits(row.numbers), row.limits);
+    EXPECT_EQ(withInfs(row.numbers), row.withInfs);
+  }
+  for (const auto& [numbers, holds] : colors)
+    EXPECT_EQ(normalized(numbers), holds) << testing::PrintToString(numbers);
+  for (const auto& [numbers, holds] : ticks) {
+    EXPECT_EQ(horizontal(numbers), holds) << testing::PrintToString(numbers);
+    EXPECT_EQ(vertical(numbers), holds) << testing::PrintToString(numbers);
+  }
+  const double number = 0;
+  for (const std::size_t count : {0U, 1U, 2U})
+    EXPECT_FALSE(Tick::isHorizontalIncreasing(static_cast<const double*>(nullptr), count));
+  EXPECT_TRUE(Tick::isVerticalIncreasing(&number, 0));
+}
+
+TEST(Rules, CompareIntegersInTheirOwnType) {
+  test::forEachIntegerClass([]<class T>(vxClassID, std::type_identity<T>) {
+    constexpr T kMin = std::numeric_limits<T>::min();
+    constexpr T kMax = std::numeric_limits<T>::max();
+    constexpr T kBefore = kMax - 1;  // the same as a double, where there are 64 bits
+    const std::pair<std::vector<T>, bool> rows[] = {
+        {{0, 1}, true},          {{1, 1}, false},       {{kMin, kMax}, true}, {{kMax, kMin}, false},
+        {{kBefore, kMax}, true}, {{kMax, kMax}, false}, {{0}, false},         {{0, 1, 2}, false}};
+    for (const auto& [numbers, holds] : rows) {
+      EXPECT_EQ(Limits::isIncreasing(numbers.data(), numbers.size()), holds);
+      EXPECT_EQ(LimitsWithInfs::isIncreasing(numbers.data(), numbers.size()), holds);
+    }
+  });
+}
+
+TEST(TickData, GoesThroughTheRuleAndBack) {
+  const Numbers rising = {-kInf, 0.1, 2, kInf};
+  const Tick tick = convertVectorToTickData(rising);
+  EXPECT_EQ(test::sizeOf(tick.getPtr()), (test::Size{1, 4}));
+  EXPECT_EQ(vxGetClassID(tick.getPtr()), vxDOUBLE_CLASS);
+  EXPECT_EQ(convertTickDataToVector(tick), rising);
+  EXPECT_EQ(convertVectorToTickData({}).getPtr(), nullptr);
+  EXPECT_EQ(convertTickDataToVector(Tick()), Numbers());
+  EXPECT_EQ(convertTickDataToVector(Tick(array("0x3 uint8").get())), Numbers());
+  EXPECT_EQ(convertTickDataToVector(Tick(array("2x1 single", {0.1, 5}).get())),
+            (Numbers{double{0.1F}, 5}));
+  const std::size_t arrays = vghost::liveArrays();
+  EXPECT_EQ(test::identifierRaisedBy([] {
+              convertVectorToTickData({1, 1});
+            }),
+            "VORTIL:vg:shaped_arrays:TickPredicate");
+  EXPECT_EQ(vghost::liveArrays(), arrays);
+}
+
+template <class Value>
+Numbers limitsOf(const test::ArrayOwner& array) {
+  Numbers out = {-7, -7};
+  EXPECT_TRUE(getLim(out.data(), Value(array.get())));
+  return out;
+}
+
+TEST(GetLim, ReadsTwoNumbersOfAnyNumericClass) {
+  for (const char* className : {"double", "single", "int8", "uint8", "int16", "uint16", "int32",
+                                "uint32", "int64", "uint64"}) {
+    const auto pair = array(std::string("2x1 ") + className, {3, 100});
+    EXPECT_EQ(limitsOf<Limits>(pair), (Numbers{3, 100})) << className;
+    EXPECT_EQ(limitsOf<LimitsWithInfs>(pair), (Numbers{3, 100})) << className;
+  }
+  EXPECT_EQ(limitsOf<Limits>(array("1x2 int16", {-300, -1})), (Numbers{-300, -1}));
+  EXPECT_EQ(limitsOf<LimitsWithInfs>(array("1x2 single", {-kInf, kInf})), (Numbers{-kInf, kInf}));
+  const auto large = array("1x2 int64");
+  auto* integers = static_cast<std::int64_t*>(vxGetWritableData(large.get()));
+  integers[0] = (std::int64_t{1} << 53) + 1;  // doubles have no such number
+  integers[1] = integers[0] + 1;
+  EXPECT_EQ(limitsOf<Limits>(large), (Numbers{0x1p53, 0x1p53 + 2}));
+  EXPECT_EQ(limitsOf<Limits>(array("1x2 uint64", {0, 0x1p63})), (Numbers{0, 0x1p63}));
+}
+
+TEST(GetLim, NeedsAnArrayOfTwo) {
+  Numbers out = {-7, -7};
+  EXPECT_THROW(getLim(out.data(), Limits()), gui_objects::ArrayException);
+  EXPECT_THROW(getLim(out.data(), LimitsWithInfs()), gui_objects::ArrayException);
+  EXPECT_EQ(out, (Numbers{-7, -7}));
+  limits::ConvertExecutor executor;
+  using Double = vg::MatrixTraits<vxDOUBLE_CLASS>;
+  EXPECT_THROW(executor.run<Double>(nullptr), gui_objects::NullArrayException);
+  EXPECT_THROW(executor.run<Double>(array("0x2 double").get()), gui_objects::NullArrayException);
+  EXPECT_THROW(executor.run<Double>(array("1x3 double").get()),
+               gui_objects::InvalidArrayClassException);
+  EXPECT_THROW(executor.onError(vxCHAR_CLASS), gui_objects::InvalidArrayClassException);
+  executor.setData(out.data());
+  EXPECT_EQ(out, (Numbers{0, 1}));
+}
+
+/// Remembers which of its operations was called.
+struct Recorder {
+  vxClassID ran = {};
+  vxClassID failed = {};
+  std::size_t elementSize = 0;
+
+  template <class Traits>
+  void run(const vxArray*) {
+    ran = Traits::kClassID;
+    elementSize = sizeof(typename Traits::ElementType);
+  }
+  void onError(vxClassID classID) { failed = classID; }
+};
+
+TEST(ArrayDispatcher, CallsTheOperationOfTheClassOrOnError) {
+  using vg::TL::Typelist;
+  using List =
+      Typelist<vg::MatrixTraits<7>,
+               Typelist<vg::MatrixTraits<11>, Typelist<vg::MatrixTraits<14>, vg::TL::NullType>>>;
+  using Base = vg::TL::detail::ArrayDispatcherBase;
+  const std::pair<const char*, std::size_t> rows[] = {{"single", 4},  {"uint16", 2}, {"int64", 8},
+                                                      {"logical", 0}, {"char", 0},   {"double", 0},
+                                                      {"uint64", 0},  {"cell", 0}};
+  for (const auto& [className, elementSize] : rows) {
+    const auto given = array(std::string("1x1 ") + className);
+    const vxClassID classID = Base::getClassID(given.get());
+    EXPECT_EQ(classID, vxGetClassID(given.get()));
+    Recorder recorder;
+    vg::TL::ArrayDispatcher<Recorder, List>::dispatchHelper(given.get(), classID, recorder);
+    EXPECT_EQ(recorder.elementSize, elementSize) << className;
+    EXPECT_EQ(recorder.ran, elementSize == 0 ? vxClassID{} : classID) << className;
+    EXPECT_EQ(recorder.failed, elementSize == 0 ? classID : vxClassID{}) << className;
+  }
+  static_assert(std::same_as<vg::MatrixTraits<3>::ElementType, bool>);
+  static_assert(std::same_as<vg::MatrixTraits<4>::ElementType, vxChar>);
+  static_assert(std::same_as<vg::MatrixTraits<6>::ElementType, double>);
+  static_assert(std::same_as<vg::MatrixTraits<8>::ElementType, std::int8_t>);
+  static_assert(std::same_as<vg::MatrixTraits<9>::ElementType, std::uint8_t>);
+  static_assert(std::same_as<vg::MatrixTraits<15>::ElementType, std::uint64_t>);
+}
+
+}  // namespace
