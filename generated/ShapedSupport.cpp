@@ -88,8 +88,8 @@ resource_core::BaseMsgID* newMessageFor(const ShapedType& type, const Predicate&
 /// What came of trying the predicates of a type in turn.
 struct Verdict {
   bool isValid;
+  Failure failure = Failure::kNone;  ///< of the last predicate that failed, if any did
   const Predicate* lastFailed = nullptr;
-  Failure failure = Failure::kNone;
 
   resource_core::BaseMsgID* newMessage(const ShapedType& type) const {
     return newMessageFor(type, *lastFailed, failure);
@@ -99,7 +99,7 @@ struct Verdict {
 /// Makes no message: most are never seen.
 Verdict tryPredicates(const ShapedType& type, const vxArray* array) {
   if (type.takesEmpty && ArrayBase::isEmpty(array)) return {true};
-  Verdict verdict{false};
+  Verdict verdict{.isValid = false, .lastFailed = type.predicates.data()};
   for (const Predicate& predicate : type.predicates) {
     const Failure failure = check(predicate, array);
     verdict.isValid = failure == Failure::kNone;
@@ -179,7 +179,7 @@ bool holds(const ShapedType& type, const Predicate& predicate, const vxArray* ar
 
 bool isValid(const ShapedType& type, const vxArray* array, MessagePtr& message) {
   const Verdict verdict = tryPredicates(type, array);
-  if (verdict.lastFailed) message.reset(verdict.newMessage(type));
+  if (verdict.failure != Failure::kNone) message.reset(verdict.newMessage(type));
   return verdict.isValid;
 }
 
