@@ -50,37 +50,35 @@ std::size_t findByElement(const ElementScan& scan, const T* elements, std::size_
   return from;
 }
 
-/// Goes from one flagged block to the next; `mayFail` is asked about the elements of each.
-template <class T, class Screen, class MayFail>
-std::size_t findInFlaggedBlocks(const ElementScan& scan, const T* elements, std::size_t count,
-                                const Screen& screen, MayFail mayFail) {
-  std::size_t from = 0;
-  while ((count - from) * sizeof(T) >= screens::kLeastBytes) {
-    const auto* const data = reinterpret_cast<const std::byte*>(elements + from);
-    from += screens::findFlaggedBlock(screen, data, (count - from) * sizeof(T)) / sizeof(T);
-    const std::size_t end = std::min(from + screens::kLargestBlock / sizeof(T), count);
-    if (from < end && mayFail(elements + from, end - from))
-      if (const std::size_t found = findByElement(scan, elements, from, end); found < end)
-        return found;
-    from = end;
+template <std::size_t blockBytes, class Screen, class T>
+std::size_t findFlaggedBlock(const Screen& screen, const T* elements, std::size_t count) {
+  if (count * sizeof(T) < screens::kLeastBytes) return 0;
+  const auto* const data = reinterpret_cast<const std::byte*>(elements);
+  return screens::findFlaggedBlock<blockBytes>(screen, data, count * sizeof(T)) / sizeof(T);
+}
+
+/// Most arrays pass the quick screen. Behind its first flag, the exact one shows what to look at.
+template <class T, class QuickScreen, class ExactScreen>
+std::size_t findWithScreens(const ElementScan& scan, const T* elements, std::size_t count,
+                            const QuickScreen& quick, const ExactScreen& exact) {
+  constexpr std::size_t kMostInBlock = (screens::kSmallBlock + screens::kMostBefore) / sizeof(T);
+  std::size_t from = findFlaggedBlock<screens::kLargeBlock>(quick, elements, count);
+  while (from < count) {
+    from += findFlaggedBlock<screens::kSmallBlock>(exact, elements + from, count - from);
+    const std::size_t end = std::min(from + kMostInBlock, count);
+    from = findByElement(scan, elements, from, end);
+    if (from < end) return from;
   }
-  return findByElement(scan, elements, from, count);
+  return count;
 }
 
 template <bool wholeNumbers, class Float>
 std::size_t findFailingFloat(const ElementScan& scan, const Float* elements, std::size_t count) {
-  using Screen = std::conditional_t<wholeNumbers, screens::WholeNumberScreen<Float>,
-                                    screens::RangeScreen<Float>>;
   const PassingRange<Float> range(scan);
-  const bool nanPasses = scan.has(ElementTest::kSkipNaN);
-  const screens::ComparingScreen<Float, wholeNumbers> comparing(range.min, range.max);
-  const auto mayFail = [&](const Float* block, std::size_t size) {
-    const std::size_t bytes = size * sizeof(Float);
-    if (!nanPasses || bytes < screens::kLeastBytes) return true;
-    const auto* const data = reinterpret_cast<const std::byte*>(block);
-    return screens::findFlaggedBlock(comparing, data, bytes) != bytes;
-  };
-  return findInFlaggedBlocks(scan, elements, count, Screen(range.min, range.max), mayFail);
+  return findWithScreens(scan, elements, count,
+                         screens::RangeScreen<Float, wholeNumbers>(range.min, range.max),
+                         screens::ExactRangeScreen<Float, wholeNumbers>(
+                             range.min, range.max, scan.has(ElementTest::kSkipNaN)));
 }
 
 /// The tests of a scan that end it.
@@ -99,8 +97,8 @@ std::size_t findFailing(const ElementScan& scan, const T* elements, std::size_t 
                                          : findFailingFloat<false>(scan, elements, count);
   } else {
     if (!scan.has(ElementTest::kRange)) return count;
-    return findInFlaggedBlocks(scan, elements, count, screens::CountingScreen<T>(),
-                               [](const T*, std::size_t) { return true; });
+    const screens::CountingScreen<T> screen;
+    return findWithScreens(scan, elements, count, screen, screen);
   }
 }
 

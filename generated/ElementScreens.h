@@ -2,8 +2,8 @@
 
 /// Quick tests of many elements at once. A screen looks at the bits of a vector of elements and
 /// sets the top bit of the lane of each that may fail a scan; those that it leaves alone pass. What
-/// it sets without need (a negative zero, say) costs time and nothing else, since whoever asks goes
-/// on to test the elements themselves.
+/// it sets without need costs time and nothing else, since whoever asks goes on to test the
+/// elements themselves.
 ///
 /// All vectors are passed by reference: their calling convention depends on the processor.
 
@@ -35,10 +35,10 @@ constexpr Float kRounder = static_cast<Float>(3ULL << (std::numeric_limits<Float
 template <std::floating_point Float>
 constexpr Float kMostRounded = kRounder<Float> / 3;
 
-/// Flags numbers outside a range, NaN included. As bits, the numbers that are not negative stand in
-/// their order, so that one comparison of whole numbers sees too small, too large, negative,
-/// infinite and NaN.
-template <std::floating_point Float>
+/// Flags numbers outside a range. As bits, the numbers that are not negative stand in their order,
+/// so that one comparison of whole numbers sees too small, too large, negative, infinite and NaN.
+/// Where the numbers have to be whole, the range has to end within kMostRounded.
+template <std::floating_point Float, bool wholeNumbers>
 class RangeScreen {
  public:
   using Bits = BitsOf<Float>;
@@ -53,58 +53,49 @@ class RangeScreen {
   [[gnu::always_inline]] void flag(const Lanes& bits, Lanes& flags) const {
     const Lanes offset = (bits & mask_) - low_;
     flags |= offset | (span_ - offset);
+    if constexpr (wholeNumbers) {
+      using Floats = Vector<Float, sizeof(Lanes)>;
+      const Floats rounded = (reinterpret_cast<Floats>(bits) + kRounder<Float>)-kRounder<Float>;
+      const Lanes difference = reinterpret_cast<Lanes>(rounded) ^ bits;
+      flags |= difference | (Bits{0} - difference);
+    }
   }
 
- private:
+ protected:
   static constexpr Bits kSign = Bits{1} << (8 * sizeof(Bits) - 1);
 
+ private:
   Bits mask_;
   Bits low_;
   Bits span_;
 };
 
-/// Flags fractions as well. The range has to end within kMostRounded.
-template <std::floating_point Float>
-class WholeNumberScreen : public RangeScreen<Float> {
- public:
-  using Bits = BitsOf<Float>;
-  using RangeScreen<Float>::RangeScreen;
-
-  template <class Lanes>
-  [[gnu::always_inline]] void flag(const Lanes& bits, Lanes& flags) const {
-    using Floats = Vector<Float, sizeof(Lanes)>;
-    RangeScreen<Float>::flag(bits, flags);
-    const auto numbers = reinterpret_cast<Floats>(bits);
-    const Floats rounded = (numbers + kRounder<Float>)-kRounder<Float>;
-    const Lanes difference = reinterpret_cast<Lanes>(rounded) ^ bits;
-    flags |= difference | (Bits{0} - difference);
-  }
-};
-
-/// Flags what a comparison of numbers finds outside a range, which is slower and exact: it knows
-/// that a negative zero is no less than 0, and lets NaN pass. For whole numbers, the range has to
-/// end within kMostRounded.
+/// Does not flag what passes: a negative zero where 0 is in the range, and NaN if it passes.
 template <std::floating_point Float, bool wholeNumbers>
-class ComparingScreen {
- public:
-  using Bits = BitsOf<Float>;
+class ExactRangeScreen : public RangeScreen<Float, wholeNumbers> {
+  using Base = RangeScreen<Float, wholeNumbers>;
 
-  ComparingScreen(Float min, Float max) : min_(min), max_(max) {}
+ public:
+  using typename Base::Bits;
+
+  ExactRangeScreen(Float min, Float max, bool nanPasses)
+      : Base(min, max),
+        nan_(nanPasses ? Base::kSign : 0),
+        zero_(min <= 0 ? Base::kSign : 0) {}
 
   template <class Lanes>
   [[gnu::always_inline]] void flag(const Lanes& bits, Lanes& flags) const {
-    using Floats = Vector<Float, sizeof(Lanes)>;
-    const auto numbers = reinterpret_cast<Floats>(bits);
-    flags |= reinterpret_cast<Lanes>((numbers < min_) | (numbers > max_));
-    if constexpr (wholeNumbers) {
-      const Floats rest = (numbers + kRounder<Float>)-kRounder<Float> - numbers;
-      flags |= reinterpret_cast<Lanes>((rest < 0) | (rest > 0));
-    }
+    Lanes failing{};
+    Base::flag(bits, failing);
+    const Lanes size = bits & ~Base::kSign;
+    flags |= failing & ~(((kInfinity - size) & nan_) | ((size - 1) & zero_));
   }
 
  private:
-  Float min_;
-  Float max_;
+  static constexpr Bits kInfinity = std::bit_cast<Bits>(std::numeric_limits<Float>::infinity());
+
+  Bits nan_;
+  Bits zero_;
 };
 
 /// Flags whole numbers below 1.
@@ -123,17 +114,21 @@ class CountingScreen {
   }
 };
 
-/// The elements that are screened together, in bytes: they fit the fastest cache.
-inline constexpr std::size_t kBlock = 16384;
+/// The elements that are screened together, in bytes: few questions, or close answers.
+inline constexpr std::size_t kLargeBlock = 16384;
+inline constexpr std::size_t kSmallBlock = 512;
 
 /// The first block has what stands before the first aligned vector as well.
-inline constexpr std::size_t kLargestBlock = kBlock + 64;
+inline constexpr std::size_t kMostBefore = 64;
 
 /// Arrays of fewer bytes are not worth a screen.
 inline constexpr std::size_t kLeastBytes = 256;
 
 /// How far ahead memory is asked for, in bytes: what hides most of its latency, as measured.
 inline constexpr std::size_t kAhead = 8192;
+
+/// Arrays of so many bytes are likely to be in the fastest cache.
+inline constexpr std::size_t kFastest = 32768;
 
 template <class Bits, class Lanes>
 [[gnu::always_inline]] inline bool isAnyFlagged(const Lanes& flags) {
@@ -147,61 +142,95 @@ template <class Bits, class Lanes>
   return (any & kTopBits) != 0;
 }
 
-/// The offset of the first block, of up to kLargestBlock bytes, with a flagged element; `bytes` if
-/// there is none. `width` is that of the vectors, and there are at least kLeastBytes. The elements
-/// are aligned to their own size; all vectors but the first and the last are aligned to theirs.
-template <std::size_t width, class Screen>
-[[gnu::always_inline]] inline std::size_t findFlaggedBlock(const Screen& screen,
-                                                           const std::byte* data,
-                                                           std::size_t bytes) {
+/// A search for the first flagged element with vectors of `width` bytes, in blocks of `blockBytes`.
+/// All vectors but the first and the last are aligned.
+template <std::size_t width, std::size_t blockBytes, class Screen>
+class BlockSearch {
+ public:
+  /// For at least kLeastBytes, which are aligned to the size of an element.
+  [[gnu::always_inline]] BlockSearch(const Screen& screen, const std::byte* data, std::size_t bytes)
+      : screen_(screen),
+        data_(data),
+        bytes_(bytes) {}
+
+  /// The offset of the first block that has one; the number of bytes if there is none.
+  [[gnu::always_inline]] std::size_t find() {
+    return bytes_ > kFastest ? find<true>() : find<false>();
+  }
+
+ private:
   using Bits = typename Screen::Bits;
   using Lanes = Vector<Bits, width>;
-  constexpr std::size_t kTogether = 4;  // vectors in flight
-  static_assert(width <= kLeastBytes && kBlock % (kTogether * width) == 0);
+  static constexpr std::size_t kTogether = 4;  // vectors in flight
+  static_assert(width <= kMostBefore && width <= kLeastBytes &&
+                blockBytes % (kTogether * width) == 0);
 
-  const std::byte* const end = data + bytes;
-  const std::byte* const last = end - width;
-  Lanes flags[kTogether]{};
-  Lanes bits;
-  const auto look = [&](const std::byte* at, Lanes& into) __attribute__((always_inline)) {
-    std::memcpy(&bits, at, width);
-    screen.flag(bits, into);
-  };
-
-  const std::byte* block = data;
-  look(data, flags[0]);
-  const std::byte* at = data + width - reinterpret_cast<std::uintptr_t>(data) % width;
-  for (;;) {
-    const bool isLast = static_cast<std::size_t>(end - at) <= kBlock;
-    const std::byte* const stop = isLast ? end : at + kBlock;
-    for (; static_cast<std::size_t>(stop - at) >= kTogether * width; at += kTogether * width) {
-      for (std::size_t i = 0; i < kTogether; ++i) {
-        __builtin_prefetch(at + kAhead + i * width);
-        look(at + i * width, flags[i]);
-      }
+  template <bool askAhead>
+  [[gnu::always_inline]] std::size_t find() {
+    const std::byte* const end = data_ + bytes_;
+    const std::byte* block = data_;
+    look(data_, 0);
+    const std::byte* at = data_ + width - reinterpret_cast<std::uintptr_t>(data_) % width;
+    for (;;) {
+      const bool isLast = static_cast<std::size_t>(end - at) <= blockBytes;
+      const std::byte* const stop = isLast ? end : at + blockBytes;
+      for (; static_cast<std::size_t>(stop - at) >= kTogether * width; at += kTogether * width)
+        for (std::size_t i = 0; i < kTogether; ++i) {
+          if constexpr (askAhead) __builtin_prefetch(at + kAhead + i * width);
+          look(at + i * width, i);
+        }
+      for (; static_cast<std::size_t>(stop - at) >= width; at += width)
+        look(at, 0);
+      if (isLast) look(end - width, 0);
+      if (isAnyFlagged()) return static_cast<std::size_t>(block - data_);
+      if (isLast) return bytes_;
+      block = at;
     }
-    for (; static_cast<std::size_t>(stop - at) >= width; at += width)
-      look(at, flags[0]);
-    if (isLast) look(last, flags[0]);
-    if (isAnyFlagged<Bits>((flags[0] | flags[1]) | (flags[2] | flags[3])))
-      return static_cast<std::size_t>(block - data);
-    if (isLast) return bytes;
-    block = at;
   }
-}
+
+  [[gnu::always_inline]] void look(const std::byte* at, std::size_t i) {
+    Lanes bits;
+    std::memcpy(&bits, at, width);
+    screen_.flag(bits, flags_[i]);
+  }
+
+  [[gnu::always_inline]] bool isAnyFlagged() const {
+    return isAnyFlagged<width>((flags_[0] | flags_[1]) | (flags_[2] | flags_[3]));
+  }
+
+  template <std::size_t bytes>
+  [[gnu::always_inline]] static bool isAnyFlagged(const Vector<Bits, bytes>& flags) {
+    constexpr std::uint64_t kTopBits = ~std::uint64_t{0} / std::numeric_limits<Bits>::max()
+                                       << (8 * sizeof(Bits) - 1);
+    if constexpr (bytes > 16) {
+      std::array<Vector<Bits, bytes / 2>, 2> halves;
+      std::memcpy(&halves, &flags, bytes);
+      return isAnyFlagged<bytes / 2>(halves[0] | halves[1]);
+    } else {
+      std::array<std::uint64_t, 2> words;
+      std::memcpy(&words, &flags, bytes);
+      return ((words[0] | words[1]) & kTopBits) != 0;
+    }
+  }
+
+  Screen screen_;
+  const std::byte* data_;
+  std::size_t bytes_;
+  Lanes flags_[kTogether]{};
+};
 
 #if defined(__x86_64__)
 
-template <class Screen>
+template <std::size_t blockBytes, class Screen>
 [[gnu::target("avx512f,avx512bw,avx512dq,avx512vl")]] std::size_t findFlaggedBlock512(
     const Screen& screen, const std::byte* data, std::size_t bytes) {
-  return findFlaggedBlock<64>(screen, data, bytes);
+  return BlockSearch<64, blockBytes, Screen>(screen, data, bytes).find();
 }
 
-template <class Screen>
+template <std::size_t blockBytes, class Screen>
 [[gnu::target("avx2")]] std::size_t findFlaggedBlock256(const Screen& screen, const std::byte* data,
                                                         std::size_t bytes) {
-  return findFlaggedBlock<32>(screen, data, bytes);
+  return BlockSearch<32, blockBytes, Screen>(screen, data, bytes).find();
 }
 
 inline bool has512BitVectors() {
@@ -214,14 +243,17 @@ inline bool has256BitVectors() {
 
 #endif
 
-/// With the widest vectors of this processor. They differ in where blocks end, and in nothing else.
-template <class Screen>
+/// The offset of the first block of up to `blockBytes` + kMostBefore bytes with a flagged element;
+/// `bytes` if there is none. There are at least kLeastBytes, aligned to the size of an element. The
+/// widest vectors of this processor are used, whichever they are: where blocks end depends on them,
+/// and nothing else.
+template <std::size_t blockBytes, class Screen>
 std::size_t findFlaggedBlock(const Screen& screen, const std::byte* data, std::size_t bytes) {
 #if defined(__x86_64__)
-  if (has512BitVectors()) return findFlaggedBlock512(screen, data, bytes);
-  if (has256BitVectors()) return findFlaggedBlock256(screen, data, bytes);
+  if (has512BitVectors()) return findFlaggedBlock512<blockBytes>(screen, data, bytes);
+  if (has256BitVectors()) return findFlaggedBlock256<blockBytes>(screen, data, bytes);
 #endif
-  return findFlaggedBlock<16>(screen, data, bytes);
+  return BlockSearch<16, blockBytes, Screen>(screen, data, bytes).find();
 }
 
 }  // namespace graphics::datatype::screens

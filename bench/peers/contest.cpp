@@ -4,8 +4,6 @@
 #include "fresh_process.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <random>
 
 namespace peers {
@@ -57,11 +55,6 @@ std::vector<Measurement>& measurements() {
   return list;
 }
 
-void fail(const std::string& message) {
-  std::fprintf(stderr, "vgdt_peer_bench: %s\n", message.c_str());
-  std::exit(1);
-}
-
 void verify(const std::string& contender, const Inputs& inputs,
             const std::function<int(const char*)>& operation) {
   for (const Input& input : inputs) {
@@ -73,7 +66,7 @@ void verify(const std::string& contender, const Inputs& inputs,
 }
 
 void competeAtStartUp(const char* contender, Goal goal, StartUp startUp) {
-  measurements().push_back({kStartUp, contender, goal, 0});
+  measurements().push_back({kStartUp, contender, goal});
   const auto run = [startUp, types = typesToRegister()](benchmark::State& state) {
     for (auto _ : state)
       state.SetIterationTime(inFreshProcess(startUp, types));

@@ -3,6 +3,8 @@
 /// What the contenders of the peer benchmark share: the texts, the check that a contender resolves
 /// them, and the list of what is measured.
 
+#include "../common/measuring.h"
+
 #include <benchmark/benchmark.h>
 
 #include <array>
@@ -16,6 +18,9 @@
 #include <vector>
 
 namespace peers {
+
+using measuring::fail;
+using measuring::Goal;
 
 /// The names of MarkerStyle. The value of a name is its place.
 inline constexpr std::array<const char*, 14> kNames{"+",      "o",         "*",        ".",   "x",
@@ -42,15 +47,11 @@ inline constexpr const char* kStartUp = "startUp";
 /// The name of the library among the contenders.
 inline constexpr const char* kOurs = "vgdatatypes";
 
-/// What the library's time may be of a contender's.
-enum class Goal { kNone, kAhead, kOneAndAHalf, kTwice };
-
-/// One contender at one work.
+/// One contender at one work, for one text or one start-up.
 struct Measurement {
   std::string work;
   std::string contender;
-  Goal goal;
-  double nanoseconds;  ///< for one text or one start-up; 0 until it has been measured
+  Goal goal;  ///< what the library's time may be of the contender's
 
   std::string name() const { return work + '/' + contender; }
 };
@@ -65,9 +66,6 @@ inline constexpr std::size_t kMostTypes = 108;
 /// been done, and returns the seconds.
 using StartUp = double (*)(std::size_t types);
 
-/// Says what is wrong and ends the process.
-[[noreturn]] void fail(const std::string& message);
-
 /// Fails unless the contender gives the value of each text.
 void verify(const std::string& contender, const Inputs& inputs,
             const std::function<int(const char*)>& operation);
@@ -76,7 +74,7 @@ void verify(const std::string& contender, const Inputs& inputs,
 template <class Operation>
 void measure(const char* work, const char* contender, Goal goal, Inputs inputs,
              Operation operation) {
-  measurements().push_back({work, contender, goal, 0});
+  measurements().push_back({work, contender, goal});
   const auto run = [inputs = std::move(inputs), operation](benchmark::State& state) {
     for (auto _ : state)
       for (const Input& input : inputs)

@@ -144,8 +144,8 @@ std::vector<std::size_t> criticalPlaces(std::size_t count) {
   constexpr std::size_t kVector = 64 / sizeof(T);
   add(0, kVector);
   add(count, kVector);
-  for (std::size_t border = screens::kBlock / sizeof(T); border < count;
-       border += screens::kBlock / sizeof(T))
+  constexpr std::size_t kBlock = screens::kLargeBlock / sizeof(T);
+  for (std::size_t border = kBlock; border < count; border += kBlock)
     add(border, 2 * kVector);
   return places;
 }
@@ -166,7 +166,7 @@ void expectAgreements(const Scan& scan) {
     }
   }
   // Long ones, with a bad number wherever a block may end, or with two critical ones.
-  constexpr std::size_t kBlock = screens::kBlock / sizeof(T);
+  constexpr std::size_t kBlock = screens::kLargeBlock / sizeof(T);
   const T bad = *std::ranges::find_if(
       critical, [&](T number) { return fails(scan, static_cast<double>(number)); });
   for (const std::size_t count : {kBlock - 1, kBlock + 64 / sizeof(T), 2 * kBlock + 37}) {
@@ -205,21 +205,25 @@ TEST(ElementScans, AgreeWithPlainLoopsOverIntegers) {
       []<class T>(vxClassID, std::type_identity<T>) { expectAgreements<T>(kIntegerScan); });
 }
 
-/// A screen of each width says "nothing before this block fails", and nothing of good numbers.
-template <class T, class Screen>
-void expectSoundScreen(const Scan& scan, const Screen& screen) {
+/// A screen of each width says "nothing before this block fails", and nothing of good numbers. An
+/// exact one says nothing of numbers that pass.
+template <std::size_t blockBytes, class T, class Screen>
+void expectSoundBlocks(const Scan& scan, const Screen& screen, bool isExact) {
   using Find = std::size_t (*)(const Screen&, const std::byte*, std::size_t);
-  std::vector<Find> widths = {[](const Screen& s, const std::byte* data, std::size_t bytes) {
-                                return screens::findFlaggedBlock<16>(s, data, bytes);
-                              },
-                              screens::findFlaggedBlock<Screen>};
+  std::vector<Find> widths = {
+      [](const Screen& s, const std::byte* data, std::size_t bytes) {
+        return screens::BlockSearch<16, blockBytes, Screen>(s, data, bytes).find();
+      },
+      screens::findFlaggedBlock<blockBytes, Screen>};
 #if defined(__x86_64__)
-  if (screens::has256BitVectors()) widths.push_back(screens::findFlaggedBlock256<Screen>);
-  if (screens::has512BitVectors()) widths.push_back(screens::findFlaggedBlock512<Screen>);
+  if (screens::has256BitVectors())
+    widths.push_back(screens::findFlaggedBlock256<blockBytes, Screen>);
+  if (screens::has512BitVectors())
+    widths.push_back(screens::findFlaggedBlock512<blockBytes, Screen>);
 #endif
   std::mt19937_64 random{11};
   const std::vector<T> critical = criticalNumbers<T>();
-  constexpr std::size_t kBlock = screens::kBlock / sizeof(T);
+  constexpr std::size_t kBlock = screens::kLargeBlock / sizeof(T);
   for (const std::size_t count : {256 / sizeof(T), kBlock + 9, 2 * kBlock + 70}) {
     const std::size_t bytes = count * sizeof(T);
     std::vector<T> numbers = goodNumbers<T>(scan, count);
@@ -230,37 +234,50 @@ void expectSoundScreen(const Scan& scan, const Screen& screen) {
     for (int i = 0; i < 200; ++i) {
       const std::size_t place = random() % count;
       const T before = std::exchange(elements[place], critical[random() % critical.size()]);
+      const bool isBad = fails(scan, static_cast<double>(elements[place]));
       for (const Find find : widths) {
-        const std::size_t offset = place * sizeof(T) - find(screen, start, bytes);
-        ASSERT_TRUE(offset < screens::kLargestBlock ||
-                    !fails(scan, static_cast<double>(elements[place])))
+        const std::size_t found = find(screen, start, bytes);
+        const std::size_t offset = place * sizeof(T) - found;
+        ASSERT_TRUE(offset < blockBytes + screens::kMostBefore || !isBad)
             << scan.type << " " << place << " of " << count;
+        if (isExact && !isBad) {
+          ASSERT_EQ(found, bytes) << scan.type << " " << elements[place];
+        }
       }
       elements[place] = before;
     }
   }
 }
 
+template <class T, class Screen>
+void expectSoundScreen(const Scan& scan, const Screen& screen, bool isExact = false) {
+  expectSoundBlocks<screens::kLargeBlock, T>(scan, screen, isExact);
+  expectSoundBlocks<screens::kSmallBlock, T>(scan, screen, isExact);
+}
+
 template <class T>
 void expectSoundFloatScreens() {
-  using screens::ComparingScreen;
+  using screens::ExactRangeScreen;
   using screens::RangeScreen;
   constexpr T kMax = std::numeric_limits<T>::max();
-  expectSoundScreen<T>(kFloatScans[0], RangeScreen<T>(-kMax, kMax));
-  expectSoundScreen<T>(kFloatScans[1], RangeScreen<T>(0, 1));
-  expectSoundScreen<T>(kFloatScans[1], ComparingScreen<T, false>(0, 1));
-  expectSoundScreen<T>(kFloatScans[2], RangeScreen<T>(0, 1));
-  expectSoundScreen<T>(kFloatScans[4], RangeScreen<T>(-1, 1));
-  const T largest = std::min<T>(T(2147483647), std::nextafter(T(0x1p31), T(0)));
-  expectSoundScreen<T>(kFloatScans[5], screens::WholeNumberScreen<T>(1, largest));
-  expectSoundScreen<T>(kFloatScans[5], ComparingScreen<T, true>(1, largest));
+  expectSoundScreen<T>(kFloatScans[0], RangeScreen<T, false>(-kMax, kMax));
+  expectSoundScreen<T>(kFloatScans[0], ExactRangeScreen<T, false>(-kMax, kMax, false), true);
+  expectSoundScreen<T>(kFloatScans[1], RangeScreen<T, false>(0, 1));
+  expectSoundScreen<T>(kFloatScans[1], ExactRangeScreen<T, false>(0, 1, true), true);
+  expectSoundScreen<T>(kFloatScans[2], ExactRangeScreen<T, false>(0, 1, false), true);
+  expectSoundScreen<T>(kFloatScans[4], RangeScreen<T, false>(-1, 1));
+  const T largest = std::min<T>(T(2147483647), screens::kMostRounded<T>);
+  expectSoundScreen<T>(kFloatScans[5], RangeScreen<T, true>(1, largest));
+  // Single numbers above what is rounded are flagged, whole or not.
+  expectSoundScreen<T>(kFloatScans[5], ExactRangeScreen<T, true>(1, largest, true),
+                       std::is_same_v<T, double>);
 }
 
 TEST(ElementScreens, OfEachWidthLeaveNoFailingNumberUnflagged) {
   expectSoundFloatScreens<double>();
   expectSoundFloatScreens<float>();
   test::forEachIntegerClass([]<class T>(vxClassID, std::type_identity<T>) {
-    expectSoundScreen<T>(kIntegerScan, screens::CountingScreen<T>());
+    expectSoundScreen<T>(kIntegerScan, screens::CountingScreen<T>(), true);
   });
 }
 
