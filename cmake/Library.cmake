@@ -26,6 +26,8 @@ target_include_directories(vgdatatypes
 install(FILES ${catalogues} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/graphics/datatype)
 target_include_directories(vgdatatypes SYSTEM
   PRIVATE ${JNI_INCLUDE_DIR} ${JNI_INCLUDE_DIR}/linux)
+# Also for whoever includes the headers.
+target_compile_features(vgdatatypes PUBLIC cxx_std_20)
 target_link_libraries(vgdatatypes PUBLIC vghost PRIVATE Boost::headers)
 # Nothing replaces the library's own symbols: they are bound when it is linked, not when it is loaded.
 target_link_options(vgdatatypes PRIVATE LINKER:-Bsymbolic LINKER:-z,pack-relative-relocs)

@@ -54,7 +54,7 @@ Step faces(double x) {
   return {x < 1, isInt32 ? Failure::kNone : Failure::kType};
 }
 
-/// A scan in use, the elements that it takes (one in `oneIn` is something else), and its rule.
+/// A scan in use, its rule in plain words, and the numbers that pass it.
 struct Scan {
   const char* type;
   Step (*step)(double x);
@@ -216,9 +216,9 @@ void expectSoundBlocks(const Scan& scan, const Screen& screen, bool isExact) {
       },
       screens::findFlaggedBlock<blockBytes, Screen>};
 #if defined(__x86_64__)
-  if (screens::has256BitVectors())
+  if (screens::widestVector() >= 32)
     widths.push_back(screens::findFlaggedBlock256<blockBytes, Screen>);
-  if (screens::has512BitVectors())
+  if (screens::widestVector() >= 64)
     widths.push_back(screens::findFlaggedBlock512<blockBytes, Screen>);
 #endif
   std::mt19937_64 random{11};
