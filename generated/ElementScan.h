@@ -7,8 +7,8 @@
 namespace graphics::datatype::shaped {
 
 /// The index of the first element that fails a scan; `count` if there is none. For the element
-/// types of the numeric classes. Elements that pass cost one look at memory speed; a
-/// negative zero or a NaN that passes makes its block cost a second one.
+/// types of the numeric classes. Elements that pass cost one look at memory speed; behind a
+/// negative zero or a NaN that passes, one at half of it.
 template <NumericElement T>
 std::size_t findFailing(const ElementScan& scan, const T* elements, std::size_t count);
 

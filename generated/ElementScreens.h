@@ -18,6 +18,7 @@
 #include <type_traits>
 
 #if defined(__x86_64__)
+#define _Bool bool  // NOLINT: the header is in C, and clang++ knows the word in GNU mode only
 #include <sys/platform/x86.h>
 #endif
 
