@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <optional>
 #include <span>
@@ -123,8 +124,8 @@ std::vector<std::string> waysOf(const ShapedType& type, Words words) {
       ways.emplace_back(size, rest);
   }
   std::vector<std::string> lines;
-  for (const auto& [sizes, rest] : ways)
-    lines.push_back(sizes + ' ' + rest);
+  std::ranges::transform(ways, std::back_inserter(lines),
+                         [](const auto& way) { return way.first + ' ' + way.second; });
   return lines;
 }
 
