@@ -119,6 +119,8 @@ TEST_F(Eval, ShowsTheErrorOfAConversionBackInItsMember) {
             R"({"ok":true,"value":{"null":false,)"
             R"("text":{"error":{"kind":"host","id":"E:f","message":"no text"}},)"
             R"("array":{"error":{"kind":"memory","id":"","message":"out of memory"}}}})");
+  EXPECT_THAT(replyTo(R"-({"type":"ColorMap","array":"cell(1,0)"})-"),
+              HasSubstr(R"("text":{"error":{"kind":"other","id":"","message":""}},)"));
   EXPECT_EQ(status_, kDone);
 }
 

@@ -56,6 +56,7 @@ TEST(TextToValues, RowsOfNumbersStandInBrackets) {
       {"[0 1]", {1, 2}, {0, 1}},       {"[0,1]", {1, 2}, {0, 1}},     {" [ 0 , 1 ] ", {1, 2}, {0, 1}},
       {"[1 2, 3]", {1, 3}, {1, 2, 3}}, {"[1;2]", {2, 1}, {1, 2}},     {"[1 2 3 ; 4 5 6]", {2, 3}, {1, 4, 2, 5, 3, 6}},
       {"[0.01 0.025]", {1, 2}, {0.01, 0.025}},                        {"[-Inf 0 Inf]", {1, 3}, {-INFINITY, 0, INFINITY}},
+      {"[1e-400 0e999 -1e-99999]", {1, 3}, {0, 0, 0}},
       {"[-1.5e3 2E-2 .5 1e+2 007]", {1, 5}, {-1500, 0.02, 0.5, 100, 7}},
       {"[1.7976931348623157e308 4.9406564584124654e-324]", {1, 2}, {std::numeric_limits<double>::max(), std::numeric_limits<double>::denorm_min()}},
   };
@@ -64,6 +65,7 @@ TEST(TextToValues, RowsOfNumbersStandInBrackets) {
     EXPECT_EQ(dimensionsOf(text), dimensions) << text;
     EXPECT_EQ(numbersIn(text), numbers) << text;
   }
+  EXPECT_TRUE(std::signbit(numbersIn("[-1e-400]").value().front()));
   EXPECT_THAT(numbersIn("[NaN]").value(), testing::ElementsAre(testing::IsNan()));
 }
 
@@ -120,6 +122,7 @@ TEST(TextToValues, SinglesAreRoundedAndDoNotOverflow) {
   EXPECT_EQ(numbersIn("[3.4028234e38]", vxSINGLE_CLASS),
             Numbers{double{std::numeric_limits<float>::max()}});
   EXPECT_EQ(numbersIn("[1e39]", vxSINGLE_CLASS), std::nullopt);
+  EXPECT_EQ(numbersIn("[1e-46 1e-400]", vxSINGLE_CLASS), (Numbers{0, 0}));
   // Just above the middle between two of them, which is where the nearest double lies.
   EXPECT_EQ(numbersIn("[1.0000000596046447753906251]", vxSINGLE_CLASS),
             Numbers{double{std::nextafter(1.0F, 2.0F)}});

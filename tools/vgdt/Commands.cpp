@@ -143,8 +143,9 @@ vcos::ArrayOwner givenArray(const graphics::datatype::shaped::ShapedType& rules,
 std::string shownText(const Type& type, vcos::COSValue word) {
   std::optional<std::string> text;
   if (const auto failure = failureOf([&] { text = textOf(type, word); }))
-    return fmt::format(
-        "none: {}", failure->message.empty() ? nameOf(failure->kind) : onOneLine(failure->message));
+    return fmt::format("none: {}", failure->message.empty()
+                                       ? "the conversion fails and says nothing"
+                                       : onOneLine(failure->message));
   return text ? onOneLine(*text) : "none";
 }
 

@@ -16,10 +16,11 @@ constexpr std::size_t kMaxExamples = 3;
 constexpr std::size_t kMaxElements = 12;
 
 constexpr const char* kSampleLiterals[] = {
-    "'yellow'", "true",       "1",       "''", "[0 0.5 1]",      "'text'",       "0.5",
-    "-1",       "NaN",        "[1 2]",   "[]", "[0 1;1 0]",      "{'a','b'}",    "[0 0 1 1]",
-    "@fire",    "zeros(4)",   "1:3",     "{}", "uint8([0 255])", "empty_handle", "[2 1]",
-    "[0 Inf]",  "[-Inf Inf]", "[2 2 2]",
+    "'yellow'",     "true",      "1",         "''",           "[0 0.5 1]",
+    "'text'",       "0.5",       "-1",        "NaN",          "[1 2]",
+    "[]",           "[0 1;1 0]", "{'a','b'}", "[0 0 1 1]",    "@fire",
+    "zeros(4)",     "1:3",       "{}",        "zeros(1,1,3)", "uint8([0 255])",
+    "empty_handle", "[2 1]",     "[0 Inf]",   "[-Inf Inf]",   "[2 2 2]",
 };
 constexpr const char* kSampleTexts[] = {
     "0", "1", "-1", "0.5", "1e5", "nan", "inf", "A", "true", "on", "", " 1", "99999999999999999999",

@@ -59,6 +59,8 @@ Failure currentFailure() {
     return {FailureKind::Memory, "", error.what()};
   } catch (const std::bad_alloc&) {
     return {FailureKind::Memory, "", "out of memory"};
+  } catch (const Lindgrove::System::InternalException_DEPRECATED&) {
+    return {FailureKind::Other, "", ""};  // what() says no more than that it is one
   } catch (const RequestError& error) {
     return {FailureKind::Request, "", error.what()};
   } catch (const std::exception& error) {

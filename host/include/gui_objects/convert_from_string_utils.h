@@ -5,11 +5,13 @@
 /// free around brackets and separators. The locale of the process plays no part, and reading takes
 /// linear time.
 ///
-/// Integer classes saturate, and round fractions to the nearest integer (halves away from zero).
+/// Integer classes saturate, and round fractions to the nearest integer (halves away from zero);
+/// they read what is no integer of theirs as double. A number too close to zero for its class is
+/// zero.
 ///
 /// Errors: a ParseException for anything else, for rows of different lengths, for null, for NaN in
-/// an integer class, and for a number that is too large or too close to zero for single or double,
-/// whichever it is read as; integer classes read what is no integer of theirs as double.
+/// an integer class, and for a number that is too large for single or double, whichever it is read
+/// as.
 
 #include <ut/export.h>
 #include <vx/array.h>
