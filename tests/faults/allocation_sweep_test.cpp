@@ -460,7 +460,6 @@ TEST(AllocationCount, ShapedValuesCostTheSameWhateverTheirSize) {
     const char* large[][2] = {{"ColorMap", "400000x3 double"},
                               {"ColorMap", "400000x3 uint8"},
                               {"PatchFaces", "1000000x1 single"},
-
                               {"PrimitiveStripData", "1x1000000 uint32"}};
     for (const auto& [name, words] : large)
       expectLean(std::string("vortil.graphics.datatype.") + name, test::array(words));
