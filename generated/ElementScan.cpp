@@ -50,6 +50,7 @@ std::size_t findByElement(const ElementScan& scan, const T* elements, std::size_
   return from;
 }
 
+/// Few elements are a flagged block without a look.
 template <std::size_t blockBytes, class Screen, class T>
 std::size_t findFlaggedBlock(const Screen& screen, const T* elements, std::size_t count) {
   if (count * sizeof(T) < screens::kLeastBytes) return 0;

@@ -2,29 +2,21 @@
 
 #include "ArrayElements.h"
 
-#include <locale.h>
-#include <stdlib.h>
+#include <ut/decimal.h>
 
 #include <charconv>
 #include <cmath>
 #include <limits>
-#include <string>
 
 namespace vgdt {
 namespace {
-
-/// For a number out of range, of which std::from_chars does not say whether it is huge or tiny.
-double hugeOrTiny(std::string_view digits) {
-  static const locale_t classic = newlocale(LC_ALL_MASK, "C", nullptr);
-  return strtod_l(std::string(digits).c_str(), nullptr, classic);
-}
 
 double readMagnitude(std::string_view digits) {
   if (digits == "NaN") return std::numeric_limits<double>::quiet_NaN();
   if (digits == "Inf") return std::numeric_limits<double>::infinity();
   double value = 0;
   const auto result = std::from_chars(digits.begin(), digits.end(), value);
-  return result.ec == std::errc::result_out_of_range ? hugeOrTiny(digits) : value;
+  return result.ec == std::errc::result_out_of_range ? vghost::hugeOrTiny(digits) : value;
 }
 
 }  // namespace

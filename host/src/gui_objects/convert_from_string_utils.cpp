@@ -1,16 +1,13 @@
 #include <gui_objects/AutoPtr.h>
 #include <gui_objects/convert_from_string_utils.h>
+#include <ut/decimal.h>
 #include <vx/element_types.h>
-
-#include <locale.h>
-#include <stdlib.h>
 
 #include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <concepts>
 #include <limits>
-#include <string>
 #include <string_view>
 #include <system_error>
 #include <type_traits>
@@ -39,12 +36,6 @@ std::errc readNumber(std::string_view word, T& number) {
   return stop == end ? error : std::errc::invalid_argument;
 }
 
-/// Of a number out of range: std::from_chars says the same of huge ones and of tiny ones.
-bool isTiny(std::string_view word) {
-  static const locale_t classic = newlocale(LC_ALL_MASK, "C", nullptr);
-  return std::abs(strtod_l(std::string(word).c_str(), nullptr, classic)) < 1;
-}
-
 template <std::floating_point T>
 T readElement(std::string_view word) {
   if (word == "NaN") return std::numeric_limits<T>::quiet_NaN();
@@ -52,7 +43,7 @@ T readElement(std::string_view word) {
   if (word == "-Inf") return -std::numeric_limits<T>::infinity();
   T value = 0;
   const std::errc error = readNumber(word, value);
-  if (error == std::errc::result_out_of_range && isTiny(word))
+  if (error == std::errc::result_out_of_range && std::abs(vghost::hugeOrTiny(word)) < 1)
     return word.starts_with('-') ? -T(0) : T(0);
   if (error != std::errc()) throw ParseException();
   return value;
