@@ -9,20 +9,19 @@ find_path(JNI_INCLUDE_DIR jni.h
 
 string(TIMESTAMP VGDT_BUILD_SECONDS "%s" UTC)
 string(TIMESTAMP VGDT_BUILD_DATE "%Y-%m-%d %H:%M:%S UTC" UTC)
-configure_file(src/build_info.h.in ${PROJECT_BINARY_DIR}/generated/build_info.h)
+configure_file(src/build_info.h.in ${PROJECT_BINARY_DIR}/made/build_info.h)
 
 file(GLOB_RECURSE public_headers CONFIGURE_DEPENDS include/*.h)
-file(GLOB library_sources CONFIGURE_DEPENDS src/*.cpp generated/*.cpp objects/*.cpp)
+file(GLOB library_sources CONFIGURE_DEPENDS src/*.cpp src/enumerated/*.cpp src/shaped/*.cpp
+     generated/*.cpp objects/*.cpp)
 add_library(vgdatatypes SHARED)
 add_library(vgdatatypes::vgdatatypes ALIAS vgdatatypes)
 target_sources(vgdatatypes
   PRIVATE ${library_sources}
   PUBLIC FILE_SET HEADERS BASE_DIRS include FILES ${public_headers})
 # The catalogues stand beside the public headers that include them.
-file(GLOB catalogues CONFIGURE_DEPENDS generated/*.def)
-target_include_directories(vgdatatypes
-  PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/generated>
-  PRIVATE src ${PROJECT_BINARY_DIR}/generated)
+file(GLOB catalogues CONFIGURE_DEPENDS include/graphics/datatype/*.def)
+target_include_directories(vgdatatypes PRIVATE src generated ${PROJECT_BINARY_DIR}/made)
 install(FILES ${catalogues} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/graphics/datatype)
 target_include_directories(vgdatatypes SYSTEM
   PRIVATE ${JNI_INCLUDE_DIR} ${JNI_INCLUDE_DIR}/linux)
@@ -34,14 +33,6 @@ target_link_options(vgdatatypes PRIVATE LINKER:-Bsymbolic LINKER:-z,pack-relativ
 set_target_properties(vgdatatypes PROPERTIES
   VERSION ${PROJECT_VERSION} SOVERSION 0
   VERIFY_INTERFACE_HEADER_SETS ON)
-
-# TYPE=LineStyle cmake --build build/release --target show_type
-set(include_dirs $<TARGET_PROPERTY:vgdatatypes,INCLUDE_DIRECTORIES>)
-set(host_include_dirs $<TARGET_PROPERTY:vghost,INTERFACE_INCLUDE_DIRECTORIES>)
-add_custom_target(show_type
-  COMMAND ${PROJECT_SOURCE_DIR}/generated/show_type ${CMAKE_CXX_COMPILER} "$\${TYPE:-AxesBox}"
-          ${include_dirs} ${host_include_dirs}
-  COMMAND_EXPAND_LISTS)
 
 install(TARGETS vgdatatypes EXPORT vgdatatypesTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}

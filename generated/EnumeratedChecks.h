@@ -66,7 +66,7 @@ constexpr bool canBeEntered(std::string_view name) {
 #define VGDT_ENUM_TABLE(Style) VGDT_ENUM_TYPE(Style, Style, )
 #define VGDT_TABLE_NAME(Style, Name, Value) VGDT_ENUM_NAME(Style, , Name, Value)
 #define VGDT_TABLE_END(Style) VGDT_ENUM_END(Style)
-#include "enumerated_types.def"
+#include <graphics/datatype/enumerated_types.def>
 
 #define VGDT_CHECK(condition, message) static_assert(condition, "enumerated_types.def: " message);
 #define VGDT_CHECK_ROWS(Type)                                                                 \
@@ -87,15 +87,15 @@ constexpr bool canBeEntered(std::string_view name) {
              " in lower case, in ASCII and without blanks around it")
 #define VGDT_ENUM_TABLE(Style) VGDT_CHECK_ROWS(Style)
 #define VGDT_TABLE_NAME(Style, Name, Value) VGDT_ENUM_NAME(Style, , Name, Value)
-#include "enumerated_types.def"
+#include <graphics/datatype/enumerated_types.def>
 
 #define VGDT_ENUM_TYPE(Type, Style, Default) + 1
 inline constexpr int kTypeCount = 0
-#include "enumerated_types.def"
+#include <graphics/datatype/enumerated_types.def>
 ;
 #define VGDT_ENUM_TABLE(Style) + 1
 inline constexpr int kTableCount = 0
-#include "enumerated_types.def"
+#include <graphics/datatype/enumerated_types.def>
 ;
 VGDT_CHECK(kTypeCount == 46 && kTableCount == 4,
            "a type or a table came or went; change the numbers here, and the lists in the tests")

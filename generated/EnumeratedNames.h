@@ -2,12 +2,9 @@
 
 /// The names and values of each table as data.
 
-namespace graphics::datatype {
+#include "enumerated/EnumeratedSupport.h"
 
-struct EnumeratedName {
-  const char* name;
-  int value;
-};
+namespace graphics::datatype {
 
 /// `NamesOf<Type>::kRows`, or with a table in the place of the type. The classes are only named
 /// here, so that their header is not needed.
@@ -28,7 +25,7 @@ struct NamesOf;
 #define VGDT_ENUM_TABLE(Style) VGDT_ENUM_TYPE(Style, Style, )
 #define VGDT_TABLE_NAME(Style, Name, Value) VGDT_ENUM_NAME(Style, , Name, Value)
 #define VGDT_TABLE_END(Style) VGDT_ENUM_END(Style)
-#include "enumerated_types.def"
+#include <graphics/datatype/enumerated_types.def>
 
 // clang-format on
 

@@ -16,14 +16,14 @@ namespace graphics::datatype::shaped {
 /// The places of the types in kTypes.
 enum class TypeIndex : std::size_t {
 #define VGDT_SHAPED_TYPE(Type, Empty, Default, Storage, Stored) Type,
-#include "shaped_types.def"
+#include <graphics/datatype/shaped_types.def>
 };
 
 /// The places of a type's predicates.
 #define VGDT_SHAPED_TYPE(Type, Empty, Default, Storage, Stored) enum class Type##Index : std::size_t {
 #define VGDT_SHAPED_PREDICATE(Type, Name, Form, Size, Classes, Elements) Name,
 #define VGDT_SHAPED_END(Type) };
-#include "shaped_types.def"
+#include <graphics/datatype/shaped_types.def>
 
 namespace rows {
 
@@ -36,13 +36,13 @@ using enum WholeArrayRule;
     predicate(#Name, Form, Size, Classes, Elements),
 #define VGDT_SHAPED_END(Type) \
   };
-#include "shaped_types.def"
+#include <graphics/datatype/shaped_types.def>
 
 inline constexpr ShapedType kTypes[] = {
 #define VGDT_SHAPED_TYPE(Stem, Empty, Default, Storage, Stored)                           \
     {#Stem, Empty, k##Stem##Predicates, Default, Storage, Stored, newMessage<Stem##Size>, \
      newMessage<Stem##Type>},
-#include "shaped_types.def"
+#include <graphics/datatype/shaped_types.def>
 };
 
 }  // namespace rows
@@ -112,7 +112,7 @@ constexpr bool isScreened(const CheckedRow& row) {
     };                                              \
     static constexpr std::string_view kEnd = #Type; \
   };
-#include "shaped_types.def"
+#include <graphics/datatype/shaped_types.def>
 
 #define VGDT_CHECK(condition, message) static_assert(condition, "shaped_types.def: " message);
 #define VGDT_ROWS(Type) RowsOf<TypeIndex::Type>::kRows
@@ -128,7 +128,7 @@ constexpr bool isScreened(const CheckedRow& row) {
   VGDT_CHECK(std::ranges::all_of(VGDT_ROWS(Type), isScreened),                                  \
              "a range of " #Type " has to begin at 0 or above, or be as wide below 0 as above; "  \
              "with integer classes it has to be from 1 to kInfinity. Others need a screen first")
-#include "shaped_types.def"
+#include <graphics/datatype/shaped_types.def>
 VGDT_CHECK(std::size(kTypes) == 33,
            "a type came or went; change the number here, and the lists in the tests")
 #undef VGDT_ROWS

@@ -11,7 +11,7 @@
 namespace graphics::datatype::shaped {
 
 inline constexpr bool kTakesEmpty = true;
-inline constexpr bool kNoShortcut = false;
+inline constexpr bool kTestsEmpty = false;
 using enum Stored;
 
 struct Form {

@@ -1,7 +1,8 @@
 #include "EnumeratedChecks.h"
-#include "EnumeratedType.ipp"
+#include "EnumeratedNames.h"
 #include "PropertyDataType.ipp"
 #include "TypeRegistration.h"
+#include "enumerated/EnumeratedValue.ipp"
 
 #include <graphics/datatype/enumerated_types.h>
 
@@ -27,7 +28,7 @@ vcos::COSTypeConversion* makeConversion(vcos::COSDataType* type) {
   class Type##Enumeration final : public WordEnumeration {}; \
   template <>                                                \
   struct PropertyTypeTraits<Type##DataType> : EnumeratedTypeTraits<Type> {};
-#include "enumerated_types.def"
+#include <graphics/datatype/enumerated_types.def>
 
 #define VGDT_DEFINE_TABLE(Style, TypeOrTable)                                               \
   Style::Style() : EnumStringType(#Style) { addNames(*this, NamesOf<TypeOrTable>::kRows); } \
@@ -39,7 +40,7 @@ vcos::COSTypeConversion* makeConversion(vcos::COSDataType* type) {
   }
 #define VGDT_ENUM_TYPE(Type, Style, Default) VGDT_DEFINE_TABLE(Style, Type)
 #define VGDT_ENUM_TABLE(Style) VGDT_DEFINE_TABLE(Style, Style)
-#include "enumerated_types.def"
+#include <graphics/datatype/enumerated_types.def>
 #undef VGDT_DEFINE_TABLE
 
 #define VGDT_ENUM_TYPE(Type, Style, Default)                                                  \
@@ -62,7 +63,7 @@ vcos::COSTypeConversion* makeConversion(vcos::COSDataType* type) {
   }                                                                                           \
   VGDT_QUEUE_AT_LOAD(init_GraphicsDatatype_##Type##DataType,                                  \
                      init_GraphicsDatatype_##Type##DataType_callback)
-#include "enumerated_types.def"
+#include <graphics/datatype/enumerated_types.def>
 
 // clang-format on
 

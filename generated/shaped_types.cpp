@@ -1,11 +1,18 @@
 #include "PropertyDataType.ipp"
-#include "ShapedSupport.h"
 #include "ShapedTable.h"
 #include "TypeRegistration.h"
+#include "shaped/Evaluator.h"
+#include "shaped/ShapedConversions.h"
 
 #include <graphics/datatype/shaped_types.h>
 
 namespace graphics::datatype {
+
+const shaped::ShapedType* shaped::findShapedType(std::string_view name) noexcept {
+  const auto* type = std::ranges::find(kTypes, name, &ShapedType::name);
+  return type == std::end(kTypes) ? nullptr : type;
+}
+
 namespace {
 
 constexpr const shaped::ShapedType& typeAt(shaped::TypeIndex index) {
@@ -39,7 +46,7 @@ Value* newDefault(const shaped::ShapedType& type) {
     static constexpr std::size_t kBytes = reportedBytes(kShapedTypes);                                \
     static Type* createDefault() { return newDefault<Type>(typeAt(shaped::TypeIndex::Type)); }        \
   };
-#include "shaped_types.def"
+#include <graphics/datatype/shaped_types.def>
 
 #define VGDT_SHAPED_TYPE(Type, Empty, Default, Storage, Stored)                                \
   Type::Type(const vxArray* array) : ShapedValue(array, typeAt(shaped::TypeIndex::Type)) {}    \
@@ -57,7 +64,7 @@ Value* newDefault(const shaped::ShapedType& type) {
     shaped::MessagePtr message;                                                                \
     return Name(getPtr(), message);                                                            \
   }
-#include "shaped_types.def"
+#include <graphics/datatype/shaped_types.def>
 
 #define VGDT_SHAPED_TYPE(Type, Empty, Default, Storage, Stored)                                \
   template vcos::COSDataType* PropertyDataType<Type##DataType, Type>::getType();               \
@@ -84,7 +91,7 @@ Value* newDefault(const shaped::ShapedType& type) {
   }                                                                                            \
   VGDT_QUEUE_AT_LOAD(init_GraphicsDatatype_##Type##DataType,                                   \
                      init_GraphicsDatatype_##Type##_callback)
-#include "shaped_types.def"
+#include <graphics/datatype/shaped_types.def>
 
 // clang-format on
 

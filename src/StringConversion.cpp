@@ -1,7 +1,6 @@
 #include "TypeRegistration.h"
 
 #include <graphics/datatype/StringConversion.h>
-#include <graphics/datatype/registration.h>
 #include <gui_objects/convert_from_string_utils.h>
 #include <ut/memory.h>
 #include <vcos/COSNameID.h>

@@ -1,6 +1,7 @@
 #include "JavaConverterUtils.h"
 #include "build_info.h"
 
+#include <graphics/datatype/StringConversion.h>
 #include <graphics/datatype/registration.h>
 #include <graphics/datatype/vgdatatypes.h>
 #include <gui_objects/InitializationCallbackRegistrar.h>

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 #include <graphics/datatype/vgdatatypes.h>
 
-#include "Eval.h"
 #include "ProbeType.h"
+#include "requests/Eval.h"
 
 #include <sstream>
 

@@ -1,11 +1,11 @@
 #include <gmock/gmock.h>
 
-#include "JsonForms.h"
-#include "Literal.h"
-#include "LiteralPrinter.h"
-#include "TextDisplay.h"
 #include "Values.h"
+#include "literal/Literal.h"
+#include "literal/LiteralPrinter.h"
+#include "requests/JsonForms.h"
 #include "support/HostError.h"
+#include "text/TextDisplay.h"
 
 namespace {
 

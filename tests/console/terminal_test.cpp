@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "Nearest.h"
-#include "Terminal.h"
-#include "TextDisplay.h"
+#include "text/Nearest.h"
+#include "text/Terminal.h"
+#include "text/TextDisplay.h"
 
 namespace {
 

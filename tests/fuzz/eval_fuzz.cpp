@@ -1,7 +1,7 @@
 // Any line is answered with one line of JSON.
 
-#include "Eval.h"
 #include "fuzz_target.h"
+#include "requests/Eval.h"
 
 #include <graphics/datatype/vgdatatypes.h>
 

@@ -1,9 +1,9 @@
 // A text that parses as a literal prints as one that describes the same array.
 
-#include "JsonForms.h"
-#include "Literal.h"
-#include "LiteralPrinter.h"
 #include "fuzz_target.h"
+#include "literal/Literal.h"
+#include "literal/LiteralPrinter.h"
+#include "requests/JsonForms.h"
 
 #include <messages/exceptions.h>
 

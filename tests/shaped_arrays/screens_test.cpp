@@ -1,7 +1,7 @@
 // The quick scans agree with plain loops over the elements, wherever the blocks end.
 
-#include "ElementScan.h"
-#include "ElementScreens.h"
+#include "shaped/ElementScan.h"
+#include "shaped/ElementScreens.h"
 #include "support/Arrays.h"
 
 #include <graphics/datatype/shaped_rules.h>

@@ -1,9 +1,9 @@
 #include "Types.h"
 
 #include "Errors.h"
-#include "Nearest.h"
-#include "ShapedWords.h"
-#include "TextDisplay.h"
+#include "text/Nearest.h"
+#include "text/ShapedWords.h"
+#include "text/TextDisplay.h"
 
 #include <fmt/format.h>
 #include <graphics/datatype/VGTypedEnumStringType.h>

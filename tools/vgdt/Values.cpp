@@ -1,7 +1,7 @@
 #include "Values.h"
 
-#include "Literal.h"
-#include "TextDisplay.h"
+#include "literal/Literal.h"
+#include "text/TextDisplay.h"
 
 #include <fmt/format.h>
 

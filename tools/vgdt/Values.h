@@ -1,7 +1,7 @@
 #pragma once
 
-#include "JsonForms.h"
 #include "Types.h"
+#include "requests/JsonForms.h"
 
 #include <vx/scopes.h>
 

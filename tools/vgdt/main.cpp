@@ -1,4 +1,4 @@
-#include "Commands.h"
+#include "commands/Commands.h"
 
 #include <fmt/format.h>
 #include <graphics/datatype/vgdatatypes.h>

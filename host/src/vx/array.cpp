@@ -1,4 +1,4 @@
-#include "array.h"
+#include "ArrayHeader.h"
 
 #include <messages/catalog.h>
 #include <messages/exceptions.h>

@@ -1,4 +1,4 @@
-#include "array.h"
+#include "ArrayHeader.h"
 
 #include <ut/faults.h>
 #include <vcos/COSClass.h>

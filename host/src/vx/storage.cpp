@@ -1,6 +1,6 @@
 // In a unit of its own: g++ 12 warns of a mismatch where it inlines only one of the two.
 
-#include "array.h"
+#include "ArrayHeader.h"
 
 #include <messages/exceptions.h>
 #include <ut/faults.h>

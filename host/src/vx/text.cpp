@@ -1,5 +1,5 @@
 #include "../messages/utf.h"
-#include "array.h"
+#include "ArrayHeader.h"
 
 #include <messages/ustring.h>
 #include <ut/faults.h>

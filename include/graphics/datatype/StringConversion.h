@@ -56,4 +56,9 @@ class VGDT_API StringStringConversion final : public vcos::COSTypeConversion {
   vcos::COSValue from(vcos::COSValue text) const override;
 };
 
+/// Registers the text conversions of the host's own scalars and of "string"; part of start-up.
+///
+/// Errors: a vcos::COSException if one of them has a text conversion already.
+VGDT_API void initStringConverters();
+
 }  // namespace graphics::datatype

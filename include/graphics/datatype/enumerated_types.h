@@ -36,11 +36,10 @@
 ///     class AxesBoxSC final : public EnumeratedSC<AxesBoxDataType> {};  // the text conversion
 ///     class AxesBoxVC final : public EnumeratedVC<AxesBoxDataType> {};  // the array conversion
 ///
-/// `TYPE=LineStyle cmake --build build/release --target show_type` shows those of a
-/// type.
+/// `scripts/show-type LineStyle` shows those of a type.
 
 #include <graphics/datatype/EnumStringType.h>
-#include <graphics/datatype/EnumeratedType.h>
+#include <graphics/datatype/EnumeratedValue.h>
 #include <graphics/datatype/PropertyDataType.h>
 
 namespace graphics::datatype {

@@ -33,9 +33,4 @@ VGDT_API vcos::COSPackage* register_package(const char* name,
                                             const char* (*description)(const char*),
                                             const char* (*details)(const char*));
 
-/// Registers the text conversions of the host's own scalars and of "string"; part of start-up.
-///
-/// Errors: a vcos::COSException if one of them has a text conversion already.
-VGDT_API void initStringConverters();
-
 }  // namespace graphics::datatype

@@ -79,14 +79,14 @@ struct SizeRule {
 VGDT_API bool fitsSize(const SizeRule& rule, const vxArray* array);
 
 /// One test of an element. NaN and infinity are asked of floating-point elements only, and so is
-/// kInt32.
+/// kWhole32.
 enum class ElementTest : std::uint8_t {
   kEnd,      ///< no further test
   kSkipNaN,  ///< NaN passes, and takes no further test
   kRange,    ///< from `min` to `max`, else kRange; the tests go on, and so does the scan
-  kInt32,    ///< a whole number that fits 32 bits with a sign, else kType at once
-  kNaN,      ///< not NaN, else kNaN at once
-  kInf,      ///< not infinite, else kInf at once
+  kWhole32,  ///< a whole number that fits 32 bits with a sign, else kType at once
+  kNotNaN,   ///< not NaN, else kNaN at once
+  kNotInf,   ///< not infinite, else kInf at once
 };
 
 /// The tests of each element, in their order.
@@ -129,17 +129,17 @@ ElementFinding examine(const ElementScan& scan, Element element) noexcept {
       case ElementTest::kRange:
         finding.isOutOfRange |= value < scan.min || value > scan.max;
         break;
-      case ElementTest::kInt32:
+      case ElementTest::kWhole32:
         // The limits of the type are checked first: beyond them there is nothing to convert to.
         if (isFloat && !(value >= std::numeric_limits<std::int32_t>::min() &&
                          value <= std::numeric_limits<std::int32_t>::max() &&
                          static_cast<std::int32_t>(value) == value))
           return {finding.isOutOfRange, Failure::kType};
         break;
-      case ElementTest::kNaN:
+      case ElementTest::kNotNaN:
         if (std::isnan(value)) return {finding.isOutOfRange, Failure::kNaN};
         break;
-      case ElementTest::kInf:
+      case ElementTest::kNotInf:
         if (std::isinf(value)) return {finding.isOutOfRange, Failure::kInf};
         break;
     }

@@ -39,8 +39,7 @@
 /// The array conversion gives a shared data copy, which belongs to the caller, and for an empty
 /// value a 0 by 0 array of the storage class.
 ///
-/// `TYPE=ColorMap cmake --build build/release --target show_type` shows what the rows of a type
-/// become.
+/// `scripts/show-type ColorMap` shows what the rows of a type become.
 
 #include <graphics/datatype/PropertyDataType.h>
 #include <graphics/datatype/ShapedValue.h>

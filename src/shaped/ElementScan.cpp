@@ -1,0 +1,123 @@
+#include "shaped/ElementScan.h"
+
+#include "shaped/ElementScreens.h"
+
+#include <algorithm>
+
+namespace graphics::datatype::shaped {
+namespace {
+
+/// The numbers that pass a scan, beside NaN.
+template <class Float>
+struct PassingRange {
+  Float min = -std::numeric_limits<Float>::infinity();
+  Float max = std::numeric_limits<Float>::infinity();
+
+  explicit PassingRange(const ElementScan& scan) {
+    if (scan.has(ElementTest::kRange)) narrow(scan.min, scan.max);
+    if (scan.has(ElementTest::kNotInf)) {
+      constexpr double kMax = std::numeric_limits<Float>::max();
+      narrow(-kMax, kMax);
+    }
+    if (scan.has(ElementTest::kWhole32)) {
+      // The lowest one has no counterpart, and is left to the tests themselves, as are the numbers
+      // that the screens cannot round.
+      constexpr double kMax = std::numeric_limits<std::int32_t>::max();
+      narrow(-std::min(kMax, double{screens::kMostRounded<Float>}),
+             std::min(kMax, double{screens::kMostRounded<Float>}));
+    }
+  }
+
+  /// Where the numbers have fewer digits, the range becomes smaller and not larger.
+  void narrow(double newMin, double newMax) {
+    const auto nearestMin = static_cast<Float>(newMin);
+    const auto nearestMax = static_cast<Float>(newMax);
+    constexpr Float kInfinity = std::numeric_limits<Float>::infinity();
+    min = std::max(min, static_cast<double>(nearestMin) < newMin
+                            ? std::nextafter(nearestMin, kInfinity)
+                            : nearestMin);
+    max = std::min(max, static_cast<double>(nearestMax) > newMax
+                            ? std::nextafter(nearestMax, -kInfinity)
+                            : nearestMax);
+  }
+};
+
+template <class T>
+std::size_t findByElement(const ElementScan& scan, const T* elements, std::size_t from,
+                          std::size_t to) {
+  while (from < to && !examine(scan, elements[from]).isFailure())
+    ++from;
+  return from;
+}
+
+/// Few elements are a flagged block without a look.
+template <std::size_t blockBytes, class Screen, class T>
+std::size_t findFlaggedBlock(const Screen& screen, const T* elements, std::size_t count) {
+  if (count * sizeof(T) < screens::kLeastBytes) return 0;
+  const auto* const data = reinterpret_cast<const std::byte*>(elements);
+  return screens::findFlaggedBlock<blockBytes>(screen, data, count * sizeof(T)) / sizeof(T);
+}
+
+/// Most arrays pass the quick screen. Behind its first flag, the exact one shows what to look at.
+template <class T, class QuickScreen, class ExactScreen>
+std::size_t findWithScreens(const ElementScan& scan, const T* elements, std::size_t count,
+                            const QuickScreen& quick, const ExactScreen& exact) {
+  constexpr std::size_t kMostInBlock = (screens::kSmallBlock + screens::kMostBefore) / sizeof(T);
+  std::size_t from = findFlaggedBlock<screens::kLargeBlock>(quick, elements, count);
+  while (from < count) {
+    from += findFlaggedBlock<screens::kSmallBlock>(exact, elements + from, count - from);
+    const std::size_t end = std::min(from + kMostInBlock, count);
+    from = findByElement(scan, elements, from, end);
+    if (from < end) return from;
+  }
+  return count;
+}
+
+template <bool wholeNumbers, class Float>
+std::size_t findFailingFloat(const ElementScan& scan, const Float* elements, std::size_t count) {
+  const PassingRange<Float> range(scan);
+  return findWithScreens(scan, elements, count,
+                         screens::RangeScreen<Float, wholeNumbers>(range.min, range.max),
+                         screens::ExactRangeScreen<Float, wholeNumbers>(
+                             range.min, range.max, scan.has(ElementTest::kSkipNaN)));
+}
+
+/// The tests of a scan that end it.
+ElementScan withoutRange(ElementScan scan) {
+  static_cast<void>(std::remove(scan.tests.begin(), scan.tests.end(), ElementTest::kRange));
+  scan.tests.back() = ElementTest::kEnd;
+  return scan;
+}
+
+}  // namespace
+
+template <NumericElement T>
+std::size_t findFailing(const ElementScan& scan, const T* elements, std::size_t count) {
+  if constexpr (std::is_floating_point_v<T>) {
+    return scan.has(ElementTest::kWhole32) ? findFailingFloat<true>(scan, elements, count)
+                                           : findFailingFloat<false>(scan, elements, count);
+  } else {
+    if (!scan.has(ElementTest::kRange)) return count;
+    const screens::CountingScreen<T> screen;
+    return findWithScreens(scan, elements, count, screen, screen);
+  }
+}
+
+template <NumericElement T>
+Failure runScan(const ElementScan& scan, const T* elements, std::size_t count) {
+  const std::size_t first = findFailing(scan, elements, count);
+  if (first == count) return Failure::kNone;
+  if (const Failure end = examine(scan, elements[first]).end; end != Failure::kNone) return end;
+  // Out of range: what is left to find is an element that ends the scan.
+  const ElementScan rest = withoutRange(scan);
+  const std::size_t last = first + findFailing(rest, elements + first, count - first);
+  return last == count ? Failure::kRange : examine(rest, elements[last]).end;
+}
+
+#define VGDT_INSTANTIATE(Element)                                                    \
+  template std::size_t findFailing(const ElementScan&, const Element*, std::size_t); \
+  template Failure runScan(const ElementScan&, const Element*, std::size_t);
+VGDT_FOR_NUMERIC_ELEMENTS(VGDT_INSTANTIATE)
+#undef VGDT_INSTANTIATE
+
+}  // namespace graphics::datatype::shaped

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Values.h"
+#include "commands/Console.h"
+
+#include <optional>
+#include <string>
+
+namespace vgdt {
+
+/// The commands of the program. Each returns its exit status and has written its errors.
+ExitStatus listTypes(const Console& console, const std::optional<std::string>& family, bool asJson);
+ExitStatus describeType(const Console& console, const std::string& name, bool asJson);
+ExitStatus convertValue(const Console& console, const std::string& name, const GivenValue& given,
+                        bool asJson);
+/// From the file of that name; from standard input without one.
+ExitStatus evaluate(const Console& console, const std::optional<std::string>& file, bool asTable);
+
+}  // namespace vgdt

@@ -1,0 +1,37 @@
+#include "commands/Console.h"
+
+#include "Values.h"
+#include "literal/LiteralPrinter.h"
+#include "text/TextDisplay.h"
+
+#include <utility>
+
+namespace vgdt {
+
+void reportProblem(const Console& console, std::string_view problem) {
+  console.errors << console.errorStyle.error("vgdt:") << ' ' << problem << '\n';
+}
+
+ExitStatus printReply(const Console& console, const Served& served) {
+  console.output << dump(served.reply) << '\n';
+  return served.status;
+}
+
+void printField(std::ostream& stream, std::string_view name, std::string_view value) {
+  stream << "  " << padded(std::string(name), 12) << value << '\n';
+}
+
+void printField(std::ostream& stream, std::string_view name,
+                const std::vector<std::string>& values) {
+  for (const std::string& value : values)
+    printField(stream, std::exchange(name, ""), value);
+}
+
+std::string defaultText(const Type& type) {
+  const vcos::COSValue value = type.access.dataType().getDefaultValue();
+  if (const auto text = textOf(type, value)) return *text;
+  const vcos::ArrayOwner array = arrayOf(type, value);
+  return array ? formatLiteral(array.get(), kMaxElements) : "no value";
+}
+
+}  // namespace vgdt

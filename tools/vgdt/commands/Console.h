@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Types.h"
+#include "requests/Requests.h"
+#include "text/Terminal.h"
+
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vgdt {
+
+/// Where a command writes to.
+struct Console {
+  std::ostream& output;
+  std::ostream& errors;
+  Style outputStyle;
+  Style errorStyle;
+};
+
+/// How many elements of an array a person is shown.
+inline constexpr std::size_t kMaxElements = 100;
+
+/// "vgdt: there is no ..."
+void reportProblem(const Console& console, std::string_view problem);
+
+/// The JSON of a reply, and its status.
+ExitStatus printReply(const Console& console, const Served& served);
+
+/// "  name        value".
+void printField(std::ostream& stream, std::string_view name, std::string_view value);
+/// One line for each value; none if there is none.
+void printField(std::ostream& stream, std::string_view name,
+                const std::vector<std::string>& values);
+
+/// The default value as text, or else as its array.
+std::string defaultText(const Type& type);
+
+}  // namespace vgdt

@@ -1,0 +1,55 @@
+#include "commands/Commands.h"
+#include "text/ShapedWords.h"
+#include "text/Table.h"
+#include "text/TextDisplay.h"
+
+#include <fmt/format.h>
+
+#include <set>
+
+namespace vgdt {
+namespace {
+
+std::string valuesInShort(const Type& type) {
+  const auto* rules = shapedRules(type);
+  return rules ? acceptedInShort(*rules) : fmt::format("{}", fmt::join(acceptedValues(type), "; "));
+}
+
+std::vector<std::string> rowOf(const Type& type) {
+  const vcos::COSDataType& dataType = type.access.dataType();
+  return {type.name, familyOf(type), onOneLine(defaultText(type), 20),
+          std::to_string(dataType.getValueSizeInBytes(dataType.getDefaultValue())),
+          onOneLine(valuesInShort(type), 60)};
+}
+
+bool isFamily(const std::string& family, const std::vector<Type>& types, const Console& console) {
+  std::set<std::string> known;
+  for (const Type& type : types)
+    known.insert(familyOf(type));
+  if (known.contains(family)) return true;
+  reportProblem(console, fmt::format("there is no family \"{}\"; the families are {}",
+                                     onOneLine(family, kMaxQuoted), fmt::join(known, ", ")));
+  return false;
+}
+
+}  // namespace
+
+ExitStatus listTypes(const Console& console, const std::optional<std::string>& family,
+                     bool asJson) {
+  const std::vector<Type> types = libraryTypes();
+  if (family && !isFamily(*family, types, console)) return kNotUnderstood;
+  Table table({"name", "family", "default", "bytes", "values"});
+  Json names = Json::array();
+  for (const Type& type : types) {
+    if (family && familyOf(type) != *family) continue;
+    table.add(rowOf(type));
+    names.push_back(type.name);
+  }
+  if (asJson)
+    console.output << dump({{"ok", true}, {"types", names}}) << '\n';
+  else
+    table.print(console.output);
+  return kDone;
+}
+
+}  // namespace vgdt

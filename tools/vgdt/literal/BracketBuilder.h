@@ -1,0 +1,39 @@
+#pragma once
+
+#include "literal/LiteralValue.h"
+
+#include <messages/ustring.h>
+#include <vx/array.h>
+
+#include <span>
+
+namespace vgdt {
+
+/// Collects what stands in square brackets, row by row, and makes the matrix.
+class BracketBuilder {
+ public:
+  void addLogical(bool value, std::size_t position);
+  void addNumber(double number, std::size_t position);
+  void addNumbers(std::span<const double> numbers, std::size_t position);
+  /// Texts in one row are joined.
+  void addText(const fl::ustring& text, std::size_t position);
+  /// `position` is where the row begins. LiteralError if it is not as long as the first one.
+  void closeRow(std::size_t position);
+  /// Logical, double or char; 0 by 0 double if nothing was added.
+  LiteralValue finish(std::size_t position);
+
+ private:
+  enum class Kind { Nothing, Logical, Number, Text };
+
+  void admit(Kind kind, std::size_t position);
+  vxClassID classID() const;
+  std::size_t storageIndex(std::size_t index) const;
+
+  Kind kind_ = Kind::Nothing;
+  std::vector<double> elements_;  // row by row
+  std::size_t rows_ = 0;
+  std::size_t columns_ = 0;
+  std::size_t rowBegin_ = 0;
+};
+
+}  // namespace vgdt

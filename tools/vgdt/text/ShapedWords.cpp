@@ -1,0 +1,259 @@
+#include "text/ShapedWords.h"
+
+#include "ArrayElements.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <limits>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <utility>
+
+namespace vgdt {
+namespace {
+
+using graphics::datatype::shaped::ClassSet;
+using graphics::datatype::shaped::ElementScan;
+using graphics::datatype::shaped::ElementTest;
+using graphics::datatype::shaped::Failure;
+using graphics::datatype::shaped::Predicate;
+using graphics::datatype::shaped::ShapedType;
+using graphics::datatype::shaped::SizeRule;
+using graphics::datatype::shaped::Stored;
+using graphics::datatype::shaped::WholeArrayRule;
+
+std::vector<vxClassID> numericClassesIn(ClassSet classes) {
+  std::vector<vxClassID> found;
+  for (int number = vxDOUBLE_CLASS; number <= vxUINT64_CLASS; ++number)
+    if (const auto classID = static_cast<vxClassID>(number); classes.contains(classID))
+      found.push_back(classID);
+  return found;
+}
+
+std::string measure(std::size_t size, const char* letter) {
+  return size == SizeRule::kAny ? letter : std::to_string(size);
+}
+
+std::string sizeWords(const SizeRule& rule) {
+  switch (rule.kind) {
+    case SizeRule::Kind::kPair:
+      return "1-by-2, 2-by-1 or 1-by-1-by-2";
+    case SizeRule::Kind::kVector:
+      return "1-by-n or n-by-1";
+    case SizeRule::Kind::kDimensions:
+      break;
+  }
+  const std::string m = measure(rule.m, rule.n == SizeRule::kAny ? "m" : "n");
+  const std::string matrix = fmt::format("{}-by-{}", m, measure(rule.n, "n"));
+  return rule.numberOfDimensions == 2 ? matrix : matrix + "-by-" + measure(rule.third, "k");
+}
+
+/// "double or single", or "numeric" for all ten.
+std::string classWords(ClassSet classes) {
+  constexpr std::size_t kNumericCount = vxUINT64_CLASS - vxDOUBLE_CLASS + 1;
+  std::vector<std::string> names;
+  for (const vxClassID classID : numericClassesIn(classes))
+    names.emplace_back(vxClassName(classID));
+  if (names.size() == kNumericCount) names = {"numeric"};
+  if (classes.contains(vxLOGICAL_CLASS)) names.emplace_back("logical");
+  return fmt::format("{}", fmt::join(names, " or "));
+}
+
+std::string ruleWords(WholeArrayRule rule) {
+  switch (rule) {
+    case WholeArrayRule::kNone:
+      break;
+    case WholeArrayRule::kNotDecreasing:
+      return "the first not above the second, neither NaN, not both infinite";
+    case WholeArrayRule::kIncreasing:
+      return "the first below the second, both finite";
+    case WholeArrayRule::kIncreasingWithInfs:
+      return "the first below the second, neither NaN";
+    case WholeArrayRule::kNormalized:
+      return "0 to 1 or NaN";
+    case WholeArrayRule::kTicks:
+      return "each below the next, none NaN, no two infinite side by side; one alone may be any";
+  }
+  return "";
+}
+
+std::string rangeWords(const ElementScan& scan) {
+  if (scan.has(ElementTest::kWhole32))
+    return fmt::format("whole numbers from {}, in double and single up to {},", scan.min,
+                       std::numeric_limits<std::int32_t>::max());
+  if (scan.has(ElementTest::kRange))
+    return std::isinf(scan.max) ? fmt::format("from {}", scan.min)
+                                : fmt::format("{} to {}", scan.min, scan.max);
+  return scan.has(ElementTest::kNotInf) ? "finite" : "not NaN";
+}
+
+/// What each element has to be; empty if it may be anything.
+std::string elementWords(const Predicate& predicate) {
+  if (predicate.scan.isEmpty()) return ruleWords(predicate.rule);
+  const std::string range = rangeWords(predicate.scan);
+  return predicate.scan.has(ElementTest::kSkipNaN) ? range + " or NaN" : range;
+}
+
+/// What is asked of the class and the elements.
+std::string contentWords(const Predicate& predicate) {
+  const std::string elements = elementWords(predicate);
+  return classWords(predicate.classes) + (elements.empty() ? "" : ", " + elements);
+}
+
+std::string formWords(const Predicate& predicate) {
+  if (predicate.refusesSparse && predicate.refusesComplex) return " (not sparse or complex)";
+  if (predicate.refusesSparse) return " (not sparse)";
+  return predicate.refusesComplex ? " (not complex)" : "";
+}
+
+/// A line for each run of predicates that differ only in size.
+template <class Words>
+std::vector<std::string> waysOf(const ShapedType& type, Words words) {
+  std::vector<std::pair<std::string, std::string>> ways;  // sizes, and what else is asked
+  for (const Predicate& predicate : type.predicates) {
+    const std::string size = sizeWords(predicate.size);
+    const std::string rest = words(predicate);
+    if (!ways.empty() && ways.back().second == rest)
+      ways.back().first += " or " + size;
+    else
+      ways.emplace_back(size, rest);
+  }
+  std::vector<std::string> lines;
+  std::ranges::transform(ways, std::back_inserter(lines),
+                         [](const auto& way) { return way.first + ' ' + way.second; });
+  return lines;
+}
+
+/// "(2,3)", counted from 1, of an element's place in storage order.
+std::string placeOf(std::size_t index, const vxArray* array) {
+  std::vector<std::size_t> place;
+  for (const std::size_t size : dimensionsOf(array)) {
+    place.push_back(index % size + 1);
+    index /= size;
+  }
+  return fmt::format("({})", fmt::join(place, ","));
+}
+
+std::string elementText(const vxArray* array, std::size_t index) {
+  return withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) -> std::string {
+    const T element = elementsOf<T>(array)[index];
+    const auto number = static_cast<double>(element);
+    if (std::isnan(number)) return "NaN";
+    if (std::isinf(number)) return number < 0 ? "-Inf" : "Inf";
+    return fmt::format("{}", +element);
+  });
+}
+
+/// "element 3, at (1,2), is 2".
+std::string elementFault(const vxArray* array, std::size_t index) {
+  return fmt::format("element {}, at {}, is {}", index + 1, placeOf(index, array),
+                     elementText(array, index));
+}
+
+/// The element that ended a scan with `failure`; none where no element did.
+std::optional<std::size_t> findEnding(const ElementScan& scan, const vxArray* array,
+                                      Failure failure) {
+  return withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) {
+    const auto elements = elementsOf<T>(array);
+    const auto found = std::ranges::find_if(
+        elements, [&](T element) { return examine(scan, element).end == failure; });
+    return found == elements.end() ? std::optional<std::size_t>() : found - elements.begin();
+  });
+}
+
+/// The first element that does not fit, and the one that decided the message if that is another.
+std::string elementFaults(const Predicate& predicate, const vxArray* array, std::size_t first) {
+  std::string words = elementFault(array, first);
+  const Failure failure = check(predicate, array);
+  const auto last = findEnding(predicate.scan, array, failure);
+  if (failure != Failure::kNone && last && *last != first)
+    words += ", and " + elementFault(array, *last);
+  return words + "; asked for: " + elementWords(predicate);
+}
+
+/// Only what a predicate looks at, and no further than it looks.
+std::vector<std::string> findFaults(const Predicate& predicate, const vxArray* array) {
+  const Failure failure = check(predicate, array);
+  if (failure == Failure::kSparse) return {"it is sparse"};
+  if (failure == Failure::kComplex) return {"it is complex"};
+  std::vector<std::string> faults;
+  const bool sizeFits = fitsSize(predicate.size, array);
+  if (!sizeFits)
+    faults.push_back(fmt::format("its size is {}, not {}", fmt::join(dimensionsOf(array), "-by-"),
+                                 sizeWords(predicate.size)));
+  if (!predicate.classes.contains(vxGetClassID(array))) {
+    faults.push_back(fmt::format("its class is {}, not {}", vxGetClassName(array),
+                                 classWords(predicate.classes)));
+    return faults;
+  }
+  // A rule counts the elements as well, so its offender would be one for that alone.
+  if (!sizeFits && (predicate.scan.gated || predicate.rule != WholeArrayRule::kNone)) return faults;
+  if (const auto offender = findOffender(predicate, array))
+    faults.push_back(elementFaults(predicate, array, *offender));
+  return faults;
+}
+
+/// An array of the first class that the predicate takes, with that element everywhere. Dimensions
+/// that are free are 2.
+std::string filledLiteral(const Predicate& predicate, double element) {
+  const vxClassID classID = numericClassesIn(predicate.classes).front();
+  const SizeRule& rule = predicate.size;
+  const auto some = [](std::size_t size) { return size == SizeRule::kAny ? 2 : size; };
+  const std::size_t m = rule.kind == SizeRule::Kind::kDimensions ? some(rule.m) : 1;
+  const std::size_t pages = rule.numberOfDimensions == 3 ? some(rule.third) : 1;
+  const std::vector<double> row(some(rule.n) * pages, element);
+  const std::vector<std::string> rows(m, fmt::format("{}", fmt::join(row, " ")));
+  std::string literal = fmt::format("[{}]", fmt::join(rows, ";"));
+  if (classID != vxDOUBLE_CLASS) literal = fmt::format("{}({})", vxClassName(classID), literal);
+  if (pages == 1) return literal;
+  return fmt::format("reshape({},{},{},{})", literal, m, some(rule.n), pages);
+}
+
+}  // namespace
+
+std::vector<std::string> acceptedWays(const ShapedType& type) {
+  std::vector<std::string> ways = waysOf(type, [](const Predicate& predicate) {
+    return contentWords(predicate) + formWords(predicate);
+  });
+  if (type.takesEmpty) ways.emplace_back("empty, of any class");
+  if (type.stored == Stored::kAsRow) ways.emplace_back("a column becomes a row");
+  return ways;
+}
+
+std::string acceptedInShort(const ShapedType& type) {
+  return fmt::format("{}", fmt::join(waysOf(type, contentWords), "; "));
+}
+
+std::string acceptedText(const ShapedType& type) {
+  return fmt::format(
+      "numbers in brackets, separated by blanks or commas, rows by \";\", read as {}; [] is empty",
+      vxClassName(type.storageClass));
+}
+
+std::vector<std::string> refusals(const ShapedType& type, const vxArray* array) {
+  std::vector<std::string> words;
+  for (const Predicate& predicate : type.predicates)
+    if (const auto faults = findFaults(predicate, array); !faults.empty())
+      words.push_back(fmt::format("{}: {}", predicate.name, fmt::join(faults, "; ")));
+  return words;
+}
+
+std::vector<std::string> sampleLiterals(const ShapedType& type) {
+  std::vector<std::string> literals;
+  for (const Predicate& predicate : type.predicates) {
+    literals.push_back(filledLiteral(predicate, 1));
+    const ElementScan& scan = predicate.scan;
+    if (scan.has(ElementTest::kRange))
+      literals.push_back(
+          filledLiteral(predicate, std::isinf(scan.max) ? scan.min - 1 : scan.max + 1));
+    if (scan.has(ElementTest::kWhole32)) literals.push_back(filledLiteral(predicate, 1.5));
+  }
+  return literals;
+}
+
+}  // namespace vgdt
