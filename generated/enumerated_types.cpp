@@ -8,18 +8,14 @@
 
 namespace graphics::datatype {
 
-/// All enumerated types report one size, and start from a default-constructed value.
+/// All enumerated types report the size of their value class, and start from a default-constructed
+/// value.
 template <class Value>
 struct EnumeratedTypeTraits {
-  static constexpr std::size_t kBytes = reportedBytes(kEnumeratedTypes);
+  static constexpr std::size_t kBytes = 24;
   static_assert(sizeof(Value) == kBytes);
   static Value* createDefault() { return new Value; }
 };
-
-template <class Conversion, class DataType>
-vcos::COSTypeConversion* makeConversion(vcos::COSDataType* type) {
-  return new Conversion(*static_cast<DataType*>(type));
-}
 
 // clang-format off
 
@@ -55,13 +51,7 @@ vcos::COSTypeConversion* makeConversion(vcos::COSDataType* type) {
   }                                                                                           \
   Type##SC::~Type##SC() = default;                                                            \
   Type##VC::~Type##VC() = default;                                                            \
-  void init_GraphicsDatatype_##Type##DataType_callback() {                                    \
-    auto* type = dynamic_cast<Type##DataType*>(Type##DataType::getType());                    \
-    if (!type) return;                                                                        \
-    registerType(type, Type##DataType::kDottedName, makeConversion<Type##VC, Type##DataType>, \
-                 makeConversion<Type##SC, Type##DataType>);                                   \
-  }                                                                                           \
-  VGDT_QUEUE_AT_LOAD(init_GraphicsDatatype_##Type##DataType,                                  \
+  VGDT_REGISTER_TYPE(Type, init_GraphicsDatatype_##Type##DataType,                            \
                      init_GraphicsDatatype_##Type##DataType_callback)
 #include <graphics/datatype/enumerated_types.def>
 

@@ -24,11 +24,6 @@ vcos::COSValue newValue(const vxArray* array) {
   return vcos::COSValue::fromPointer(array ? new Value(array) : new Value);
 }
 
-template <class Conversion>
-vcos::COSTypeConversion* newConversion(vcos::COSDataType*) {
-  return new Conversion;
-}
-
 /// The default value is stated as text.
 template <class Value>
 Value* newDefault(const shaped::ShapedType& type) {
@@ -43,7 +38,7 @@ Value* newDefault(const shaped::ShapedType& type) {
 #define VGDT_SHAPED_TYPE(Type, Empty, Default, Storage, Stored)                                       \
   template <>                                                                                         \
   struct PropertyTypeTraits<Type##DataType> {                                                         \
-    static constexpr std::size_t kBytes = reportedBytes(kShapedTypes);                                \
+    static constexpr std::size_t kBytes = 8; /* kept: a pointer, although the object is larger */       \
     static Type* createDefault() { return newDefault<Type>(typeAt(shaped::TypeIndex::Type)); }        \
   };
 #include <graphics/datatype/shaped_types.def>
@@ -83,13 +78,7 @@ Value* newDefault(const shaped::ShapedType& type) {
   vcos::COSValue Type##VC::from(vcos::COSValue array) const {                                  \
     return array.isNull() ? array : newValue<Type>(array.asPointer<const vxArray>());          \
   }                                                                                            \
-  void init_GraphicsDatatype_##Type##_callback() {                                             \
-    vcos::COSDataType* const type = Type##DataType::getType();                                 \
-    if (!type) return;                                                                         \
-    registerType(type, Type##DataType::kDottedName, newConversion<Type##VC>,                   \
-                 newConversion<Type##SC>);                                                     \
-  }                                                                                            \
-  VGDT_QUEUE_AT_LOAD(init_GraphicsDatatype_##Type##DataType,                                   \
+  VGDT_REGISTER_TYPE(Type, init_GraphicsDatatype_##Type##DataType,                             \
                      init_GraphicsDatatype_##Type##_callback)
 #include <graphics/datatype/shaped_types.def>
 

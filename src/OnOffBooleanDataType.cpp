@@ -1,4 +1,3 @@
-#include "ReportedSizes.h"
 #include "TypeRegistration.h"
 #include "WordEnumeration.h"
 
@@ -18,10 +17,7 @@ namespace messages = VORTIL::datatypes::onoffboolean;
 
 namespace {
 
-/// Not formed from the class's name, as the dotted names of all other types are.
-constexpr const char* kDottedName = "vortil.graphics.datatype.on_off";
-
-constexpr std::size_t kReportedBytes = reportedBytes("on_off");
+constexpr std::size_t kReportedBytes = 1;  // kept, although a word holds the value
 
 class BoolEnumeration final : public WordEnumeration {};
 
@@ -126,23 +122,20 @@ COSValue OnOffBooleanVC::from(COSValue value) const {
   return OnOffBooleanSC().from(COSValue::fromPointer(text.c_str()));
 }
 
-namespace {
-
-void registerOnOffBoolean() {
-  auto* type = dynamic_cast<OnOffBooleanDataType*>(OnOffBooleanDataType::getType());
-  if (!type) return;
+/// This type alone has a third conversion, and says so when the class system refuses it.
+template <>
+void registerType<OnOffBooleanDataType, OnOffBooleanVC, OnOffBooleanSC>() {
   try {
-    registerDatatype(type);
-    addConversion<OnOffBooleanVC>("any", kDottedName);
-    addConversion<OnOffBooleanSC>("string", kDottedName);
+    addType(*OnOffBooleanDataType::getType(), OnOffBooleanDataType::kDottedName,
+            makeConversion<OnOffBooleanDataType, OnOffBooleanVC>,
+            makeConversion<OnOffBooleanDataType, OnOffBooleanSC>);
     addConversion<OnOffBooleanSC>("string", "bool");
   } catch (const vcos::COSException&) {
     vxErrMsgId(messages::MultipleRegistry());
   }
 }
 
-}  // namespace
-
-VGDT_QUEUE_AT_LOAD(init_datatypes_OnOffBooleanDataType, registerOnOffBoolean)
+static void registerOnOffBoolean();
+VGDT_REGISTER_TYPE(OnOffBoolean, init_datatypes_OnOffBooleanDataType, registerOnOffBoolean)
 
 }  // namespace graphics::datatype

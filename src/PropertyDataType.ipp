@@ -1,16 +1,16 @@
 #pragma once
 
 /// The bodies of PropertyDataType, for the unit that defines a type. That says which size the type
-/// reports and how its default is made, before it makes the template's members for it:
+/// reports and how its default is made, before it makes the template's members for it. A size that
+/// is not that of the value class has the word "kept" beside it:
 ///
 ///     template <>
 ///     struct PropertyTypeTraits<Rectangle2DataType> {
-///       static constexpr std::size_t kBytes = reportedBytes("Rectangle2");
+///       static constexpr std::size_t kBytes = 16;
+///       static_assert(sizeof(gui_objects::Rectangle2d) == kBytes);
 ///       static gui_objects::Rectangle2d* createDefault() { return new gui_objects::Rectangle2d; }
 ///     };
 ///     template class PropertyDataType<Rectangle2DataType, gui_objects::Rectangle2d>;
-
-#include "ReportedSizes.h"
 
 #include <graphics/datatype/PropertyDataType.h>
 

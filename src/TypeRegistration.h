@@ -1,19 +1,28 @@
 #pragma once
 
-/// What every type's registration is made of. A type registers with one line beside its data type:
+/// How a type registers: with one line beside its data type, which names the type and the two
+/// functions that start-up knows it by.
 ///
-///     VGDT_QUEUE_AT_LOAD(init_datatypes_OnOffBooleanDataType, registerOnOffBoolean)
+///     VGDT_REGISTER_TYPE(Inset, init_VortilGraphicsDatatype_InsetDataType,
+///                        init_VortilGraphicsDatatype_InsetDataType_callback)
 
 #include <graphics/datatype/registration.h>
 #include <gui_objects/InitializationCallbackRegistrar.h>
+#include <vcos/COSDataType.h>
 #include <vcos/COSNameID.h>
 #include <vcos/COSTypeRepository.h>
 
-/// Defines the queueing function, which puts `callback` on the queue that start-up runs, and calls
-/// it when the library is loaded. To be used in the namespace graphics::datatype.
-#define VGDT_QUEUE_AT_LOAD(queueFunction, callback)                   \
+#include <type_traits>
+
+/// Defines `callback`, which registers the type, and `queueFunction`, which puts the callback on
+/// the queue that start-up runs; the queueing function is called when the library is loaded. To be
+/// used in the namespace graphics::datatype.
+#define VGDT_REGISTER_TYPE(Type, queueFunction, callback)             \
+  void callback() {                                                   \
+    registerType<Type##DataType, Type##VC, Type##SC>();               \
+  }                                                                   \
   bool queueFunction() {                                              \
-    get_initialization_callback_registry()->addCallback(&(callback)); \
+    get_initialization_callback_registry()->addCallback(&callback);   \
     return true;                                                      \
   }                                                                   \
   namespace {                                                         \
@@ -30,12 +39,35 @@ void addConversion(const char* outside, const char* inner) {
   vcos::COSTypeRepository::addConversion(outsideName, innerName, new Conversion);
 }
 
-/// Makes a conversion for a type.
-using MakeConversion = vcos::COSTypeConversion* (*)(vcos::COSDataType* type);
+/// Makes a conversion for a data type.
+using MakeConversion = vcos::COSTypeConversion* (*)(vcos::COSDataType& type);
 
-/// Adds a type and its conversions for host arrays and for text. What the class system refuses,
-/// such as a type that is known already, ends this without a word; what was added before stays.
-void registerType(vcos::COSDataType* type, const char* dottedName, MakeConversion makeForArrays,
-                  MakeConversion makeForText);
+/// A conversion is made with its data type if its constructor takes one.
+template <class DataType, class Conversion>
+vcos::COSTypeConversion* makeConversion([[maybe_unused]] vcos::COSDataType& type) {
+  if constexpr (std::is_constructible_v<Conversion, const DataType&>)
+    return new Conversion(static_cast<const DataType&>(type));
+  else
+    return new Conversion;
+}
+
+/// Adds a type, then its conversion for host arrays, then the one for text. What the class system
+/// refuses passes through; what was added before stays.
+void addType(vcos::COSDataType& type, const char* dottedName, MakeConversion makeForArrays,
+             MakeConversion makeForText);
+
+/// As addType(), but what the class system refuses, such as a type that is known already, ends it
+/// without a word.
+void addTypeInSilence(vcos::COSDataType& type, const char* dottedName, MakeConversion makeForArrays,
+                      MakeConversion makeForText);
+
+/// Registers a type. One whose getType() gives no object of its own class is left out: its
+/// conversions could not work on that.
+template <class DataType, class VC, class SC>
+void registerType() {
+  if (auto* type = dynamic_cast<DataType*>(DataType::getType()))
+    addTypeInSilence(*type, DataType::kDottedName, makeConversion<DataType, VC>,
+                     makeConversion<DataType, SC>);
+}
 
 }  // namespace graphics::datatype

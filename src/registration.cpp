@@ -79,15 +79,20 @@ void registerDatatype(vcos::COSDataType* type) {
   package->addDataType(type);
 }
 
-void registerType(vcos::COSDataType* type, const char* dottedName, MakeConversion makeForArrays,
-                  MakeConversion makeForText) {
+void addType(vcos::COSDataType& type, const char* dottedName, MakeConversion makeForArrays,
+             MakeConversion makeForText) {
+  registerDatatype(&type);
+  static const COSNameID array("any");
+  static const COSNameID text("string");
+  const COSNameID inner(dottedName);
+  vcos::COSTypeRepository::addConversion(array, inner, makeForArrays(type));
+  vcos::COSTypeRepository::addConversion(text, inner, makeForText(type));
+}
+
+void addTypeInSilence(vcos::COSDataType& type, const char* dottedName, MakeConversion makeForArrays,
+                      MakeConversion makeForText) {
   try {
-    registerDatatype(type);
-    static const COSNameID array("any");
-    static const COSNameID text("string");
-    const COSNameID inner(dottedName);
-    vcos::COSTypeRepository::addConversion(array, inner, makeForArrays(type));
-    vcos::COSTypeRepository::addConversion(text, inner, makeForText(type));
+    addType(type, dottedName, makeForArrays, makeForText);
   } catch (const vcos::COSException&) {
     // Start-up goes on with the next type.
   }

@@ -24,6 +24,10 @@
 #include <vg/MatrixTraits.h>
 #include <vx/class_dispatch.h>
 
+#include <cstddef>
+#include <iterator>
+#include <utility>
+
 namespace vg::TL {
 
 /// The end of a list of types.
@@ -72,9 +76,19 @@ struct MakeClassList<first, others...> {
 template <int... classIDs>
 using ClassList = typename detail::MakeClassList<classIDs...>::Type;
 
-/// The numeric classes but double, in ascending order.
+namespace detail {
+
+template <std::size_t first, std::size_t... index>
+ClassList<kNumericClasses[first + index]...> numericFrom(std::index_sequence<index...>);
+
+inline constexpr std::size_t kNumericCount = std::size(kNumericClasses);
+
+}  // namespace detail
+
+/// The numeric classes, double first and the others in ascending order.
+using Numeric = decltype(detail::numericFrom<0>(std::make_index_sequence<detail::kNumericCount>()));
+/// The numeric classes but double.
 using NumericButDouble =
-    ClassList<vxSINGLE_CLASS, vxINT8_CLASS, vxUINT8_CLASS, vxINT16_CLASS, vxUINT16_CLASS,
-              vxINT32_CLASS, vxUINT32_CLASS, vxINT64_CLASS, vxUINT64_CLASS>;
+    decltype(detail::numericFrom<1>(std::make_index_sequence<detail::kNumericCount - 1>()));
 
 }  // namespace vg::TL

@@ -4,10 +4,21 @@
 
 #include <cstdint>
 
+/// The ten numeric classes and the types of their elements. Everything that speaks of all of them
+/// is made from this list. Double comes first, since most arrays are of that class.
+#define VG_NUMERIC_CLASSES(Use)                                                         \
+  Use(vxDOUBLE_CLASS, double) Use(vxSINGLE_CLASS, float) Use(vxINT8_CLASS, std::int8_t) \
+      Use(vxUINT8_CLASS, std::uint8_t) Use(vxINT16_CLASS, std::int16_t)                 \
+          Use(vxUINT16_CLASS, std::uint16_t) Use(vxINT32_CLASS, std::int32_t)           \
+              Use(vxUINT32_CLASS, std::uint32_t) Use(vxINT64_CLASS, std::int64_t)       \
+                  Use(vxUINT64_CLASS, std::uint64_t)
+
 namespace vg {
 
 /// The element type of host arrays of a class number. Only the classes with plain elements have
-/// one.
+/// one:
+///
+///     using Element = vg::MatrixTraits<vxSINGLE_CLASS>::ElementType;  // float
 template <int classID>
 struct MatrixTraits;
 
@@ -21,30 +32,17 @@ struct MatrixTraitsOf {
 
 }  // namespace detail
 
-template <>
-struct MatrixTraits<vxLOGICAL_CLASS> : detail::MatrixTraitsOf<vxLOGICAL_CLASS, bool> {};
-template <>
-struct MatrixTraits<vxCHAR_CLASS> : detail::MatrixTraitsOf<vxCHAR_CLASS, vxChar> {};
-template <>
-struct MatrixTraits<vxDOUBLE_CLASS> : detail::MatrixTraitsOf<vxDOUBLE_CLASS, double> {};
-template <>
-struct MatrixTraits<vxSINGLE_CLASS> : detail::MatrixTraitsOf<vxSINGLE_CLASS, float> {};
-template <>
-struct MatrixTraits<vxINT8_CLASS> : detail::MatrixTraitsOf<vxINT8_CLASS, std::int8_t> {};
-template <>
-struct MatrixTraits<vxUINT8_CLASS> : detail::MatrixTraitsOf<vxUINT8_CLASS, std::uint8_t> {};
-template <>
-struct MatrixTraits<vxINT16_CLASS> : detail::MatrixTraitsOf<vxINT16_CLASS, std::int16_t> {};
-template <>
-struct MatrixTraits<vxUINT16_CLASS> : detail::MatrixTraitsOf<vxUINT16_CLASS, std::uint16_t> {};
-template <>
-struct MatrixTraits<vxINT32_CLASS> : detail::MatrixTraitsOf<vxINT32_CLASS, std::int32_t> {};
-template <>
-struct MatrixTraits<vxUINT32_CLASS> : detail::MatrixTraitsOf<vxUINT32_CLASS, std::uint32_t> {};
-template <>
-struct MatrixTraits<vxINT64_CLASS> : detail::MatrixTraitsOf<vxINT64_CLASS, std::int64_t> {};
-template <>
-struct MatrixTraits<vxUINT64_CLASS> : detail::MatrixTraitsOf<vxUINT64_CLASS, std::uint64_t> {};
+#define VG_MATRIX_TRAITS(classID, Element) \
+  template <>                              \
+  struct MatrixTraits<classID> : detail::MatrixTraitsOf<classID, Element> {};
+VG_NUMERIC_CLASSES(VG_MATRIX_TRAITS)
+VG_MATRIX_TRAITS(vxLOGICAL_CLASS, bool)
+VG_MATRIX_TRAITS(vxCHAR_CLASS, vxChar)
+#undef VG_MATRIX_TRAITS
+
+#define VG_CLASS_ID(classID, Element) classID,
+inline constexpr vxClassID kNumericClasses[] = {VG_NUMERIC_CLASSES(VG_CLASS_ID)};
+#undef VG_CLASS_ID
 
 }  // namespace vg
 

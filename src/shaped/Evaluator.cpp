@@ -9,8 +9,8 @@
 namespace graphics::datatype::shaped {
 namespace {
 
+using vg::TL::Numeric;
 using vg::TL::detail::ArrayDispatcherBase;
-using Numeric = vg::TL::Typelist<vg::MatrixTraits<vxDOUBLE_CLASS>, vg::TL::NumericButDouble>;
 
 bool isComplex(const vxArray* array) {
   return vxIsComplex(array) && vxGetImagData(array) != nullptr;

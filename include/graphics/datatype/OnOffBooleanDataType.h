@@ -12,6 +12,9 @@ namespace graphics::datatype {
 /// the one type without value objects, and the one whose compare() orders.
 class VGDT_API OnOffBooleanDataType final : public vcos::COSDataType {
  public:
+  /// Not formed from the class's name, as the dotted names of all other types are.
+  static constexpr const char* kDottedName = "vortil.graphics.datatype.on_off";
+
   /// The one instance, made at the first call and never destroyed.
   static vcos::COSDataType* getType();
 
