@@ -125,8 +125,10 @@ COSValue OnOffBooleanVC::from(COSValue value) const {
 /// This type alone has a third conversion, and says so when the class system refuses it.
 template <>
 void registerType<OnOffBooleanDataType, OnOffBooleanVC, OnOffBooleanSC>() {
+  auto* type = dynamic_cast<OnOffBooleanDataType*>(OnOffBooleanDataType::getType());
+  if (!type) return;
   try {
-    addType(*OnOffBooleanDataType::getType(), OnOffBooleanDataType::kDottedName,
+    addType(*type, OnOffBooleanDataType::kDottedName,
             makeConversion<OnOffBooleanDataType, OnOffBooleanVC>,
             makeConversion<OnOffBooleanDataType, OnOffBooleanSC>);
     addConversion<OnOffBooleanSC>("string", "bool");
