@@ -38,9 +38,7 @@ inline constexpr ClassSet kSingle(vxSINGLE_CLASS);
 inline constexpr ClassSet kUint8(vxUINT8_CLASS);
 inline constexpr ClassSet kUint32(vxUINT32_CLASS);
 inline constexpr ClassSet kFloat = kDouble | kSingle;
-inline constexpr ClassSet kNumeric =
-    kFloat | ClassSet(vxINT8_CLASS, vxUINT8_CLASS, vxINT16_CLASS, vxUINT16_CLASS, vxINT32_CLASS,
-                      vxUINT32_CLASS, vxINT64_CLASS, vxUINT64_CLASS);
+inline constexpr ClassSet kNumeric(vg::kNumericClasses);
 inline constexpr ClassSet kNumericOrLogical = kNumeric | ClassSet(vxLOGICAL_CLASS);
 
 inline constexpr double kInfinity = std::numeric_limits<double>::infinity();

@@ -40,6 +40,13 @@ struct PassingRange {
                             ? std::nextafter(nearestMax, -kInfinity)
                             : nearestMax);
   }
+
+  /// Whether a screen can tell the range: it begins at 0 or above, or is as wide below 0 as above.
+  /// A bound of -0 has bits of its own, and a NaN is no bound.
+  bool isScreened() const {
+    const bool isNegativeZero = std::signbit(max) || (min == 0 && std::signbit(min));
+    return min <= max && (min >= 0 || min == -max) && !isNegativeZero;
+  }
 };
 
 template <class T>
@@ -74,12 +81,12 @@ std::size_t findWithScreens(const ElementScan& scan, const T* elements, std::siz
 }
 
 template <bool wholeNumbers, class Float>
-std::size_t findFailingFloat(const ElementScan& scan, const Float* elements, std::size_t count) {
-  const PassingRange<Float> range(scan);
-  return findWithScreens(scan, elements, count,
-                         screens::RangeScreen<Float, wholeNumbers>(range.min, range.max),
-                         screens::ExactRangeScreen<Float, wholeNumbers>(
-                             range.min, range.max, scan.has(ElementTest::kSkipNaN)));
+std::size_t findFailingFloat(const ElementScan& scan, const PassingRange<Float>& range,
+                             const Float* elements, std::size_t count) {
+  const bool nanPasses = !examine(scan, std::numeric_limits<Float>::quiet_NaN()).isFailure();
+  return findWithScreens(
+      scan, elements, count, screens::RangeScreen<Float, wholeNumbers>(range.min, range.max),
+      screens::ExactRangeScreen<Float, wholeNumbers>(range.min, range.max, nanPasses));
 }
 
 /// The tests of a scan that end it.
@@ -94,30 +101,36 @@ ElementScan withoutRange(ElementScan scan) {
 template <NumericElement T>
 std::size_t findFailing(const ElementScan& scan, const T* elements, std::size_t count) {
   if constexpr (std::is_floating_point_v<T>) {
-    return scan.has(ElementTest::kWhole32) ? findFailingFloat<true>(scan, elements, count)
-                                           : findFailingFloat<false>(scan, elements, count);
+    const PassingRange<T> range(scan);
+    if (!range.isScreened()) return findByElement(scan, elements, 0, count);
+    return scan.has(ElementTest::kWhole32) ? findFailingFloat<true>(scan, range, elements, count)
+                                           : findFailingFloat<false>(scan, range, elements, count);
   } else {
     if (!scan.has(ElementTest::kRange)) return count;
+    const bool isScreened = scan.min == 1 && scan.max >= double(std::numeric_limits<T>::max());
+    if (!isScreened) return findByElement(scan, elements, 0, count);
     const screens::CountingScreen<T> screen;
     return findWithScreens(scan, elements, count, screen, screen);
   }
 }
 
 template <NumericElement T>
-Failure runScan(const ElementScan& scan, const T* elements, std::size_t count) {
+ScanFinding runScan(const ElementScan& scan, const T* elements, std::size_t count) {
   const std::size_t first = findFailing(scan, elements, count);
-  if (first == count) return Failure::kNone;
-  if (const Failure end = examine(scan, elements[first]).end; end != Failure::kNone) return end;
+  if (first == count) return {};
+  if (const Failure end = examine(scan, elements[first]).end; end != Failure::kNone)
+    return {end, first, first};
   // Out of range: what is left to find is an element that ends the scan.
   const ElementScan rest = withoutRange(scan);
   const std::size_t last = first + findFailing(rest, elements + first, count - first);
-  return last == count ? Failure::kRange : examine(rest, elements[last]).end;
+  if (last == count) return {Failure::kRange, first, first};
+  return {examine(rest, elements[last]).end, first, last};
 }
 
-#define VGDT_INSTANTIATE(Element)                                                    \
+#define VGDT_INSTANTIATE(classID, Element)                                           \
   template std::size_t findFailing(const ElementScan&, const Element*, std::size_t); \
-  template Failure runScan(const ElementScan&, const Element*, std::size_t);
-VGDT_FOR_NUMERIC_ELEMENTS(VGDT_INSTANTIATE)
+  template ScanFinding runScan(const ElementScan&, const Element*, std::size_t);
+VG_NUMERIC_CLASSES(VGDT_INSTANTIATE)
 #undef VGDT_INSTANTIATE
 
 }  // namespace graphics::datatype::shaped

@@ -16,42 +16,57 @@ bool isComplex(const vxArray* array) {
   return vxIsComplex(array) && vxGetImagData(array) != nullptr;
 }
 
-/// Runs `use(elements, count)` for an array of a numeric class, and does nothing for others.
-template <class Use>
+/// The host is not asked for what is open.
+bool fitsSize(const SizeRule& rule, const vxArray* array) {
+  const auto fits = [array](std::size_t wanted, auto size) {
+    return wanted == SizeRule::kAny || wanted == size(array);
+  };
+  switch (rule.kind) {
+    case SizeRule::Kind::kPair:
+      return (vxGetM(array) == 1 || vxGetN(array) == 1) && vxGetM(array) * vxGetN(array) == 2;
+    case SizeRule::Kind::kVector:
+      return vxIsVector(array);
+    case SizeRule::Kind::kDimensions:
+      break;
+  }
+  return fits(rule.numberOfDimensions, vxGetNumberOfDimensions) && fits(rule.m, vxGetM) &&
+         fits(rule.n, vxGetN) && fits(rule.third, [](const vxArray* a) {
+           return vxGetNumberOfDimensions(a) > 2 ? vxGetDimensions(a)[2] : SizeRule::kAny;
+         });
+}
+
+/// Tests the elements of an array whose class fits, and adds to what was found of its size.
 struct ElementsExecutor {
-  Use use;
+  const Predicate& predicate;
+  Finding& finding;
 
   template <class Traits>
   void run(const vxArray* array) {
-    using Element = typename Traits::ElementType;
-    use(static_cast<const Element*>(vxGetData(array)), vxGetNumberOfElements(array));
+    const auto* const elements = static_cast<const typename Traits::ElementType*>(vxGetData(array));
+    const std::size_t count = vxGetNumberOfElements(array);
+    const ElementScan& scan = predicate.scan;
+    if (!scan.isEmpty() && (finding.fitsSize || !scan.gated)) {
+      const ScanFinding found = runScan(scan, elements, count);
+      if (found.failure != Failure::kNone) note(found.failure, found.first, found.deciding);
+    }
+    if (predicate.rule == WholeArrayRule::kNone) return;
+    if (const auto breach = findBreach(predicate.rule, elements, count)) {
+      const bool isElement = *breach < count;
+      note(Failure::kPredicate, isElement ? breach : std::nullopt,
+           isElement ? breach : std::nullopt);
+    }
   }
+  /// Logical elements are not tested.
   void onError(vxClassID) {}
+
+ private:
+  void note(Failure failure, std::optional<std::size_t> first,
+            std::optional<std::size_t> deciding) {
+    finding.failure = failure;
+    if (!finding.firstElement) finding.firstElement = first;
+    finding.decidingElement = deciding;
+  }
 };
-
-template <class Use>
-void withElements(const vxArray* array, Use use) {
-  using Executor = ElementsExecutor<Use>;
-  Executor executor{use};
-  vg::TL::ArrayDispatcher<Executor, Numeric>::dispatchHelper(
-      array, ArrayDispatcherBase::getClassID(array), executor);
-}
-
-Failure checkScan(const ElementScan& scan, const vxArray* array) {
-  Failure failure = Failure::kNone;
-  withElements(array, [&](const auto* elements, std::size_t count) {
-    failure = runScan(scan, elements, count);
-  });
-  return failure;
-}
-
-bool holdsRule(WholeArrayRule rule, const vxArray* array) {
-  bool isKept = true;
-  withElements(array, [&](const auto* elements, std::size_t count) {
-    isKept = !findBreach(rule, elements, count);
-  });
-  return isKept;
-}
 
 resource_core::BaseMsgID* newMessageFor(const ShapedType& type, const Predicate& predicate,
                                         Failure failure) {
@@ -80,49 +95,22 @@ resource_core::BaseMsgID* newMessageFor(const ShapedType& type, const Predicate&
 
 }  // namespace
 
-bool fitsSize(const SizeRule& rule, const vxArray* array) {
-  switch (rule.kind) {
-    case SizeRule::Kind::kPair:
-      return (vxGetM(array) == 1 || vxGetN(array) == 1) && vxGetM(array) * vxGetN(array) == 2;
-    case SizeRule::Kind::kVector:
-      return vxIsVector(array);
-    case SizeRule::Kind::kDimensions:
-      break;
+Finding examine(const Predicate& predicate, const vxArray* array) {
+  if (!array) return {.failure = Failure::kSize, .fitsSize = false};
+  if (predicate.refusesSparse && vxIsSparse(array)) return {.failure = Failure::kSparse};
+  if (predicate.refusesComplex && isComplex(array)) return {.failure = Failure::kComplex};
+  const vxClassID classID = ArrayDispatcherBase::getClassID(array);
+  Finding finding;
+  finding.fitsSize = fitsSize(predicate.size, array);
+  finding.fitsClass = predicate.classes.contains(classID);
+  if (!finding.fitsSize) finding.failure = Failure::kSize;
+  if (!finding.fitsClass) {
+    finding.failure = Failure::kType;
+  } else if (!predicate.scan.isEmpty() || predicate.rule != WholeArrayRule::kNone) {
+    ElementsExecutor executor{predicate, finding};
+    vg::TL::ArrayDispatcher<ElementsExecutor, Numeric>::dispatchHelper(array, classID, executor);
   }
-  // The host is not asked for what is open.
-  const auto fits = [array](std::size_t wanted, auto size) {
-    return wanted == SizeRule::kAny || wanted == size(array);
-  };
-  return fits(rule.numberOfDimensions, vxGetNumberOfDimensions) && fits(rule.m, vxGetM) &&
-         fits(rule.n, vxGetN) &&
-         fits(rule.third, [](const vxArray* a) { return vxGetDimensions(a)[2]; });
-}
-
-Failure check(const Predicate& predicate, const vxArray* array) {
-  if (!array) return Failure::kSize;
-  if (predicate.refusesSparse && vxIsSparse(array)) return Failure::kSparse;
-  if (predicate.refusesComplex && isComplex(array)) return Failure::kComplex;
-  Failure failure = fitsSize(predicate.size, array) ? Failure::kNone : Failure::kSize;
-  if (!predicate.classes.contains(ArrayDispatcherBase::getClassID(array))) return Failure::kType;
-  const bool isScanned =
-      !predicate.scan.isEmpty() && !(predicate.scan.gated && failure != Failure::kNone);
-  if (isScanned)
-    if (const Failure found = checkScan(predicate.scan, array); found != Failure::kNone)
-      failure = found;
-  const bool isRuled = predicate.rule != WholeArrayRule::kNone;
-  return isRuled && !holdsRule(predicate.rule, array) ? Failure::kPredicate : failure;
-}
-
-std::optional<std::size_t> findOffender(const Predicate& predicate, const vxArray* array) {
-  std::optional<std::size_t> offender;
-  if (ArrayBase::isEmpty(array) ||
-      !predicate.classes.contains(ArrayDispatcherBase::getClassID(array)))
-    return offender;
-  withElements(array, [&](const auto* elements, std::size_t count) {
-    const std::size_t failing = findFailing(predicate.scan, elements, count);
-    offender = failing < count ? failing : findBreach(predicate.rule, elements, count);
-  });
-  return offender;
+  return finding;
 }
 
 resource_core::BaseMsgID* Verdict::newMessage(const ShapedType& type) const {
@@ -133,7 +121,7 @@ Verdict tryPredicates(const ShapedType& type, const vxArray* array) {
   if (type.takesEmpty && ArrayBase::isEmpty(array)) return {true};
   Verdict verdict{.isValid = false, .lastFailed = type.predicates.data()};
   for (const Predicate& predicate : type.predicates) {
-    const Failure failure = check(predicate, array);
+    const Failure failure = examine(predicate, array).failure;
     verdict.isValid = failure == Failure::kNone;
     if (verdict.isValid) break;
     verdict.lastFailed = &predicate;
@@ -144,7 +132,7 @@ Verdict tryPredicates(const ShapedType& type, const vxArray* array) {
 
 bool holds(const ShapedType& type, const Predicate& predicate, const vxArray* array,
            MessagePtr& message) {
-  const Failure failure = check(predicate, array);
+  const Failure failure = examine(predicate, array).failure;
   if (failure == Failure::kNone) return true;
   message.reset(newMessageFor(type, predicate, failure));
   return false;

@@ -37,14 +37,15 @@ using Breach = std::optional<std::size_t>;
 template <class T, class IsAllowed, class FitTogether>
 Breach findBreachOfPair(const T* elements, std::size_t count, IsAllowed isAllowed,
                         FitTogether fitTogether) {
-  if (count != 2 || !isAllowed(elements[0])) return 0;
+  if (count != 2) return count;
+  if (!isAllowed(elements[0])) return 0;
   if (!isAllowed(elements[1]) || !fitTogether(elements[0], elements[1])) return 1;
   return std::nullopt;
 }
 
 template <class T>
 Breach findBreachOfNormalized(const T* elements, std::size_t count) {
-  if (count % 3 != 0) return 0;
+  if (count % 3 != 0) return count;
   constexpr ElementScan kZeroToOne{
       .tests = {ElementTest::kSkipNaN, ElementTest::kRange}, .min = 0, .max = 1};
   const std::size_t failing = findFailing(kZeroToOne, elements, count);
@@ -53,7 +54,7 @@ Breach findBreachOfNormalized(const T* elements, std::size_t count) {
 
 template <class T>
 Breach findBreachOfTicks(const T* elements, std::size_t count) {
-  if (!elements) return 0;
+  if (!elements) return count;
   if (count < 2) return std::nullopt;  // kept: also a single NaN
   const T* const end = elements + count;
   const T* const last = std::adjacent_find(elements, end, [](T a, T b) {
@@ -86,9 +87,9 @@ Breach findBreach(WholeArrayRule rule, const T* elements, std::size_t count) {
   return std::nullopt;
 }
 
-#define VGDT_INSTANTIATE(Element) \
+#define VGDT_INSTANTIATE(classID, Element) \
   template VGDT_API Breach findBreach(WholeArrayRule, const Element*, std::size_t);
-VGDT_FOR_NUMERIC_ELEMENTS(VGDT_INSTANTIATE)
+VG_NUMERIC_CLASSES(VGDT_INSTANTIATE)
 #undef VGDT_INSTANTIATE
 
 }  // namespace graphics::datatype::shaped

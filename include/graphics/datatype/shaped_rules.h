@@ -5,14 +5,13 @@
 /// takes can read them.
 
 #include <graphics/datatype/export.h>
+#include <vg/MatrixTraits.h>
 #include <vx/array.h>
 
 #include <array>
-#include <cmath>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -44,8 +43,12 @@ using NewMessage = resource_core::BaseMsgID* (*)();
 class ClassSet {
  public:
   constexpr ClassSet() = default;
-  template <class... ClassIDs>
+  template <std::same_as<vxClassID>... ClassIDs>
   explicit constexpr ClassSet(ClassIDs... classIDs) : bits_(((1U << classIDs) | ...)) {}
+  explicit constexpr ClassSet(std::span<const vxClassID> classIDs) {
+    for (const vxClassID classID : classIDs)
+      bits_ |= 1U << classID;
+  }
 
   constexpr bool contains(vxClassID classID) const noexcept {
     return classID >= 0 && classID < 32 && (bits_ >> classID & 1U) != 0;
@@ -73,13 +76,11 @@ struct SizeRule {
   std::size_t numberOfDimensions = kAny;
   std::size_t m = kAny;      ///< the first dimension
   std::size_t n = kAny;      ///< the product of all dimensions after the first
-  std::size_t third = kAny;  ///< the third dimension
+  std::size_t third = kAny;  ///< the third dimension; an array of fewer does not fit
 };
 
-VGDT_API bool fitsSize(const SizeRule& rule, const vxArray* array);
-
-/// One test of an element. NaN and infinity are asked of floating-point elements only, and so is
-/// kWhole32.
+/// One test of an element, which is looked at as a double. Only floating-point elements take the
+/// tests for NaN, for infinities and for whole numbers.
 enum class ElementTest : std::uint8_t {
   kEnd,      ///< no further test
   kSkipNaN,  ///< NaN passes, and takes no further test
@@ -105,48 +106,6 @@ struct ElementScan {
   constexpr bool isEmpty() const noexcept { return tests.front() == ElementTest::kEnd; }
 };
 
-/// What the tests say of one element.
-struct ElementFinding {
-  bool isOutOfRange = false;
-  Failure end = Failure::kNone;  ///< what ends the scan, if anything
-
-  constexpr bool isFailure() const noexcept { return isOutOfRange || end != Failure::kNone; }
-};
-
-/// Elements are tested as doubles.
-template <class Element>
-ElementFinding examine(const ElementScan& scan, Element element) noexcept {
-  constexpr bool isFloat = std::floating_point<Element>;
-  const auto value = static_cast<double>(element);
-  ElementFinding finding;
-  for (const ElementTest test : scan.tests) {
-    switch (test) {
-      case ElementTest::kEnd:
-        return finding;
-      case ElementTest::kSkipNaN:
-        if (std::isnan(value)) return finding;
-        break;
-      case ElementTest::kRange:
-        finding.isOutOfRange |= value < scan.min || value > scan.max;
-        break;
-      case ElementTest::kWhole32:
-        // The limits of the type are checked first: beyond them there is nothing to convert to.
-        if (isFloat && !(value >= std::numeric_limits<std::int32_t>::min() &&
-                         value <= std::numeric_limits<std::int32_t>::max() &&
-                         static_cast<std::int32_t>(value) == value))
-          return {finding.isOutOfRange, Failure::kType};
-        break;
-      case ElementTest::kNotNaN:
-        if (std::isnan(value)) return {finding.isOutOfRange, Failure::kNaN};
-        break;
-      case ElementTest::kNotInf:
-        if (std::isinf(value)) return {finding.isOutOfRange, Failure::kInf};
-        break;
-    }
-  }
-  return finding;
-}
-
 /// A rule for all elements together. "Infinite" is either infinity.
 enum class WholeArrayRule : std::uint8_t {
   kNone,
@@ -154,20 +113,21 @@ enum class WholeArrayRule : std::uint8_t {
   kIncreasing,          ///< two elements, neither NaN nor infinite, the first < the second
   kIncreasingWithInfs,  ///< two elements, neither NaN, the first < the second
   kNormalized,          ///< a multiple of three elements, none below 0 or above 1; NaN passes
-  kTicks,               ///< no element NaN, each less than the next and not both infinite; of less
-                        ///< than two elements, any
+  kTicks,               ///< no element NaN, each less than the next and not both infinite; fewer
+                        ///< than two elements may be anything
 };
 
 /// The ten element types of the numeric classes.
+#define VGDT_IS_ELEMENT(classID, Element) || std::same_as<T, Element>
 template <class T>
-concept NumericElement = (std::integral<T> || std::floating_point<T>)&&!std::same_as<T, bool> &&
-                         sizeof(T) <= sizeof(double);
+concept NumericElement = false VG_NUMERIC_CLASSES(VGDT_IS_ELEMENT);
+#undef VGDT_IS_ELEMENT
 template <class T>
 concept FloatElement = std::same_as<T, double> || std::same_as<T, float>;
 
-/// The index of the first element that breaks a rule, the second of two that do not fit together; 0
-/// where the number of elements breaks it, and for null elements of kTicks. None where the rule
-/// holds. Defined for the element types of the numeric classes; integers are compared as integers.
+/// The index of the first element that breaks a rule, the second of two that do not fit together;
+/// `count` where the number of elements breaks it, and where kTicks is asked of null. None where
+/// the rule holds. Integers are compared as integers.
 template <NumericElement T>
 std::optional<std::size_t> findBreach(WholeArrayRule rule, const T* elements, std::size_t count);
 
@@ -201,12 +161,28 @@ struct ShapedType {
 /// The type of a short name; null if it is none of the shaped types.
 VGDT_API const ShapedType* findShapedType(std::string_view name) noexcept;
 
-/// The last failure of a predicate. A null array has the wrong size.
-VGDT_API Failure check(const Predicate& predicate, const vxArray* array);
+/// What the tests of a predicate found in an array.
+struct Finding {
+  /// The last failure, which decides the message; kNone where the predicate holds.
+  Failure failure = Failure::kNone;
+  /// Whether the size and the class fit. Of an array that is refused before they were looked at,
+  /// because it is sparse or complex, nothing is said: both are true.
+  bool fitsSize = true;
+  bool fitsClass = true;
+  /// In storage order, the first element that failed a test or broke the rule, and the one that
+  /// `failure` tells of. None where it was no element: the tests ended before them, or a rule was
+  /// broken by the number of elements.
+  std::optional<std::size_t> firstElement{};
+  std::optional<std::size_t> decidingElement{};
+};
 
-/// The first element, in storage order, that fails the scan or breaks the rule of a predicate; the
-/// first one where the number of elements breaks the rule. None if all pass, and for an array that
-/// has no elements or is of a class that the predicate does not take.
-VGDT_API std::optional<std::size_t> findOffender(const Predicate& predicate, const vxArray* array);
+/// Tests an array by one predicate, of whatever classes, ranges and rules. A null array has the
+/// wrong size. Elements that pass cost one look at memory speed where a range is one of those that
+/// the rows of shaped_types.def may have.
+///
+///     const shaped::ShapedType& colorMap = *shaped::findShapedType("ColorMap");
+///     const shaped::Finding finding = shaped::examine(colorMap.predicates[0], array);
+///     if (finding.decidingElement) std::cout << "see element " << *finding.decidingElement;
+VGDT_API Finding examine(const Predicate& predicate, const vxArray* array);
 
 }  // namespace graphics::datatype::shaped

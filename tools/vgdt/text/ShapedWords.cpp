@@ -21,17 +21,18 @@ using graphics::datatype::shaped::ClassSet;
 using graphics::datatype::shaped::ElementScan;
 using graphics::datatype::shaped::ElementTest;
 using graphics::datatype::shaped::Failure;
+using graphics::datatype::shaped::Finding;
 using graphics::datatype::shaped::Predicate;
 using graphics::datatype::shaped::ShapedType;
 using graphics::datatype::shaped::SizeRule;
 using graphics::datatype::shaped::Stored;
 using graphics::datatype::shaped::WholeArrayRule;
 
+/// In ascending order.
 std::vector<vxClassID> numericClassesIn(ClassSet classes) {
   std::vector<vxClassID> found;
-  for (int number = vxDOUBLE_CLASS; number <= vxUINT64_CLASS; ++number)
-    if (const auto classID = static_cast<vxClassID>(number); classes.contains(classID))
-      found.push_back(classID);
+  std::ranges::copy_if(vg::kNumericClasses, std::back_inserter(found),
+                       [classes](vxClassID classID) { return classes.contains(classID); });
   return found;
 }
 
@@ -55,11 +56,10 @@ std::string sizeWords(const SizeRule& rule) {
 
 /// "double or single", or "numeric" for all ten.
 std::string classWords(ClassSet classes) {
-  constexpr std::size_t kNumericCount = vxUINT64_CLASS - vxDOUBLE_CLASS + 1;
   std::vector<std::string> names;
   for (const vxClassID classID : numericClassesIn(classes))
     names.emplace_back(vxClassName(classID));
-  if (names.size() == kNumericCount) names = {"numeric"};
+  if (names.size() == std::size(vg::kNumericClasses)) names = {"numeric"};
   if (classes.contains(vxLOGICAL_CLASS)) names.emplace_back("logical");
   return fmt::format("{}", fmt::join(names, " or "));
 }
@@ -155,46 +155,27 @@ std::string elementFault(const vxArray* array, std::size_t index) {
                      elementText(array, index));
 }
 
-/// The element that ended a scan with `failure`; none where no element did.
-std::optional<std::size_t> findEnding(const ElementScan& scan, const vxArray* array,
-                                      Failure failure) {
-  return withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) {
-    const auto elements = elementsOf<T>(array);
-    const auto found = std::ranges::find_if(
-        elements, [&](T element) { return examine(scan, element).end == failure; });
-    return found == elements.end() ? std::optional<std::size_t>() : found - elements.begin();
-  });
-}
-
 /// The first element that does not fit, and the one that decided the message if that is another.
-std::string elementFaults(const Predicate& predicate, const vxArray* array, std::size_t first) {
-  std::string words = elementFault(array, first);
-  const Failure failure = check(predicate, array);
-  const auto last = findEnding(predicate.scan, array, failure);
-  if (failure != Failure::kNone && last && *last != first)
-    words += ", and " + elementFault(array, *last);
+std::string elementFaults(const Predicate& predicate, const vxArray* array,
+                          const Finding& finding) {
+  std::string words = elementFault(array, *finding.firstElement);
+  if (finding.decidingElement && finding.decidingElement != finding.firstElement)
+    words += ", and " + elementFault(array, *finding.decidingElement);
   return words + "; asked for: " + elementWords(predicate);
 }
 
-/// Only what a predicate looks at, and no further than it looks.
 std::vector<std::string> findFaults(const Predicate& predicate, const vxArray* array) {
-  const Failure failure = check(predicate, array);
-  if (failure == Failure::kSparse) return {"it is sparse"};
-  if (failure == Failure::kComplex) return {"it is complex"};
+  const Finding finding = examine(predicate, array);
+  if (finding.failure == Failure::kSparse) return {"it is sparse"};
+  if (finding.failure == Failure::kComplex) return {"it is complex"};
   std::vector<std::string> faults;
-  const bool sizeFits = fitsSize(predicate.size, array);
-  if (!sizeFits)
+  if (!finding.fitsSize)
     faults.push_back(fmt::format("its size is {}, not {}", fmt::join(dimensionsOf(array), "-by-"),
                                  sizeWords(predicate.size)));
-  if (!predicate.classes.contains(vxGetClassID(array))) {
+  if (!finding.fitsClass)
     faults.push_back(fmt::format("its class is {}, not {}", vxGetClassName(array),
                                  classWords(predicate.classes)));
-    return faults;
-  }
-  // A rule counts the elements as well, so its offender would be one for that alone.
-  if (!sizeFits && (predicate.scan.gated || predicate.rule != WholeArrayRule::kNone)) return faults;
-  if (const auto offender = findOffender(predicate, array))
-    faults.push_back(elementFaults(predicate, array, *offender));
+  if (finding.firstElement) faults.push_back(elementFaults(predicate, array, finding));
   return faults;
 }
 
