@@ -80,13 +80,12 @@ std::size_t findWithScreens(const ElementScan& scan, const T* elements, std::siz
   return count;
 }
 
-template <bool wholeNumbers, class Float>
+template <template <class> class Screen, class Float>
 std::size_t findFailingFloat(const ElementScan& scan, const PassingRange<Float>& range,
                              const Float* elements, std::size_t count) {
   const bool nanPasses = !examine(scan, std::numeric_limits<Float>::quiet_NaN()).isFailure();
-  return findWithScreens(
-      scan, elements, count, screens::RangeScreen<Float, wholeNumbers>(range.min, range.max),
-      screens::ExactRangeScreen<Float, wholeNumbers>(range.min, range.max, nanPasses));
+  return findWithScreens(scan, elements, count, Screen<Float>(range.min, range.max),
+                         screens::Exact<Screen<Float>>(range.min, range.max, nanPasses));
 }
 
 /// The tests of a scan that end it.
@@ -103,8 +102,9 @@ std::size_t findFailing(const ElementScan& scan, const T* elements, std::size_t 
   if constexpr (std::is_floating_point_v<T>) {
     const PassingRange<T> range(scan);
     if (!range.isScreened()) return findByElement(scan, elements, 0, count);
-    return scan.has(ElementTest::kWhole32) ? findFailingFloat<true>(scan, range, elements, count)
-                                           : findFailingFloat<false>(scan, range, elements, count);
+    return scan.has(ElementTest::kWhole32)
+               ? findFailingFloat<screens::WholeRangeScreen>(scan, range, elements, count)
+               : findFailingFloat<screens::RangeScreen>(scan, range, elements, count);
   } else {
     if (!scan.has(ElementTest::kRange)) return count;
     const bool isScreened = scan.min == 1 && scan.max >= double(std::numeric_limits<T>::max());

@@ -1,15 +1,16 @@
 #pragma once
 
 /// Quick tests of many elements at once. A screen looks at the bits of a vector of elements and
-/// sets the top bit of the lane of each that may fail a scan; those that it leaves alone pass. What
-/// it sets without need costs time and nothing else, since whoever asks goes on to test the
-/// elements themselves.
+/// flags the lane of each that may fail a scan; those that it leaves alone pass. What it flags
+/// without need costs time and nothing else, since the caller goes on to test the elements
+/// themselves. A lane is flagged by its top bit in `top`, or by any of its bits in `any`.
 ///
 /// All vectors are passed by reference: their calling convention depends on the processor.
 
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cmath>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
@@ -33,70 +34,91 @@ using BitsOf = std::conditional_t<
     std::conditional_t<sizeof(Element) == 4, std::uint32_t,
                        std::conditional_t<sizeof(Element) == 2, std::uint16_t, std::uint8_t>>>;
 
-/// Added to a number and taken away again, it leaves the nearest whole number, as long as the
-/// number is not larger than kMostRounded.
-template <std::floating_point Float>
-constexpr Float kRounder = static_cast<Float>(3ULL << (std::numeric_limits<Float>::digits - 2));
-template <std::floating_point Float>
-constexpr Float kMostRounded = kRounder<Float> / 3;
-
 /// Flags numbers outside a range. As bits, the numbers that are not negative stand in their order,
 /// so that one comparison of whole numbers sees too small, too large, negative, infinite and NaN.
-/// Where the numbers have to be whole, the range has to end within kMostRounded.
-template <std::floating_point Float, bool wholeNumbers>
+template <std::floating_point FloatType>
 class RangeScreen {
  public:
+  using Float = FloatType;
   using Bits = BitsOf<Float>;
 
   /// From `min`, which is not negative, to `max`; or from -max to `max`.
   RangeScreen(Float min, Float max)
-      : mask_(min < 0 ? ~kSign : ~Bits{0}),
+      : mask_(min < 0 ? kWithoutSign : ~Bits{0}),
         low_(min < 0 ? Bits{0} : std::bit_cast<Bits>(min)),
         span_(std::bit_cast<Bits>(max) - low_) {}
 
   template <class Lanes>
-  [[gnu::always_inline]] void flag(const Lanes& bits, Lanes& flags) const {
+  [[gnu::always_inline]] void flag(const Lanes& bits, Lanes& top, Lanes&) const {
     const Lanes offset = (bits & mask_) - low_;
-    flags |= offset | (span_ - offset);
-    if constexpr (wholeNumbers) {
-      using Floats = Vector<Float, sizeof(Lanes)>;
-      const Floats rounded = (reinterpret_cast<Floats>(bits) + kRounder<Float>)-kRounder<Float>;
-      const Lanes difference = reinterpret_cast<Lanes>(rounded) ^ bits;
-      flags |= difference | (Bits{0} - difference);
-    }
+    top |= offset | (span_ - offset);
   }
 
- protected:
-  static constexpr Bits kSign = Bits{1} << (8 * sizeof(Bits) - 1);
-
  private:
+  static constexpr Bits kWithoutSign = std::numeric_limits<Bits>::max() >> 1U;
+
   Bits mask_;
   Bits low_;
   Bits span_;
 };
 
-/// Does not flag what passes: a negative zero where 0 is in the range, and NaN if it passes.
-template <std::floating_point Float, bool wholeNumbers>
-class ExactRangeScreen : public RangeScreen<Float, wholeNumbers> {
-  using Base = RangeScreen<Float, wholeNumbers>;
+/// Added to a number and taken away again, it leaves the nearest whole number, as long as the
+/// number is not larger than kMostRounded. The sum has the whole number in its lowest bits.
+template <std::floating_point Float>
+constexpr Float kRounder = static_cast<Float>(3ULL << (std::numeric_limits<Float>::digits - 2));
+template <std::floating_point Float>
+constexpr Float kMostRounded = kRounder<Float> / 3;
 
+/// Flags numbers that are not whole or outside a range, which ends within kMostRounded.
+template <std::floating_point FloatType>
+class WholeRangeScreen {
  public:
-  using typename Base::Bits;
+  using Float = FloatType;
+  using Bits = BitsOf<Float>;
 
-  ExactRangeScreen(Float min, Float max, bool nanPasses)
-      : Base(min, max),
-        nan_(nanPasses ? Base::kSign : 0),
-        zero_(min <= 0 ? Base::kSign : 0) {}
+  WholeRangeScreen(Float min, Float max)
+      : low_(sumBits(std::ceil(min))),
+        span_(sumBits(std::floor(max)) - low_) {}
 
   template <class Lanes>
-  [[gnu::always_inline]] void flag(const Lanes& bits, Lanes& flags) const {
-    Lanes failing{};
-    Base::flag(bits, failing);
-    const Lanes size = bits & ~Base::kSign;
-    flags |= failing & ~(((kInfinity - size) & nan_) | ((size - 1) & zero_));
+  [[gnu::always_inline]] void flag(const Lanes& bits, Lanes& top, Lanes& any) const {
+    using Floats = Vector<Float, sizeof(Lanes)>;
+    const Floats sum = reinterpret_cast<Floats>(bits) + kRounder<Float>;
+    const Lanes offset = reinterpret_cast<Lanes>(sum) - low_;
+    top |= offset | (span_ - offset);
+    any |= reinterpret_cast<Lanes>(sum - kRounder<Float>) ^ bits;
   }
 
  private:
+  static Bits sumBits(Float whole) { return std::bit_cast<Bits>(whole + kRounder<Float>); }
+
+  Bits low_;
+  Bits span_;
+};
+
+/// A screen that does not flag what passes: NaN where it does, and a negative zero where 0 is in
+/// the range, unless the numbers have to be whole.
+template <class Screen>
+class Exact : public Screen {
+ public:
+  using typename Screen::Bits;
+  using typename Screen::Float;
+
+  Exact(Float min, Float max, bool nanPasses)
+      : Screen(min, max),
+        nan_(nanPasses ? kSign : 0),
+        zero_(min <= 0 ? kSign : 0) {}
+
+  template <class Lanes>
+  [[gnu::always_inline]] void flag(const Lanes& bits, Lanes& top, Lanes& any) const {
+    Lanes failing{};
+    Screen::flag(bits, failing, any);
+    const Lanes size = bits & ~kSign;
+    top |= failing & ~(((kInfinity - size) & nan_) | ((size - 1) & zero_));
+  }
+
+ private:
+  static constexpr Bits kSign = Bits{1} << (8 * sizeof(Bits) - 1);
   static constexpr Bits kInfinity = std::bit_cast<Bits>(std::numeric_limits<Float>::infinity());
 
   Bits nan_;
@@ -110,16 +132,17 @@ class CountingScreen {
   using Bits = BitsOf<Integer>;
 
   template <class Lanes>
-  [[gnu::always_inline]] void flag(const Lanes& bits, Lanes& flags) const {
+  [[gnu::always_inline]] void flag(const Lanes& bits, Lanes& top, Lanes&) const {
     const Lanes before = bits - Bits{1};
     if constexpr (std::is_signed_v<Integer>)
-      flags |= before | bits;
+      top |= before | bits;
     else
-      flags |= before & ~bits;
+      top |= before & ~bits;
   }
 };
 
-/// The elements that are screened together, in bytes: few questions, or close answers.
+/// The elements that are screened together, in bytes. After each block the search asks whether
+/// something was flagged: large blocks cost fewer questions, small ones tell more closely where.
 inline constexpr std::size_t kLargeBlock = 16384;
 inline constexpr std::size_t kSmallBlock = 512;
 
@@ -134,18 +157,6 @@ inline constexpr std::size_t kAhead = 8192;
 
 /// Arrays of so many bytes are likely to be in the fastest cache.
 inline constexpr std::size_t kFastest = 32768;
-
-template <class Bits, class Lanes>
-[[gnu::always_inline]] inline bool isAnyFlagged(const Lanes& flags) {
-  constexpr std::uint64_t kTopBits = ~std::uint64_t{0} / std::numeric_limits<Bits>::max()
-                                     << (8 * sizeof(Bits) - 1);
-  std::array<std::uint64_t, sizeof(Lanes) / 8> words;
-  std::memcpy(words.data(), &flags, sizeof flags);
-  std::uint64_t any = 0;
-  for (const std::uint64_t word : words)
-    any |= word;
-  return (any & kTopBits) != 0;
-}
 
 /// A search for the first flagged element with vectors of `width` bytes, in blocks of `blockBytes`.
 /// All vectors but the first and the last are aligned.
@@ -196,32 +207,36 @@ class BlockSearch {
   [[gnu::always_inline]] void look(const std::byte* at, std::size_t i) {
     Lanes bits;
     std::memcpy(&bits, at, width);
-    screen_.flag(bits, flags_[i]);
+    screen_.flag(bits, top_[i], any_[i]);
   }
 
   [[gnu::always_inline]] bool isAnyFlagged() const {
-    return isAnyFlagged<width>((flags_[0] | flags_[1]) | (flags_[2] | flags_[3]));
-  }
-
-  template <std::size_t bytes>
-  [[gnu::always_inline]] static bool isAnyFlagged(const Vector<Bits, bytes>& flags) {
     constexpr std::uint64_t kTopBits = ~std::uint64_t{0} / std::numeric_limits<Bits>::max()
                                        << (8 * sizeof(Bits) - 1);
+    const Lanes top = (top_[0] | top_[1]) | (top_[2] | top_[3]);
+    const Lanes any = (any_[0] | any_[1]) | (any_[2] | any_[3]);
+    return ((joined<width>(top) & kTopBits) | joined<width>(any)) != 0;
+  }
+
+  /// All words of a vector, joined by "or".
+  template <std::size_t bytes>
+  [[gnu::always_inline]] static std::uint64_t joined(const Vector<Bits, bytes>& lanes) {
     if constexpr (bytes > 16) {
       std::array<Vector<Bits, bytes / 2>, 2> halves;
-      std::memcpy(&halves, &flags, bytes);
-      return isAnyFlagged<bytes / 2>(halves[0] | halves[1]);
+      std::memcpy(&halves, &lanes, bytes);
+      return joined<bytes / 2>(halves[0] | halves[1]);
     } else {
       std::array<std::uint64_t, 2> words;
-      std::memcpy(&words, &flags, bytes);
-      return ((words[0] | words[1]) & kTopBits) != 0;
+      std::memcpy(&words, &lanes, bytes);
+      return words[0] | words[1];
     }
   }
 
   Screen screen_;
   const std::byte* data_;
   std::size_t bytes_;
-  Lanes flags_[kTogether]{};
+  Lanes top_[kTogether]{};
+  Lanes any_[kTogether]{};
 };
 
 #if defined(__x86_64__)

@@ -258,20 +258,20 @@ void expectSoundScreen(const Scan& scan, const Screen& screen, bool isExact = fa
 
 template <class T>
 void expectSoundFloatScreens() {
-  using screens::ExactRangeScreen;
-  using screens::RangeScreen;
+  using Range = screens::RangeScreen<T>;
+  using Whole = screens::WholeRangeScreen<T>;
+  using screens::Exact;
   constexpr T kMax = std::numeric_limits<T>::max();
-  expectSoundScreen<T>(kFloatScans[0], RangeScreen<T, false>(-kMax, kMax));
-  expectSoundScreen<T>(kFloatScans[0], ExactRangeScreen<T, false>(-kMax, kMax, false), true);
-  expectSoundScreen<T>(kFloatScans[1], RangeScreen<T, false>(0, 1));
-  expectSoundScreen<T>(kFloatScans[1], ExactRangeScreen<T, false>(0, 1, true), true);
-  expectSoundScreen<T>(kFloatScans[2], ExactRangeScreen<T, false>(0, 1, false), true);
-  expectSoundScreen<T>(kFloatScans[4], RangeScreen<T, false>(-1, 1));
+  expectSoundScreen<T>(kFloatScans[0], Range(-kMax, kMax));
+  expectSoundScreen<T>(kFloatScans[0], Exact<Range>(-kMax, kMax, false), true);
+  expectSoundScreen<T>(kFloatScans[1], Range(0, 1));
+  expectSoundScreen<T>(kFloatScans[1], Exact<Range>(0, 1, true), true);
+  expectSoundScreen<T>(kFloatScans[2], Exact<Range>(0, 1, false), true);
+  expectSoundScreen<T>(kFloatScans[4], Range(-1, 1));
   const T largest = std::min<T>(T(2147483647), screens::kMostRounded<T>);
-  expectSoundScreen<T>(kFloatScans[5], RangeScreen<T, true>(1, largest));
+  expectSoundScreen<T>(kFloatScans[5], Whole(1, largest));
   // Single numbers above what is rounded are flagged, whole or not.
-  expectSoundScreen<T>(kFloatScans[5], ExactRangeScreen<T, true>(1, largest, true),
-                       std::is_same_v<T, double>);
+  expectSoundScreen<T>(kFloatScans[5], Exact<Whole>(1, largest, true), std::is_same_v<T, double>);
 }
 
 TEST(ElementScreens, OfEachWidthLeaveNoFailingNumberUnflagged) {
