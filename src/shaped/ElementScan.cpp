@@ -12,33 +12,26 @@ template <class Float>
 struct PassingRange {
   Float min = -std::numeric_limits<Float>::infinity();
   Float max = std::numeric_limits<Float>::infinity();
+  bool isWhole = false;  ///< they have to be whole numbers
 
   explicit PassingRange(const ElementScan& scan) {
-    if (scan.has(ElementTest::kRange)) narrow(scan.min, scan.max);
-    if (scan.has(ElementTest::kNotInf)) {
-      constexpr double kMax = std::numeric_limits<Float>::max();
-      narrow(-kMax, kMax);
+    for (const ElementTest test : scan.tests) {
+      if (test == ElementTest::kEnd) return;
+      if (test == ElementTest::kRange) {
+        narrow(roundedUp(scan.min), roundedDown(scan.max));
+      } else if (test == ElementTest::kNotInf) {
+        constexpr Float kMax = std::numeric_limits<Float>::max();
+        narrow(-kMax, kMax);
+      } else if (test == ElementTest::kWhole32) {
+        // The lowest one has no counterpart, and is left to the tests themselves, as are the
+        // numbers that the screens cannot round.
+        constexpr double kMax = std::numeric_limits<std::int32_t>::max();
+        constexpr auto kMost =
+            static_cast<Float>(std::min(kMax, double{screens::kMostRounded<Float>}));
+        narrow(-kMost, kMost);
+        isWhole = true;
+      }
     }
-    if (scan.has(ElementTest::kWhole32)) {
-      // The lowest one has no counterpart, and is left to the tests themselves, as are the numbers
-      // that the screens cannot round.
-      constexpr double kMax = std::numeric_limits<std::int32_t>::max();
-      narrow(-std::min(kMax, double{screens::kMostRounded<Float>}),
-             std::min(kMax, double{screens::kMostRounded<Float>}));
-    }
-  }
-
-  /// Where the numbers have fewer digits, the range becomes smaller and not larger.
-  void narrow(double newMin, double newMax) {
-    const auto nearestMin = static_cast<Float>(newMin);
-    const auto nearestMax = static_cast<Float>(newMax);
-    constexpr Float kInfinity = std::numeric_limits<Float>::infinity();
-    min = std::max(min, static_cast<double>(nearestMin) < newMin
-                            ? std::nextafter(nearestMin, kInfinity)
-                            : nearestMin);
-    max = std::min(max, static_cast<double>(nearestMax) > newMax
-                            ? std::nextafter(nearestMax, -kInfinity)
-                            : nearestMax);
   }
 
   /// Whether a screen can tell the range: it begins at 0 or above, or is as wide below 0 as above.
@@ -47,6 +40,20 @@ struct PassingRange {
     const bool isNegativeZero = std::signbit(max) || (min == 0 && std::signbit(min));
     return min <= max && (min >= 0 || min == -max) && !isNegativeZero;
   }
+
+ private:
+  void narrow(Float newMin, Float newMax) {
+    min = std::max(min, newMin);
+    max = std::min(max, newMax);
+  }
+
+  /// Where the numbers have fewer digits, the range becomes smaller and not larger.
+  static Float roundedUp(double bound) {
+    const auto nearest = static_cast<Float>(bound);
+    return nearest < bound ? std::nextafter(nearest, std::numeric_limits<Float>::infinity())
+                           : nearest;
+  }
+  static Float roundedDown(double bound) { return -roundedUp(-bound); }
 };
 
 template <class T>
@@ -65,12 +72,15 @@ std::size_t findFlaggedBlock(const Screen& screen, const T* elements, std::size_
   return screens::findFlaggedBlock<blockBytes>(screen, data, count * sizeof(T)) / sizeof(T);
 }
 
-/// Most arrays pass the quick screen. Behind its first flag, the exact one shows what to look at.
-template <class T, class QuickScreen, class ExactScreen>
+/// Most arrays pass the quick screen. Behind its first flag, the exact one, which is made only
+/// then, shows what to look at.
+template <class T, class QuickScreen, class MakeExactScreen>
 std::size_t findWithScreens(const ElementScan& scan, const T* elements, std::size_t count,
-                            const QuickScreen& quick, const ExactScreen& exact) {
+                            const QuickScreen& quick, const MakeExactScreen& makeExact) {
   constexpr std::size_t kMostInBlock = (screens::kSmallBlock + screens::kMostBefore) / sizeof(T);
   std::size_t from = findFlaggedBlock<screens::kLargeBlock>(quick, elements, count);
+  if (from == count) return count;
+  const auto exact = makeExact();
   while (from < count) {
     from += findFlaggedBlock<screens::kSmallBlock>(exact, elements + from, count - from);
     const std::size_t end = std::min(from + kMostInBlock, count);
@@ -83,9 +93,10 @@ std::size_t findWithScreens(const ElementScan& scan, const T* elements, std::siz
 template <template <class> class Screen, class Float>
 std::size_t findFailingFloat(const ElementScan& scan, const PassingRange<Float>& range,
                              const Float* elements, std::size_t count) {
-  const bool nanPasses = !examine(scan, std::numeric_limits<Float>::quiet_NaN()).isFailure();
-  return findWithScreens(scan, elements, count, Screen<Float>(range.min, range.max),
-                         screens::Exact<Screen<Float>>(range.min, range.max, nanPasses));
+  return findWithScreens(scan, elements, count, Screen<Float>(range.min, range.max), [&] {
+    const bool nanPasses = !examine(scan, std::numeric_limits<Float>::quiet_NaN()).isFailure();
+    return screens::Exact<Screen<Float>>(range.min, range.max, nanPasses);
+  });
 }
 
 /// The tests of a scan that end it.
@@ -102,15 +113,14 @@ std::size_t findFailing(const ElementScan& scan, const T* elements, std::size_t 
   if constexpr (std::is_floating_point_v<T>) {
     const PassingRange<T> range(scan);
     if (!range.isScreened()) return findByElement(scan, elements, 0, count);
-    return scan.has(ElementTest::kWhole32)
-               ? findFailingFloat<screens::WholeRangeScreen>(scan, range, elements, count)
-               : findFailingFloat<screens::RangeScreen>(scan, range, elements, count);
+    return range.isWhole ? findFailingFloat<screens::WholeRangeScreen>(scan, range, elements, count)
+                         : findFailingFloat<screens::RangeScreen>(scan, range, elements, count);
   } else {
     if (!scan.has(ElementTest::kRange)) return count;
     const bool isScreened = scan.min == 1 && scan.max >= double(std::numeric_limits<T>::max());
     if (!isScreened) return findByElement(scan, elements, 0, count);
     const screens::CountingScreen<T> screen;
-    return findWithScreens(scan, elements, count, screen, screen);
+    return findWithScreens(scan, elements, count, screen, [&] { return screen; });
   }
 }
 
