@@ -22,6 +22,11 @@ namespace graphics::datatype {
 ///
 /// A value without an array stands for the empty value of its type.
 ///
+///     const Tick ticks(array);              // shares the elements of `array`
+///     const Tick copy = ticks;              // so does this
+///     const auto own = copy.getSharedDataCopy();
+///     std::size_t count = vxGetNumberOfElements(own.get());
+///
 /// Errors: what the host raises when memory for an array fails.
 class VGDT_API ArrayBase {
  public:
@@ -62,10 +67,10 @@ class VGDT_API ArrayBase {
   /// logical, the two are equal at once. And that limit is the left value's.
   bool operator==(const ArrayBase& other) const;
 
-  /// The array as a text on the host's heap, ended with utFree; null if there is no array. It is
-  /// what the host's conversion from "any" to "string" makes of it. Where that fails, rows of up to
-  /// nine elements are listed ("[ 1 2 3 ]"), and other arrays are told by their size
-  /// ("[4x3 array]"). Kept: the elements of int8 and uint8 rows are written as characters,
+  /// The array as a text on the host's heap, which the caller frees with utFree; null if there is
+  /// no array. The text is what the host's conversion from "any" to "string" returns. Where that
+  /// fails, a row of up to nine elements is listed ("[ 1 2 3 ]"), and another array is named by its
+  /// size ("[4x3 array]"). Kept: the elements of int8 and uint8 rows are written as characters,
   /// so that a 0 among them ends the text.
   ///
   /// Errors: a GenericException for such a row of another class than the numeric ones and logical;

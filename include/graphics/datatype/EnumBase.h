@@ -4,7 +4,10 @@
 
 namespace graphics::datatype {
 
-/// Base of the value classes of all enumerated types.
+/// Base of the value classes of all enumerated types. Whoever holds the word of such a value can
+/// read its number without knowing the type:
+///
+///     const int number = word.asPointer<const EnumBase>()->getIntValue();
 class VGDT_API EnumBase {
  public:
   virtual ~EnumBase();

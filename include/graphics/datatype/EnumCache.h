@@ -7,7 +7,12 @@
 
 namespace graphics::datatype::utils {
 
-/// The names of a table as host arrays, each made when it is first asked for.
+/// The names of a table as host arrays, each made when it is first asked for. Later calls return
+/// arrays that share its data.
+///
+///     utils::EnumCache cache(table);
+///     vxArray* name = cache.getVxArrayStringFor(word);  // 'dashed', say
+///     vxDestroyArray(name);
 class VGDT_API EnumCache {
  public:
   /// The table has to outlive the cache.

@@ -1,7 +1,12 @@
 #pragma once
 
 /// What the value classes and the conversions of the enumerated types derive from.
-/// <graphics/datatype/enumerated_types.h> has the classes themselves.
+/// <graphics/datatype/enumerated_types.h> has the classes themselves. A conversion of a type is
+/// used as any other:
+///
+///     const LineStyleSC conversion(type);
+///     const vcos::COSValue dashed = conversion.from(vcos::COSValue::fromPointer("--"));
+///     type.destroy(dashed);
 
 #include <graphics/datatype/EnumBase.h>
 #include <graphics/datatype/EnumCache.h>

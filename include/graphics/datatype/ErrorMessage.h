@@ -5,8 +5,12 @@
 
 namespace graphics::datatype {
 
-/// What a validator has to say of a value that it refuses: `bool isValid(value, ErrorMessage*)`
-/// fills it, unless the pointer is null, and returns false.
+/// Why a validator refuses a value: `bool isValid(value, ErrorMessage*)` fills it, unless the
+/// pointer is null, and returns false.
+///
+///     ErrorMessage why("", "");
+///     if (!isValid(value, &why)) vxErrMsgIdAndTxt(why.identifier().c_str(), "%s",
+///     why.text().c_str());
 class ErrorMessage {
  public:
   ErrorMessage(std::string identifier, std::string text)

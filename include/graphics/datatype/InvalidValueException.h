@@ -6,8 +6,14 @@
 
 namespace graphics::datatype {
 
-/// A value class was given a number that it refuses. It has no base class: only those who ask for
-/// it by name catch it.
+/// A value class was given a number that it refuses. It has no base class: only a handler that
+/// names it catches it.
+///
+///     try {
+///       value.set(number);
+///     } catch (const InvalidValueException& error) {
+///       vxErrMsgIdAndTxt(error.identifier().c_str(), "%s", error.text().c_str());
+///     }
 class VGDT_API InvalidValueException {
  public:
   InvalidValueException(const char* identifier, const char* text)

@@ -10,6 +10,9 @@ namespace graphics::datatype {
 
 /// The two-valued type "on_off". A word is the value itself: zero is off, anything else on. It is
 /// the one type without value objects, and the one whose compare() orders.
+///
+///     const vcos::COSValue word = OnOffBooleanSC().from(vcos::COSValue::fromPointer("Off"));
+///     const bool isOn = word.asLogical();  // false
 class VGDT_API OnOffBooleanDataType final : public vcos::COSDataType {
  public:
   /// Not formed from the class's name, as the dotted names of all other types are.

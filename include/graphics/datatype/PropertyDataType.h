@@ -17,9 +17,9 @@ namespace graphics::datatype {
 ///     };
 ///
 /// `Value` can be copied and compared with ==. If it does not derive from HostAllocated, its
-/// objects are the ordinary ones of new and delete. Whoever holds a word owns the object and ends
-/// it with destroy(); only the default word belongs to the data type. A failed allocation is a
-/// vcos::COSOutOfMemoryException for a HostAllocated value.
+/// objects are the ordinary ones of new and delete. Whoever holds a word owns the object and
+/// destroys it with destroy(); only the default word belongs to the data type. A failed allocation
+/// is a vcos::COSOutOfMemoryException for a HostAllocated value.
 ///
 /// The bodies are in src/PropertyDataType.ipp, for the one unit that defines the type.
 template <class Type, class Value>

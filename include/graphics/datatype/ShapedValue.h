@@ -11,6 +11,10 @@ struct ShapedType;
 
 /// What the value classes of the shaped array types derive from: a host array that has passed the
 /// test of its type, held in the host's memory.
+///
+///     const ColorMap map(array);              // raises unless the array is n-by-3 ...
+///     const ShapedValue& value = map;
+///     const vxArray* held = value.getPtr();   // stays the value's
 class VGDT_API ShapedValue : public ArrayBase, public HostAllocated {
  public:
   std::size_t getMaxNumberOfValuesToCompare() const final;  ///< 32000

@@ -9,15 +9,19 @@ namespace graphics::datatype {
 /// sizeof(T) bytes of the word, float and double as the bits of a double, bool as zero or not.
 /// signed char and unsigned char stand for characters, not numbers. There are no blanks in a text.
 ///
+///     const StringConversion<int> conversion;
+///     const vcos::COSValue word = conversion.from(vcos::COSValue::fromPointer("-12"));
+///     const int number = word.asInteger<int>();
+///
 /// The global C++ locale counts: integers are printed with its grouping, integers and floating
 /// numbers are read with it, and floating numbers are read with its decimal point. They are printed
 /// with the decimal point of the C locale.
 template <class T>
 class VGDT_API StringConversion final : public vcos::COSTypeConversion {
  public:
-  /// A new string, to be ended with utFree: decimal digits, for float 9 and for double 17 of them,
-  /// which give the same bits when they are read back; "nan", "-nan", "inf" or "-inf"; "true" or
-  /// "false"; the one character.
+  /// A new string, which the caller frees with utFree: decimal digits, for float 9 and for double
+  /// 17 of them, which give the same bits when they are read back; "nan", "-nan", "inf" or "-inf";
+  /// "true" or "false"; the one character.
   ///
   /// Errors: gui_objects::convert_from_string_utils::ParseException if there is no text for the
   /// value; vcos::COSOutOfMemoryException.
@@ -48,8 +52,8 @@ extern template class StringConversion<float>;
 extern template class StringConversion<double>;
 extern template class StringConversion<bool>;
 
-/// Between a C string and the host's type "string", which is one as well: both directions give what
-/// that type's copy() gives, a string of its own, or null for null.
+/// Between a C string and a value of the host's type "string", which is a C string as well. Both
+/// directions return a copy that the type makes, which the caller destroys; null for null.
 class VGDT_API StringStringConversion final : public vcos::COSTypeConversion {
  public:
   vcos::COSValue to(vcos::COSValue value) const override;

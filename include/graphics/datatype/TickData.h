@@ -8,6 +8,11 @@ namespace graphics::datatype {
 
 class Tick;
 
+// From numbers to ticks and back:
+//
+//     const Tick ticks = convertVectorToTickData({0, 0.5, 1});
+//     const std::vector<double> places = convertTickDataToVector(ticks);
+
 /// A row of doubles; an empty vector gives a value without an array. Raises what the constructor of
 /// Tick does: "VORTIL:vg:shaped_arrays:TickPredicate" unless the values increase.
 VGDT_API Tick convertVectorToTickData(const std::vector<double>& values);

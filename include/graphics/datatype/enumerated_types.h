@@ -1,6 +1,12 @@
 #pragma once
 
-/// The enumerated types, stamped from the rows of enumerated_types.def. The rows
+/// The enumerated types, stamped from the rows of enumerated_types.def. A value is an object with a
+/// test for each name:
+///
+///     const LineStyle style(LineStyle::kDashed);
+///     if (style.isDashed() && !(style == LineStyle())) draw(style.getIntValue());
+///
+/// The rows
 ///
 ///     VGDT_ENUM_TYPE(AxesBox, AxesBoxStyle, Full)
 ///     VGDT_ENUM_NAME(AxesBox, Full, "full", 0)
@@ -75,9 +81,9 @@ namespace graphics::datatype {
   };
 #include "enumerated_types.def"
 
-/// The tables of names. getInstance() makes one of its own at the first call, and never ends it: for
-/// the tables without a type. The table of a type is its data type; another one of the same name
-/// finds nothing, and would keep the names from the data type if it came first.
+/// The tables of names. getInstance() makes a table at its first call, returns the same one from then
+/// on, and is for the four tables without a type. The table of a type is its data type: a second
+/// table of the same name finds no names, and if it is made first, the data type finds none.
 #define VGDT_ENUM_TABLE(Style)                   \
   class VGDT_API Style : public EnumStringType { \
    public:                                       \
@@ -91,9 +97,9 @@ namespace graphics::datatype {
 /// The data types, which are tables of names; their conversions; and the functions that register
 /// them: the first queues the second and runs at load, the second does nothing for a known type.
 ///
-/// getPossibleValues() gives new values in the order of the rows. Each belongs to the caller from
-/// nextElement() on; kept: those that are never asked for are not ended. A failed allocation is a
-/// vcos::COSOutOfMemoryException.
+/// getPossibleValues() makes new values in the order of the rows. Each belongs to the caller from
+/// nextElement() on; kept: those that are never asked for are not destroyed. A failed allocation is
+/// a vcos::COSOutOfMemoryException.
 #define VGDT_ENUM_TYPE(Type, Style, Default)                                            \
   class VGDT_API Type##DataType final : public Style,                                   \
                                         public PropertyDataType<Type##DataType, Type> { \

@@ -9,6 +9,10 @@ namespace graphics::datatype {
 class Limits;
 class LimitsWithInfs;
 
+//     double ends[2];
+//     getLim(ends, limits);
+//     const double length = ends[1] - ends[0];
+
 /// The two numbers of a value, of whatever class, as doubles in `out[0]` and `out[1]`. Integers of
 /// 64 bits may lose digits. Always true.
 ///

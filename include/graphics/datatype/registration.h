@@ -10,6 +10,10 @@ class COSDataType;
 class COSPackage;
 }  // namespace vcos
 
+// A type of another library joins those of this one:
+//
+//     graphics::datatype::registerDatatype(DashesDataType::getType());
+
 namespace graphics::datatype {
 
 /// The one queue of type initialisers. It is made on first use, which may be before any other

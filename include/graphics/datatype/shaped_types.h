@@ -1,6 +1,12 @@
 #pragma once
 
-/// The shaped array types, stamped from the rows of shaped_types.def. The rows
+/// The shaped array types, stamped from the rows of shaped_types.def. A value holds an array that
+/// has passed the tests of its type:
+///
+///     const ColorMap map(array);  // raises the message of the last test that failed
+///     if (map.isUINT8ColorMap()) useBytes(vxGetData(map.getPtr()));
+///
+/// The rows
 ///
 ///     VGDT_SHAPED_TYPE(Tick, kTakesEmpty, "[]", vxDOUBLE_CLASS, kAsGiven)
 ///     VGDT_SHAPED_PREDICATE(Tick, isHorizontalVector, kFullReal, matrix(1, kAny), kFloat, ...)

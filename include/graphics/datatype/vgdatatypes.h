@@ -6,6 +6,10 @@
 
 /// The entries through which the host loads the library. None of them may be called from more than
 /// one thread.
+///
+///     VLInitialize_vgdatatypes();
+///     const VLFcnTableRecord* record = QueryVLFcnTable_vgdatatypes();
+///     std::printf("vgdatatypes %s of %s\n", record->version, record->buildDate);
 
 /// What QueryVLFcnTable_vgdatatypes returns. Everything it points to is constant.
 struct VLFcnTableRecord {

@@ -4,6 +4,8 @@
 
 namespace graphics::datatype {
 
+///     vxErrMsgWrapper("datatypes:Tick:ParseException", "Invalid String", "Tick");
+///
 /// Raises a host error with a literal identifier. `format` is a printf format, which may have a %s
 /// for `argument` or do without.
 [[noreturn]] VGDT_API void vxErrMsgWrapper(const char* identifier, const char* format,
