@@ -4,8 +4,31 @@
 #include <vcos/COSDataType.h>
 
 #include <cstddef>
+#include <vector>
 
 namespace graphics::datatype {
+
+/// Has what the types leave as the class system's own base has it: each operation calls that of the
+/// base. The tables of virtual operations of some hundred types then refer to functions of this
+/// library, instead of to symbols that are looked up for each of them when the library is loaded.
+class VGDT_API InheritedOperations : public vcos::COSDataType {
+ public:
+  const char* getDescription() const override;
+  const char* getDetailedDescription() const override;
+  const char* getPossibleValuesDescription() const override;
+  bool isPossibleValuesFinite() const override;
+  vcos::Enumeration<vcos::COSValue> getPossibleValues() const override;
+  void checkValue(vcos::COSValue value, bool allowNull) const override;
+  vcos::COSValue copyInternal(vcos::COSValue value) const override;
+  void destroyInternal(vcos::COSValue value) const override;
+  std::size_t getHashCode(const vcos::COSValue& value) override;
+  bool canContainInterfaces() override;
+  void getReference() override;
+  void releaseReference() override;
+  std::vector<vcos::COSInterfacePtr> getInterfaces(vcos::COSValue value) override;
+  int getVatFormat() override;
+  bool isVORTILArrayType() const override;
+};
 
 /// The common shape of a data type whose words are pointers to value objects, or null. `Type` is
 /// the data type's own class, which derives from this one and holds what departs from it:
@@ -23,7 +46,7 @@ namespace graphics::datatype {
 ///
 /// The bodies are in src/PropertyDataType.ipp, for the one unit that defines the type.
 template <class Type, class Value>
-class VGDT_API PropertyDataType : public vcos::COSDataType {
+class VGDT_API PropertyDataType : public InheritedOperations {
  public:
   using ValueClass = Value;
 
