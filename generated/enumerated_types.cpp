@@ -2,7 +2,7 @@
 #include "EnumeratedNames.h"
 #include "PropertyDataType.ipp"
 #include "TypeRegistration.h"
-#include "enumerated/EnumeratedValue.ipp"
+#include "enumerated/EnumeratedSupport.h"
 
 #include <graphics/datatype/enumerated_types.h>
 
@@ -17,6 +17,11 @@ struct EnumeratedTypeTraits {
   static Value* createDefault() { return new Value; }
 };
 
+template <class Value>
+vcos::COSValue newValue(int enumerator) {
+  return vcos::COSValue::fromPointer(new Value(static_cast<typename Value::value>(enumerator)));
+}
+
 // clang-format off
 
 // Classes of their own although they add nothing: every class of a type has its own name.
@@ -26,32 +31,42 @@ struct EnumeratedTypeTraits {
   struct PropertyTypeTraits<Type##DataType> : EnumeratedTypeTraits<Type> {};
 #include <graphics/datatype/enumerated_types.def>
 
-#define VGDT_DEFINE_TABLE(Style, TypeOrTable)                                               \
-  Style::Style() : EnumStringType(#Style) { addNames(*this, NamesOf<TypeOrTable>::kRows); } \
-  Style::~Style() = default;                                                                \
-  Style* Style::getInstance() {                                                             \
-    static constinit Style* instance = nullptr;                                             \
-    if (!instance) instance = new Style;                                                    \
-    return instance;                                                                        \
+#define VGDT_DEFINE_TABLE(Style, TypeOrTable)                             \
+  Style::Style() : EnumStringType(#Style, NamesOf<TypeOrTable>::kRows) {} \
+  Style::~Style() = default;                                              \
+  Style* Style::getInstance() {                                           \
+    static constinit Style* instance = nullptr;                           \
+    if (!instance) instance = new Style;                                  \
+    return instance;                                                      \
   }
 #define VGDT_ENUM_TYPE(Type, Style, Default) VGDT_DEFINE_TABLE(Style, Type)
 #define VGDT_ENUM_TABLE(Style) VGDT_DEFINE_TABLE(Style, Style)
 #include <graphics/datatype/enumerated_types.def>
 #undef VGDT_DEFINE_TABLE
 
-#define VGDT_ENUM_TYPE(Type, Style, Default)                                                  \
-  Type::~Type() = default;                                                                    \
-  template vcos::COSDataType* PropertyDataType<Type##DataType, Type>::getType();              \
-  template const char* PropertyDataType<Type##DataType, Type>::getDataTypeName();             \
-  Type##DataType::Type##DataType() = default;                                                 \
-  Type##DataType::~Type##DataType() = default;                                                \
-  bool Type##DataType::isPossibleValuesFinite() const { return true; }                        \
-  vcos::Enumeration<vcos::COSValue> Type##DataType::getPossibleValues() const {               \
-    return listValues(new Type##Enumeration, NamesOf<Type>::kRows, *this, makeValue<Type>);   \
-  }                                                                                           \
-  Type##SC::~Type##SC() = default;                                                            \
-  Type##VC::~Type##VC() = default;                                                            \
-  VGDT_REGISTER_TYPE(Type, init_GraphicsDatatype_##Type##DataType,                            \
+#define VGDT_ENUM_TYPE(Type, Style, Default)                                                     \
+  Type::~Type() = default;                                                                       \
+  template vcos::COSDataType* PropertyDataType<Type##DataType, Type>::getType();                 \
+  template const char* PropertyDataType<Type##DataType, Type>::getDataTypeName();                \
+  Type##DataType::Type##DataType() = default;                                                    \
+  Type##DataType::~Type##DataType() = default;                                                   \
+  bool Type##DataType::isPossibleValuesFinite() const { return true; }                           \
+  vcos::Enumeration<vcos::COSValue> Type##DataType::getPossibleValues() const {                  \
+    return listValues(new Type##Enumeration, NamesOf<Type>::kRows, *this, newValue<Type>);       \
+  }                                                                                              \
+  Type##SC::~Type##SC() = default;                                                               \
+  vcos::COSValue Type##SC::to(vcos::COSValue value) const { return copyName(dataType_, value); } \
+  vcos::COSValue Type##SC::from(vcos::COSValue text) const {                                     \
+    return valueFromText(dataType_, #Type, newValue<Type>, text);                                \
+  }                                                                                              \
+  Type##VC::~Type##VC() = default;                                                               \
+  vcos::COSValue Type##VC::to(vcos::COSValue value) const {                                      \
+    return vcos::COSValue::fromPointer(cache_.getVxArrayStringFor(value));                       \
+  }                                                                                              \
+  vcos::COSValue Type##VC::from(vcos::COSValue array) const {                                    \
+    return valueFromArray(dataType_, #Type, newValue<Type>, array);                              \
+  }                                                                                              \
+  VGDT_REGISTER_TYPE(Type, init_GraphicsDatatype_##Type##DataType,                               \
                      init_GraphicsDatatype_##Type##DataType_callback)
 #include <graphics/datatype/enumerated_types.def>
 

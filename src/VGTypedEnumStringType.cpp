@@ -6,11 +6,13 @@
 #include <vcos/TypedEnumStringType.h>
 
 #include <algorithm>
-#include <boost/container/small_vector.hpp>
+#include <array>
 #include <cctype>
 #include <cstdint>
 #include <locale>
+#include <memory>
 #include <string_view>
+#include <utility>
 
 namespace graphics::datatype {
 
@@ -23,6 +25,14 @@ namespace {
 
 constexpr const char* kPackageName = "vortil.graphics.enumstyletypes";
 
+/// The character classes of a locale. Looking them up takes longer than finding a name, so those of
+/// the classic locale, which is the usual one, are kept.
+const std::ctype<char>& characterClasses(const std::locale& locale) {
+  using Classes = std::ctype<char>;
+  static const Classes& classic = std::use_facet<Classes>(std::locale::classic());
+  return locale == std::locale::classic() ? classic : std::use_facet<Classes>(locale);
+}
+
 char lowerCased(char c) {
   return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
 }
@@ -34,39 +44,18 @@ std::string lowerCased(std::string_view text) {
   return lowered;
 }
 
-/// The character classes of the global locale. Looking them up takes longer than finding a name, so
-/// they are kept until the locale changes; as all of the library, this is for one thread.
-const std::ctype<char>& characterClasses() {
-  struct Known {
-    std::locale locale;
-    const std::ctype<char>* classes = &std::use_facet<std::ctype<char>>(locale);
-  };
-  static Known known;
-  if (const std::locale current; !(current == known.locale)) known = {current};
-  return *known.classes;
-}
-
 /// In lower case, and then without white space at either end. White space that is cut off takes no
-/// memory: only what is left becomes a string.
-std::string normalized(const char* text) {
-  boost::container::small_vector<char, 64> lowered;
-  for (; *text; ++text)
-    lowered.push_back(lowerCased(*text));
-  const auto isSpace = [&classes = characterClasses()](char c) {
-    return classes.is(std::ctype_base::space, c);
+/// memory.
+std::string normalized(std::string_view text) {
+  const std::locale locale;
+  const auto isSpace = [&classes = characterClasses(locale)](char c) {
+    return classes.is(std::ctype_base::space, lowerCased(c));
   };
-  auto begin = lowered.begin();
-  auto end = lowered.end();
-  while (end != begin && isSpace(end[-1]))
-    --end;
-  while (begin != end && isSpace(*begin))
-    ++begin;
-  return {begin, end};
-}
-
-/// The place of a name's first character in the index.
-std::size_t placeOf(const std::string& name) {
-  return static_cast<unsigned char>(name[0]) % 128;
+  while (!text.empty() && isSpace(text.back()))
+    text.remove_suffix(1);
+  while (!text.empty() && isSpace(text.front()))
+    text.remove_prefix(1);
+  return lowerCased(text);
 }
 
 /// Byte by byte, which for texts this short is over before memcmp has begun.
@@ -76,9 +65,40 @@ bool begins(std::string_view beginning, std::string_view name) {
 
 }  // namespace
 
+/// The names that a table added itself, as they are searched.
+struct VGTypedEnumStringType::Names {
+  std::vector<std::string> list;
+
+  void add(std::string name) {
+    list.push_back(std::move(name));
+    std::uint8_t& first = firstPosition[placeOf(list.back())];
+    if (first == 0) first = static_cast<std::uint8_t>(std::min<std::size_t>(list.size(), 255));
+  }
+  void removeLast() {
+    std::uint8_t& first = firstPosition[placeOf(list.back())];
+    if (first == list.size()) first = 0;
+    list.pop_back();
+  }
+
+  /// Where the names that begin with a text can first be.
+  std::size_t firstThatMayBegin(const std::string& text) const {
+    if (text.empty()) return 0;  // which begins every name
+    const std::size_t position = firstPosition[placeOf(text)];
+    return position == 0 ? list.size() : position - 1;
+  }
+
+ private:
+  static std::size_t placeOf(const std::string& name) {
+    return static_cast<unsigned char>(name[0]) % 128;
+  }
+
+  /// An index, so that not every name has to be compared. For the first character of a name (modulo
+  /// the size) it has the position, counted from 1, of the first name that begins so, or 255 if
+  /// that stands further behind; 0 where no name does.
+  std::array<std::uint8_t, 128> firstPosition{};
+};
+
 VGTypedEnumStringType::VGTypedEnumStringType(const char* name) {
-  constexpr std::size_t kUsualCount = 4;
-  lowerCaseNames_.reserve(kUsualCount);
   register_package(kPackageName, noDescription, noDetails);
   const std::string fullName = std::string(kPackageName) + '.' + name;
   static const COSNameID baseTypeName("uint32 scalar");
@@ -92,25 +112,48 @@ VGTypedEnumStringType::VGTypedEnumStringType(const char* name) {
   }
 }
 
+// The destructor runs also where a name cannot be added, since the other constructor is done then.
+VGTypedEnumStringType::VGTypedEnumStringType(const char* name, NameRows rows)
+    : VGTypedEnumStringType(name) {
+  if (!ownsHostType_) {
+    for (const EnumeratedName& row : rows)
+      addElement(COSValue::fromInteger(row.value), row.name);
+    return;
+  }
+  for (const EnumeratedName& row : rows)
+    hostEnumType_->addElement(COSValue::fromInteger(row.value), row.name);
+  rows_ = rows;
+}
+
 VGTypedEnumStringType::~VGTypedEnumStringType() {
+  delete names_.load();
   if (ownsHostType_)
     vcos::TypedEnumStringType::destroyInstance(COSNameID(hostEnumType_->getName()));
+}
+
+/// Threads that ask at the same time make the names more than once, and agree on those that were
+/// there first.
+VGTypedEnumStringType::Names& VGTypedEnumStringType::names() const {
+  if (Names* known = names_.load(std::memory_order_acquire)) return *known;
+  auto made = std::make_unique<Names>();
+  made->list.reserve(rows_.size());
+  for (const EnumeratedName& row : rows_)
+    made->add(row.name);
+  Names* first = nullptr;
+  return names_.compare_exchange_strong(first, made.get()) ? *made.release() : *first;
 }
 
 void VGTypedEnumStringType::addElement(COSValue value, const char* name) {
   std::string lowered = lowerCased(name);
   if (!hostEnumType_ || hostEnumType_->isValidEnumName(lowered.c_str())) return;
-  lowerCaseNames_.push_back(std::move(lowered));
-  const std::string& added = lowerCaseNames_.back();
+  Names& own = names();
+  own.add(std::move(lowered));
   try {
-    hostEnumType_->addElement(value, added.c_str());
+    hostEnumType_->addElement(value, own.list.back().c_str());
   } catch (...) {
-    lowerCaseNames_.pop_back();
+    own.removeLast();
     throw;
   }
-  std::uint8_t& first = firstPosition_[placeOf(added)];
-  if (first == 0)
-    first = static_cast<std::uint8_t>(std::min<std::size_t>(lowerCaseNames_.size(), UINT8_MAX));
 }
 
 std::size_t VGTypedEnumStringType::getEnumLength() const {
@@ -142,18 +185,16 @@ bool VGTypedEnumStringType::isPossibleValuesFinite() const {
 }
 
 const std::vector<std::string>& VGTypedEnumStringType::getEnumStrings() const {
-  return lowerCaseNames_;
+  return names().list;
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the interface's signature
 const char* VGTypedEnumStringType::getEnumFromPartialMatch(std::string name) const {
-  // The empty text begins every name.
-  const std::size_t first = name.empty() ? 1 : firstPosition_[placeOf(name)];
-  if (first == 0) return nullptr;
+  const Names& own = names();
   const std::string* match = nullptr;
   bool isAmbiguous = false;
-  for (std::size_t i = first - 1; i < lowerCaseNames_.size(); ++i) {
-    const std::string& candidate = lowerCaseNames_[i];
+  for (std::size_t i = own.firstThatMayBegin(name); i < own.list.size(); ++i) {
+    const std::string& candidate = own.list[i];
     if (!begins(name, candidate)) continue;
     if (candidate.size() == name.size()) return candidate.c_str();
     isAmbiguous = isAmbiguous || match;

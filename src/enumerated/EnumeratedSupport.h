@@ -6,41 +6,26 @@
 
 #include <graphics/datatype/EnumStringType.h>
 #include <vcos/COSDataType.h>
-#include <vx/array.h>
-#include <vx/scopes.h>
-
-#include <memory>
-#include <span>
 
 namespace graphics::datatype {
 
-/// A row of a table.
-struct EnumeratedName {
-  const char* name;
-  int value;
-};
-using NameRows = std::span<const EnumeratedName>;
-
-void addNames(EnumStringType& table, NameRows rows);
+/// Makes a value of a type.
+using MakeEnumerated = vcos::COSValue (*)(int enumerator);
 
 /// Takes a list over, fills it with new values of the type, one for each row, and hands it on.
 vcos::Enumeration<vcos::COSValue> listValues(WordEnumeration* list, NameRows rows,
                                              const vcos::COSDataType& type,
-                                             vcos::COSValue (*makeValue)(int enumerator));
+                                             MakeEnumerated makeValue);
 
 /// The name of a value on the host's heap; null for null and for a value that has no name.
 vcos::COSValue copyName(const EnumStringType& table, vcos::COSValue value);
 
-/// The enumerator of the name that a text stands for. Raises key_InvalidEnumValue.
-int requireEnumerator(const EnumStringType& table, const char* text, const char* typeName);
+/// The text conversion's `from`.
+vcos::COSValue valueFromText(const EnumStringType& table, const char* typeName,
+                             MakeEnumerated makeValue, vcos::COSValue text);
 
-struct FreeText {
-  void operator()(char* text) const noexcept { vxFreeEx(text); }
-};
-using ArrayText = std::unique_ptr<char, FreeText>;
-
-/// The text of a char array with elements. Raises key_InvalidEnumValueFor, key_InvalidValue and
-/// key_OutOfMemory.
-ArrayText requireText(const vxArray* array, const char* typeName);
+/// The array conversion's `from`.
+vcos::COSValue valueFromArray(const EnumStringType& table, const char* typeName,
+                              MakeEnumerated makeValue, vcos::COSValue array);
 
 }  // namespace graphics::datatype

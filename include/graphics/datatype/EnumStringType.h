@@ -13,6 +13,7 @@ namespace graphics::datatype {
 class VGDT_API EnumStringType : public VGTypedEnumStringType {
  public:
   explicit EnumStringType(const char* name);
+  EnumStringType(const char* name, NameRows rows);
 
   /// As addElement(); a value may be negative.
   void addEnumValue(const char* name, int value);

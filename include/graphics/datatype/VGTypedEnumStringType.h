@@ -3,10 +3,10 @@
 #include <graphics/datatype/export.h>
 #include <vcos/COSValue.h>
 
-#include <array>
+#include <atomic>
 #include <cstddef>
-#include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -15,6 +15,13 @@ class TypedEnumStringType;
 }
 
 namespace graphics::datatype {
+
+/// A name and its value as constants.
+struct EnumeratedName {
+  const char* name;
+  int value;
+};
+using NameRows = std::span<const EnumeratedName>;
 
 /// A table of names and their values, which finds a name by any text that stands for it: the name
 /// itself or an abbreviation that fits no other name, in any case, with white space around it.
@@ -31,7 +38,10 @@ class VGDT_API VGTypedEnumStringType {
   /// Registers the host type, and its package, if there is none of that name yet. What the host
   /// raises or throws passes through.
   explicit VGTypedEnumStringType(const char* name);
-  /// Ends the host type if this table registered it.
+  /// The same, and adds names that are in lower case and all different. The rows have to outlive
+  /// the table: it copies the names when it is first asked for one.
+  VGTypedEnumStringType(const char* name, NameRows rows);
+  /// Destroys the host type if this table registered it.
   virtual ~VGTypedEnumStringType();
   VGTypedEnumStringType(const VGTypedEnumStringType&) = delete;
   VGTypedEnumStringType& operator=(const VGTypedEnumStringType&) = delete;
@@ -66,16 +76,16 @@ class VGDT_API VGTypedEnumStringType {
   std::optional<vcos::COSValue> findEnumValue(const char* name) const;
 
  private:
+  struct Names;
+
+  Names& names() const;
   const char* findName(const char* text) const;
 
   bool ownsHostType_ = false;
   vcos::TypedEnumStringType* hostEnumType_ = nullptr;
-  std::vector<std::string> lowerCaseNames_;
-
-  /// An index, so that not every name has to be compared. For the first character of a name
-  /// (modulo the size) it has the position of the first name that begins so, counted from 1; 0
-  /// where no name does.
-  std::array<std::uint8_t, 128> firstPosition_{};
+  NameRows rows_;
+  /// Null until somebody asks for a name: most tables of a process are never asked.
+  mutable std::atomic<Names*> names_ = nullptr;
 };
 
 }  // namespace graphics::datatype

@@ -39,14 +39,33 @@
 ///       bool isPossibleValuesFinite() const override;
 ///       vcos::Enumeration<vcos::COSValue> getPossibleValues() const override;
 ///     };
-///     class AxesBoxSC final : public EnumeratedSC<AxesBoxDataType> {};  // the text conversion
-///     class AxesBoxVC final : public EnumeratedVC<AxesBoxDataType> {};  // the array conversion
+///     class AxesBoxSC final : public vcos::COSTypeConversion {  // the text conversion
+///      public:
+///       explicit AxesBoxSC(const AxesBoxDataType& dataType);
+///     };
+///     class AxesBoxVC final : public vcos::COSTypeConversion {  // the array conversion
+///      public:
+///       explicit AxesBoxVC(const AxesBoxDataType& dataType);
+///     };
+///
+/// The text conversion takes a name, or an abbreviation of only one name, in any case, with white
+/// space around it. Any other text raises "VORTIL:datatypes:InvalidEnumValue". It gives the name in
+/// lower case, on the host's heap: null for null and for a value that has no name, and a
+/// vcos::COSOutOfMemoryException where memory fails.
+///
+/// The array conversion takes a char array of any shape with such a text; null gives null. An array
+/// of another class raises "VORTIL:datatypes:InvalidEnumValueFor", an empty one
+/// "VORTIL:datatypes:InvalidValue", a failure to read its text "VORTIL:datatypes:OutOfMemory". It
+/// gives the name as a char array of the caller's, which shares its data: empty for null and for a
+/// value that has no name. The data type has to outlive both conversions.
 ///
 /// `scripts/show-type LineStyle` shows those of a type.
 
+#include <graphics/datatype/EnumCache.h>
 #include <graphics/datatype/EnumStringType.h>
 #include <graphics/datatype/EnumeratedValue.h>
 #include <graphics/datatype/PropertyDataType.h>
+#include <vcos/COSTypeConversion.h>
 
 namespace graphics::datatype {
 
@@ -100,27 +119,36 @@ namespace graphics::datatype {
 /// getPossibleValues() makes new values in the order of the rows. Each belongs to the caller from
 /// nextElement() on; kept: those that are never asked for are not destroyed. A failed allocation is
 /// a vcos::COSOutOfMemoryException.
-#define VGDT_ENUM_TYPE(Type, Style, Default)                                            \
-  class VGDT_API Type##DataType final : public Style,                                   \
-                                        public PropertyDataType<Type##DataType, Type> { \
-   public:                                                                              \
-    static constexpr const char* kDottedName = "vortil.graphics.datatype." #Type;       \
-    Type##DataType();                                                                   \
-    ~Type##DataType() override;                                                         \
-    bool isPossibleValuesFinite() const override;                                       \
-    vcos::Enumeration<vcos::COSValue> getPossibleValues() const override;               \
-  };                                                                                    \
-  class VGDT_API Type##SC final : public EnumeratedSC<Type##DataType> {                 \
-   public:                                                                              \
-    using EnumeratedSC::EnumeratedSC;                                                   \
-    ~Type##SC() override;                                                               \
-  };                                                                                    \
-  class VGDT_API Type##VC final : public EnumeratedVC<Type##DataType> {                 \
-   public:                                                                              \
-    using EnumeratedVC::EnumeratedVC;                                                   \
-    ~Type##VC() override;                                                               \
-  };                                                                                    \
-  VGDT_API bool init_GraphicsDatatype_##Type##DataType();                               \
+#define VGDT_ENUM_TYPE(Type, Style, Default)                                                     \
+  class VGDT_API Type##DataType final : public Style,                                            \
+                                        public PropertyDataType<Type##DataType, Type> {          \
+   public:                                                                                       \
+    static constexpr const char* kDottedName = "vortil.graphics.datatype." #Type;                \
+    Type##DataType();                                                                            \
+    ~Type##DataType() override;                                                                  \
+    bool isPossibleValuesFinite() const override;                                                \
+    vcos::Enumeration<vcos::COSValue> getPossibleValues() const override;                        \
+  };                                                                                             \
+  class VGDT_API Type##SC final : public vcos::COSTypeConversion {                               \
+   public:                                                                                       \
+    explicit Type##SC(const Type##DataType& dataType) : dataType_(dataType) {}                   \
+    ~Type##SC() override;                                                                        \
+    vcos::COSValue to(vcos::COSValue value) const override;                                      \
+    vcos::COSValue from(vcos::COSValue text) const override;                                     \
+   private:                                                                                      \
+    const Type##DataType& dataType_;                                                             \
+  };                                                                                             \
+  class VGDT_API Type##VC final : public vcos::COSTypeConversion {                               \
+   public:                                                                                       \
+    explicit Type##VC(const Type##DataType& dataType) : dataType_(dataType), cache_(dataType) {} \
+    ~Type##VC() override;                                                                        \
+    vcos::COSValue to(vcos::COSValue value) const override;                                      \
+    vcos::COSValue from(vcos::COSValue array) const override;                                    \
+   private:                                                                                      \
+    const Type##DataType& dataType_;                                                             \
+    mutable utils::EnumCache cache_;                                                             \
+  };                                                                                             \
+  VGDT_API bool init_GraphicsDatatype_##Type##DataType();                                        \
   VGDT_API void init_GraphicsDatatype_##Type##DataType_callback();
 #include "enumerated_types.def"
 
