@@ -25,8 +25,8 @@ class VGHOST_API COSNameID {
   friend bool operator==(COSNameID, COSNameID) noexcept = default;
 
  private:
-  struct Interned {};
-  COSNameID(Interned, const char* text) noexcept : text_(text) {}
+  struct Known {};
+  COSNameID(Known, const char* text) noexcept : text_(text) {}
 
   const char* text_;
 };

@@ -41,7 +41,7 @@ class VGHOST_API TypedEnumStringType final : public COSDataType, public Enumerat
   /// null. A COSException if the name is taken.
   static TypedEnumStringType* createInstance(COSDataTypePtr baseType, const char* typeName,
                                              const char* reserved);
-  /// Ends what createInstance made. An unknown name does nothing.
+  /// Destroys what createInstance made. An unknown name does nothing.
   static void destroyInstance(COSNameID typeName);
 
   std::size_t getEnumLength() const override;
@@ -71,15 +71,16 @@ class VGHOST_API TypedEnumStringType final : public COSDataType, public Enumerat
     COSValue value;
   };
 
-  TypedEnumStringType(COSDataTypePtr baseType, std::string typeName);
+  TypedEnumStringType(COSDataTypePtr baseType, COSNameID typeName);
   const Element* find(const char* name) const noexcept;
 
   COSDataTypePtr baseType_;
-  std::string typeName_;
+  COSNameID typeName_;
   std::vector<Element> elements_;
-  /// Makes finding a name faster. For each first character (several share a place), where the
-  /// elements with it begin, counted from 1; 0 says that there are none.
-  std::array<std::uint8_t, 128> firstPosition_{};
+  /// Makes finding a name faster. For each first character (several share a place) it has the
+  /// position, counted from 1, of the first element that begins so, or 255 if that stands further
+  /// behind; 0 where no element does.
+  std::array<std::uint8_t, 32> firstPosition_{};
 };
 
 }  // namespace vcos

@@ -1,21 +1,26 @@
 #include <sv/features.h>
 #include <ut/faults.h>
 
-#include <map>
+#include <algorithm>
+#include <forward_list>
 #include <string>
-#include <string_view>
 
 namespace {
 
-/// Entries stay where they are, since callers keep pointers to them.
-auto& features() {
-  static auto& entries = *new std::map<std::string, svFeatureEntry, std::less<>>;
+struct Feature {
+  std::string name;
+  svFeatureEntry entry;
+};
+
+/// There are few. They stay where they are, since callers keep pointers to them.
+std::forward_list<Feature>& features() {
+  static auto& entries = *new std::forward_list<Feature>;
   return entries;
 }
 
 svFeatureEntry* find(const char* name) {
-  const auto found = features().find(std::string_view(name));
-  return found == features().end() ? nullptr : &found->second;
+  const auto found = std::ranges::find(features(), name, &Feature::name);
+  return found == features().end() ? nullptr : &found->entry;
 }
 
 constinit int status = 0;
@@ -25,8 +30,14 @@ constinit int status = 0;
 void svRegisterFeature(const char* name, int state, void (*onChange)(int),
                        void (*command)(int, vxArray**, int, vxArray**)) {
   vghost::faults::countHostCall("svRegisterFeature");
-  const auto entry = features().try_emplace(name).first;
-  entry->second = {entry->first.c_str(), state, onChange, command};
+  svFeatureEntry* entry = find(name);
+  if (!entry) {
+    Feature& added = features().emplace_front();
+    added.name = name;
+    entry = &added.entry;
+    entry->name = added.name.c_str();
+  }
+  *entry = {entry->name, state, onChange, command};
 }
 
 const svFeatureEntry* svFindFeatureEntry(const char* name) {

@@ -1,9 +1,9 @@
+#include "PermanentMemory.h"
+
 #include <vcos/COSNameID.h>
 
 #include <cstdint>
 #include <cstring>
-#include <memory_resource>
-#include <string>
 #include <string_view>
 #include <unordered_set>
 
@@ -11,10 +11,9 @@ namespace vcos {
 namespace {
 
 struct TextHash {
-  using is_transparent = void;
   /// Dotted names differ only at their end, so the last 16 bytes have to do: hashing whole names
   /// was a seventh of the work of start-up.
-  std::size_t operator()(std::string_view text) const noexcept {
+  std::size_t operator()(std::string_view text) const {
     std::uint64_t end = 0;
     std::uint64_t beforeEnd = 0;
     const std::size_t length = text.size();
@@ -29,24 +28,23 @@ struct TextHash {
   }
 };
 
-/// Names are never forgotten: they stand one after another in large blocks.
-using Names = std::pmr::unordered_set<std::pmr::string, TextHash, std::equal_to<>>;
+using Names = std::unordered_set<std::string_view, TextHash, std::equal_to<>,
+                                 PermanentAllocator<std::string_view>>;
 
-/// The set's nodes never move, so a name is the address of its text.
 Names& internedNames() {
-  struct Interned {
-    std::pmr::monotonic_buffer_resource memory{16384};
-    Names names{{""}, 256, &memory};
-  };
-  static Interned& interned = *new Interned;
-  return interned.names;
+  static Names& names = *new Names(256);
+  return names;
 }
 
+/// A name is the address of the one copy of its text.
 const char* intern(std::string_view text) {
-  auto& names = internedNames();
-  auto found = names.find(text);
-  if (found == names.end()) found = names.emplace(text).first;
-  return found->c_str();
+  Names& names = internedNames();
+  if (const auto found = names.find(text); found != names.end()) return found->data();
+  auto* copy = static_cast<char*>(PermanentMemory::allocate(text.size() + 1));
+  std::memcpy(copy, text.data(), text.size());
+  copy[text.size()] = '\0';
+  names.emplace(copy, text.size());
+  return copy;
 }
 
 }  // namespace
@@ -59,7 +57,7 @@ std::optional<COSNameID> COSNameID::find(std::string_view name) {
   const auto& names = internedNames();
   const auto found = names.find(name);
   if (found == names.end()) return std::nullopt;
-  return COSNameID(Interned(), found->c_str());
+  return COSNameID(Known(), found->data());
 }
 
 }  // namespace vcos

@@ -4,6 +4,7 @@
 #include <vcos/COSTypeRepository.h>
 #include <vcos/exceptions.h>
 
+#include <boost/container/small_vector.hpp>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -84,12 +85,13 @@ void COSPackage::addDataType(COSDataType* type) {
   countHostCall("addDataType");
   const std::string_view path = name_.c_str();
   const std::string_view leaf = type->getName();
-  std::string name;
-  name.reserve(path.size() + 1 + leaf.size());
-  name.append(path).append(".").append(leaf);
+  boost::container::small_vector<char, 128> name(path.begin(), path.end());
+  name.push_back('.');
+  name.insert(name.end(), leaf.begin(), leaf.end());
+  name.push_back('\0');
   types_.push_back(type);
   try {
-    COSTypeRepository::addType(COSNameID(name.c_str()), type);
+    COSTypeRepository::addType(COSNameID(name.data()), type);
   } catch (...) {
     types_.pop_back();
     throw;

@@ -1,5 +1,6 @@
 #include "BuiltInTypes.h"
 #include "CountedObject.h"
+#include "PermanentMemory.h"
 
 #include <ut/faults.h>
 #include <vcos/COSPackage.h>
@@ -28,6 +29,9 @@ class TypeObject final : public CountedObject {
 
   bool isDestroyed() const override { return type == nullptr; }
 
+  static void* operator new(std::size_t size) { return PermanentMemory::allocate(size); }
+  static void operator delete(void*) noexcept {}
+
   COSNameID name;
   COSDataType* type;
 };
@@ -45,13 +49,18 @@ struct NamePairHash {
   }
 };
 
+/// Entries are seldom removed: those that are leave their place unused.
+template <class Key, class Value, class Hash = std::hash<Key>>
+using Table = std::unordered_map<Key, Value, Hash, std::equal_to<>,
+                                 PermanentAllocator<std::pair<const Key, Value>>>;
+
 constexpr std::size_t kUsualTypes = 256;
 
 struct Repository {
   std::vector<std::unique_ptr<COSDataType>> builtInTypes;
-  std::unordered_map<COSNameID, COSDataTypePtr> types;
-  std::unordered_map<NamePair, std::unique_ptr<COSTypeConversion>, NamePairHash> conversions;
-  std::unordered_map<COSNameID, std::unique_ptr<JavaTypeConversion>> javaConversions;
+  Table<COSNameID, COSDataTypePtr> types{kUsualTypes};
+  Table<NamePair, std::unique_ptr<COSTypeConversion>, NamePairHash> conversions{kUsualTypes};
+  Table<COSNameID, std::unique_ptr<JavaTypeConversion>> javaConversions;
 };
 
 [[noreturn]] void throwTaken(const std::string& what) {
@@ -60,13 +69,12 @@ struct Repository {
 
 void add(Repository& repository, COSNameID name, COSDataType* type) {
   if (repository.types.contains(name)) throwTaken(std::string("The type ") + name.c_str());
-  repository.types.emplace(name, COSDataTypePtr(COSInterfacePtr(new TypeObject(name, type))));
+  COSDataTypePtr object(COSInterfacePtr(new TypeObject(name, type)));
+  repository.types.emplace(name, std::move(object));
 }
 
 std::unique_ptr<Repository> createRepository() {
   auto repository = std::make_unique<Repository>();
-  repository->types.reserve(kUsualTypes);
-  repository->conversions.reserve(kUsualTypes);
   repository->builtInTypes = makeBuiltInTypes();
   for (const auto& type : repository->builtInTypes)
     add(*repository, COSNameID(type->getName()), type.get());

@@ -18,14 +18,14 @@ constexpr std::size_t kUsualCount = 4;
 
 /// The place of a name's first character in the index.
 std::size_t placeOf(const char* name) noexcept {
-  return static_cast<unsigned char>(*name) % 128;
+  return static_cast<unsigned char>(*name) % 32;
 }
 
 }  // namespace
 
-TypedEnumStringType::TypedEnumStringType(COSDataTypePtr baseType, std::string typeName)
+TypedEnumStringType::TypedEnumStringType(COSDataTypePtr baseType, COSNameID typeName)
     : baseType_(std::move(baseType)),
-      typeName_(std::move(typeName)) {
+      typeName_(typeName) {
   elements_.reserve(kUsualCount);
 }
 
@@ -34,8 +34,9 @@ TypedEnumStringType::~TypedEnumStringType() = default;
 TypedEnumStringType* TypedEnumStringType::createInstance(COSDataTypePtr baseType,
                                                          const char* typeName, const char*) {
   vghost::faults::countHostCall("TypedEnumStringType::createInstance");
-  std::unique_ptr<TypedEnumStringType> type(new TypedEnumStringType(std::move(baseType), typeName));
-  COSTypeRepository::addType(COSNameID(typeName), type.get());
+  const COSNameID name(typeName);
+  std::unique_ptr<TypedEnumStringType> type(new TypedEnumStringType(std::move(baseType), name));
+  COSTypeRepository::addType(name, type.get());
   return type.release();
 }
 
