@@ -6,11 +6,11 @@
 #include <vcos/TypedEnumStringType.h>
 
 #include <algorithm>
-#include <array>
 #include <cctype>
-#include <cstdint>
+#include <iterator>
 #include <locale>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -25,16 +25,24 @@ namespace {
 
 constexpr const char* kPackageName = "vortil.graphics.enumstyletypes";
 
-/// The character classes of a locale. Looking them up takes longer than finding a name, so those of
-/// the classic locale, which is the usual one, are kept.
-const std::ctype<char>& characterClasses(const std::locale& locale) {
-  using Classes = std::ctype<char>;
-  static const Classes& classic = std::use_facet<Classes>(std::locale::classic());
-  return locale == std::locale::classic() ? classic : std::use_facet<Classes>(locale);
+using CharacterClasses = std::ctype<char>;
+
+/// Looking up the classes of a locale takes longer than finding a name, so those of the classic
+/// locale, which is the usual one, are kept.
+const CharacterClasses& characterClasses(const std::locale& locale) {
+  struct Classic {
+    const std::locale& locale = std::locale::classic();
+    const CharacterClasses& classes = std::use_facet<CharacterClasses>(locale);
+  };
+  static const Classic classic;
+  return locale == classic.locale ? classic.classes : std::use_facet<CharacterClasses>(locale);
 }
 
+/// As tolower(), which is not called for what is no capital letter in any locale.
 char lowerCased(char c) {
-  return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  const auto byte = static_cast<unsigned char>(c);
+  const bool mayBeCapital = (byte >= 'A' && byte <= 'Z') || byte >= 0x80;
+  return mayBeCapital ? static_cast<char>(std::tolower(byte)) : c;
 }
 
 std::string lowerCased(std::string_view text) {
@@ -65,37 +73,37 @@ bool begins(std::string_view beginning, std::string_view name) {
 
 }  // namespace
 
-/// The names that a table added itself, as they are searched.
+/// The names that a table added itself, and an index, so that not every name has to be compared.
 struct VGTypedEnumStringType::Names {
   std::vector<std::string> list;
 
   void add(std::string name) {
     list.push_back(std::move(name));
-    std::uint8_t& first = firstPosition[placeOf(list.back())];
-    if (first == 0) first = static_cast<std::uint8_t>(std::min<std::size_t>(list.size(), 255));
+    Range& range = rangeOf(list.back());
+    if (range.end == 0) range.begin = list.size() - 1;
+    range.end = list.size();
   }
-  void removeLast() {
-    std::uint8_t& first = firstPosition[placeOf(list.back())];
-    if (first == list.size()) first = 0;
-    list.pop_back();
-  }
+  /// The range keeps the place, which is searched for nothing.
+  void removeLast() { list.pop_back(); }
 
-  /// Where the names that begin with a text can first be.
-  std::size_t firstThatMayBegin(const std::string& text) const {
-    if (text.empty()) return 0;  // which begins every name
-    const std::size_t position = firstPosition[placeOf(text)];
-    return position == 0 ? list.size() : position - 1;
+  /// All names that begin with a text are among these.
+  std::span<const std::string> candidates(const std::string& text) const {
+    if (text.empty()) return list;  // which begins every name
+    const Range& range = const_cast<Names*>(this)->rangeOf(text);
+    return {list.data() + range.begin, std::min(range.end, list.size()) - range.begin};
   }
 
  private:
-  static std::size_t placeOf(const std::string& name) {
-    return static_cast<unsigned char>(name[0]) % 128;
+  struct Range {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+  };
+  Range& rangeOf(const std::string& name) {
+    return ranges_[static_cast<unsigned char>(name[0]) % std::size(ranges_)];
   }
 
-  /// An index, so that not every name has to be compared. For the first character of a name (modulo
-  /// the size) it has the position, counted from 1, of the first name that begins so, or 255 if
-  /// that stands further behind; 0 where no name does.
-  std::array<std::uint8_t, 128> firstPosition{};
+  /// For the first character of a name (several share a place), where the names that begin so are.
+  Range ranges_[64];
 };
 
 VGTypedEnumStringType::VGTypedEnumStringType(const char* name) {
@@ -131,10 +139,14 @@ VGTypedEnumStringType::~VGTypedEnumStringType() {
     vcos::TypedEnumStringType::destroyInstance(COSNameID(hostEnumType_->getName()));
 }
 
+VGTypedEnumStringType::Names& VGTypedEnumStringType::names() const {
+  Names* const known = names_.load(std::memory_order_acquire);
+  return known ? *known : makeNames();
+}
+
 /// Threads that ask at the same time make the names more than once, and agree on those that were
 /// there first.
-VGTypedEnumStringType::Names& VGTypedEnumStringType::names() const {
-  if (Names* known = names_.load(std::memory_order_acquire)) return *known;
+VGTypedEnumStringType::Names& VGTypedEnumStringType::makeNames() const {
   auto made = std::make_unique<Names>();
   made->list.reserve(rows_.size());
   for (const EnumeratedName& row : rows_)
@@ -190,11 +202,9 @@ const std::vector<std::string>& VGTypedEnumStringType::getEnumStrings() const {
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the interface's signature
 const char* VGTypedEnumStringType::getEnumFromPartialMatch(std::string name) const {
-  const Names& own = names();
   const std::string* match = nullptr;
   bool isAmbiguous = false;
-  for (std::size_t i = own.firstThatMayBegin(name); i < own.list.size(); ++i) {
-    const std::string& candidate = own.list[i];
+  for (const std::string& candidate : names().candidates(name)) {
     if (!begins(name, candidate)) continue;
     if (candidate.size() == name.size()) return candidate.c_str();
     isAmbiguous = isAmbiguous || match;

@@ -5,7 +5,6 @@
 #include <vcos/exceptions.h>
 
 #include <algorithm>
-#include <cstring>
 #include <memory>
 
 namespace vcos {
@@ -19,6 +18,13 @@ constexpr std::size_t kUsualCount = 4;
 /// The place of a name's first character in the index.
 std::size_t placeOf(const char* name) noexcept {
   return static_cast<unsigned char>(*name) % 32;
+}
+
+/// Byte by byte: most names differ in the first one, before a call of strcmp would have begun.
+bool areEqual(const char* a, const char* b) noexcept {
+  for (; *a == *b; ++a, ++b)
+    if (*a == '\0') return true;
+  return false;
 }
 
 }  // namespace
@@ -53,7 +59,7 @@ const TypedEnumStringType::Element* TypedEnumStringType::find(const char* name) 
   const std::size_t first = firstPosition_[placeOf(name)];
   if (first == 0) return nullptr;
   for (std::size_t i = first - 1; i < elements_.size(); ++i)
-    if (std::strcmp(elements_[i].name.c_str(), name) == 0) return &elements_[i];
+    if (areEqual(elements_[i].name.c_str(), name)) return &elements_[i];
   return nullptr;
 }
 

@@ -79,6 +79,7 @@ class VGDT_API VGTypedEnumStringType {
   struct Names;
 
   Names& names() const;
+  Names& makeNames() const;
   const char* findName(const char* text) const;
 
   bool ownsHostType_ = false;
