@@ -44,29 +44,17 @@ const COSTypeConversion& onOffConversion(const char* outside) {
                                            COSNameID("vortil.graphics.datatype.on_off"));
 }
 
-void loadAndUnload(benchmark::State& state, const char* path) {
-  for (auto _ : state) {
-    void* library = load(path);
-    dlclose(library);
-    if (dlopen(path, RTLD_NOW | RTLD_NOLOAD)) state.SkipWithError("was not unloaded");
-  }
-}
-BENCHMARK_CAPTURE(loadAndUnload, empty, VGDT_EMPTY_LIBRARY);
-BENCHMARK_CAPTURE(loadAndUnload, vgdatatypes, VGDT_LIBRARY);
-
-/// Start-up happens once in a process, so each one gets a process of its own.
-void startUp(benchmark::State& state) {
+/// What happens once in a process gets a process of its own for each iteration: `measure` says how
+/// many seconds it took.
+template <class Measure>
+void measureInFreshProcesses(benchmark::State& state, Measure measure) {
   for (auto _ : state) {
     int ends[2];
     if (pipe(ends) != 0) std::abort();
     const pid_t child = fork();
     if (child == 0) {
-      void* library = load(VGDT_LIBRARY);
-      const auto begin = std::chrono::steady_clock::now();
-      initialize(library);
-      const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begin;
-      const double count = seconds.count();
-      _exit(write(ends[1], &count, sizeof count) == sizeof count ? 0 : 1);
+      const double seconds = measure();
+      _exit(write(ends[1], &seconds, sizeof seconds) == sizeof seconds ? 0 : 1);
     }
     double seconds = 0;
     if (read(ends[0], &seconds, sizeof seconds) != sizeof seconds) std::abort();
@@ -75,6 +63,27 @@ void startUp(benchmark::State& state) {
     close(ends[1]);
     state.SetIterationTime(seconds);
   }
+}
+
+template <class Work>
+double secondsOf(Work work) {
+  const auto begin = std::chrono::steady_clock::now();
+  work();
+  const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begin;
+  return seconds.count();
+}
+
+void loadLibrary(benchmark::State& state, const char* path) {
+  measureInFreshProcesses(state, [path] { return secondsOf([path] { load(path); }); });
+}
+BENCHMARK_CAPTURE(loadLibrary, empty, VGDT_EMPTY_LIBRARY)->UseManualTime()->Iterations(400);
+BENCHMARK_CAPTURE(loadLibrary, vgdatatypes, VGDT_LIBRARY)->UseManualTime()->Iterations(400);
+
+void startUp(benchmark::State& state) {
+  measureInFreshProcesses(state, [] {
+    void* library = load(VGDT_LIBRARY);
+    return secondsOf([library] { initialize(library); });
+  });
 }
 BENCHMARK(startUp)->UseManualTime()->Iterations(200);
 

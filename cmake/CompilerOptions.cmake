@@ -23,7 +23,9 @@ endif()
 # address.
 add_compile_options(-fno-semantic-interposition -fno-plt)
 
-# A function's statics must not keep the library from being unloaded.
+# The statics of inline functions are ordinary symbols. Unique ones would be looked up in a table of
+# the whole process, and would keep every library loaded that has one, without anybody having said
+# so: the one library that has to stay says it where it is linked.
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
   add_compile_options(-fno-gnu-unique)
 endif()
