@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-/// Writes a formatted text to the host's console: to the innermost ConsoleCapture if there is one,
-/// to standard output otherwise.
+/// Writes a formatted text to the host's console: to the innermost ConsoleCapture of the thread if
+/// there is one, to standard output otherwise.
 [[gnu::format(printf, 1, 2)]] VGHOST_API void utPrintf(const char* format, ...);
 
 namespace vghost {

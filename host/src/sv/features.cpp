@@ -2,6 +2,7 @@
 #include <ut/faults.h>
 
 #include <algorithm>
+#include <atomic>
 #include <forward_list>
 #include <string>
 
@@ -23,7 +24,7 @@ svFeatureEntry* find(const char* name) {
   return found == features().end() ? nullptr : &found->entry;
 }
 
-constinit int status = 0;
+constinit std::atomic<int> status = 0;
 
 }  // namespace
 

@@ -7,7 +7,7 @@
 
 namespace {
 
-constinit vghost::ConsoleCapture* innermost = nullptr;
+constinit thread_local vghost::ConsoleCapture* innermost = nullptr;
 
 }  // namespace
 

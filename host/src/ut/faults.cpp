@@ -1,25 +1,28 @@
+#include "SharedCount.h"
+
 #include <messages/catalog.h>
 #include <ut/faults.h>
 #include <vcos/exceptions.h>
 #include <vx/errors.h>
 
+#include <atomic>
 #include <string>
 
 namespace vghost::faults {
 namespace {
 
-/// Counts events, and knows which of them fail.
+/// Counts events, and knows which of them fail. Threads may count at once; one at a time arms it.
 class Counter {
  public:
   void arm(std::uint64_t nth, Repeat repeat) noexcept {
-    failFrom_ = count_ + nth;
     repeat_ = repeat;
+    failFrom_ = count_.get() + nth;
   }
   void disarm() noexcept { failFrom_ = kNever; }
-  std::uint64_t count() const noexcept { return count_; }
+  std::uint64_t count() const noexcept { return count_.get(); }
 
   bool next() noexcept {
-    if (++count_ < failFrom_) [[likely]]
+    if (count_.add(1) < failFrom_.load(std::memory_order_relaxed)) [[likely]]
       return false;
     if (repeat_ == Repeat::Once) disarm();
     return true;
@@ -28,8 +31,8 @@ class Counter {
  private:
   static constexpr std::uint64_t kNever = UINT64_MAX;
 
-  std::uint64_t count_ = 0;
-  std::uint64_t failFrom_ = kNever;
+  SharedCount count_;
+  std::atomic<std::uint64_t> failFrom_ = kNever;
   Repeat repeat_ = Repeat::Once;
 };
 

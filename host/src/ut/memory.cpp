@@ -1,3 +1,5 @@
+#include "SharedCount.h"
+
 #include <ut/faults.h>
 #include <ut/memory.h>
 
@@ -6,10 +8,10 @@
 
 namespace {
 
-constinit std::size_t live = 0;
+constinit vghost::SharedCount live;
 
 void* counted(void* block) noexcept {
-  if (block) ++live;
+  if (block) live.add(1);
   return block;
 }
 
@@ -36,14 +38,14 @@ char* utStrdup(const char* text) noexcept {
 
 void utFree(void* block) noexcept {
   if (!block) return;
-  --live;
+  live.subtract(1);
   std::free(block);
 }
 
 namespace vghost {
 
 std::size_t liveBlocks() noexcept {
-  return live;
+  return live.get();
 }
 
 }  // namespace vghost

@@ -125,7 +125,8 @@ void COSClass::addProperty(const char* name, COSNameID type) {
   if (findProperty(nameID))
     throw COSMsgException(std::string("The class ") + getName() + " has a property " + name +
                           " already.");
-  properties_.emplace_back(new Property(nameID, std::move(dataType), properties_.size()));
+  COSInterfacePtr property(new Property(nameID, std::move(dataType), properties_.size()));
+  properties_.push_back(std::move(property));
 }
 
 COSInterfacePtr COSClass::findProperty(COSNameID name) const {

@@ -1,22 +1,25 @@
 #pragma once
 
+#include "../ut/SharedCount.h"
+
 #include <vcos/COSInterface.h>
 
 namespace vcos {
 
-/// An object that ends with its last reference. As it stands it has no class and no properties.
+/// An object that is destroyed with its last reference; threads may share it. As it stands it has
+/// no class and no properties.
 class CountedObject : public COSInterface {
  public:
   bool isDestroyed() const override { return false; }
   COSClass* getClass() const override { return nullptr; }
   COSInterfacePtr findProperty(COSNameID) const override { return {}; }
-  void addRef() noexcept final { ++references_; }
+  void addRef() noexcept final { references_.add(1); }
   void release() noexcept final {
-    if (--references_ == 0) delete this;
+    if (references_.subtract(1) == 0) delete this;
   }
 
  private:
-  std::size_t references_ = 0;
+  vghost::SharedCount references_;
 };
 
 }  // namespace vcos

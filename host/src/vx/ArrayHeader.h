@@ -2,6 +2,8 @@
 
 /// What a host array is made of. Only the files of this folder look inside.
 
+#include "../ut/SharedCount.h"
+
 #include <vcos/COSInterface.h>
 #include <vx/array.h>
 
@@ -52,7 +54,7 @@ class Block : public ArrayStorage {
   /// The elements of an m by n matrix as those of its n by m transpose.
   virtual BlockPtr transposed(std::size_t m, std::size_t n) const = 0;
 
-  bool isShared() const noexcept { return owners_ > 1; }
+  bool isShared() const noexcept { return owners_.get() > 1; }
 
  protected:
   /// `bytes` of elements count towards the memory that all arrays have together.
@@ -61,12 +63,12 @@ class Block : public ArrayStorage {
   Block& operator=(const Block&) = delete;
 
  private:
-  friend void intrusive_ptr_add_ref(Block* block) noexcept { ++block->owners_; }
+  friend void intrusive_ptr_add_ref(Block* block) noexcept { block->owners_.add(1); }
   friend void intrusive_ptr_release(Block* block) noexcept {
-    if (--block->owners_ == 0) delete block;
+    if (block->owners_.subtract(1) == 0) delete block;
   }
 
-  std::size_t owners_ = 0;
+  SharedCount owners_;
   std::size_t bytes_;
 };
 

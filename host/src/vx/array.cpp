@@ -1,3 +1,4 @@
+#include "../ut/SharedCount.h"
 #include "ArrayHeader.h"
 
 #include <messages/catalog.h>
@@ -18,8 +19,8 @@ using vghost::faults::countHostCall;
 namespace vghost {
 namespace {
 
-constinit std::size_t live = 0;
-constinit std::size_t liveBytes = 0;
+constinit SharedCount live;
+constinit SharedCount liveBytes;
 
 struct ClassRow {
   const char* name;
@@ -70,7 +71,7 @@ std::size_t& memoryLimit() noexcept {
 }
 
 std::size_t memoryLeft() noexcept {
-  return memoryLimit() - std::min(liveBytes, memoryLimit());
+  return memoryLimit() - std::min(liveBytes.get(), memoryLimit());
 }
 
 [[noreturn]] void raiseTooLarge(const std::size_t* dimensions, std::size_t numberOfDimensions) {
@@ -175,11 +176,11 @@ void reshape(const char* operation, vxArray* array, const std::size_t* dimension
 }  // namespace
 
 Block::Block(std::size_t bytes) noexcept : bytes_(bytes) {
-  liveBytes += bytes;
+  liveBytes.add(bytes);
 }
 
 Block::~Block() {
-  liveBytes -= bytes_;
+  liveBytes.subtract(bytes_);
 }
 
 PlainBlock::PlainBlock(std::size_t count, std::size_t elementSize, bool complex)
@@ -268,7 +269,7 @@ void setArrayMemoryLimit(std::size_t bytes) noexcept {
 }
 
 std::size_t liveArrays() noexcept {
-  return live;
+  return live.get();
 }
 
 std::string sizeText(const std::size_t* dimensions, std::size_t numberOfDimensions) {
@@ -285,7 +286,7 @@ std::string sizeText(const std::size_t* dimensions, std::size_t numberOfDimensio
 using namespace vghost;
 
 vxArray_tag::vxArray_tag(vxClassID newClass) : classID(newClass) {
-  ++live;
+  live.add(1);
   enlist(this);
 }
 
@@ -298,12 +299,12 @@ vxArray_tag::vxArray_tag(const vxArray_tag& other)
       dimensions(other.dimensions),
       block(other.block),
       names(other.names) {
-  ++live;
+  live.add(1);
   enlist(this);
 }
 
 vxArray_tag::~vxArray_tag() {
-  --live;
+  live.subtract(1);
 }
 
 std::size_t vxArray_tag::count() const noexcept {

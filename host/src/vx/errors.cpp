@@ -6,6 +6,7 @@
 #include <ut/console.h>
 #include <vx/errors.h>
 
+#include <atomic>
 #include <cstdarg>
 #include <memory>
 #include <utility>
@@ -34,8 +35,9 @@ class UserError final
   std::shared_ptr<const Texts> texts_;  // shared, since a thrown exception must copy without fail
 };
 
+/// Each thread has a last error of its own.
 UserError& lastError() {
-  static auto& error = *new UserError("", "");
+  thread_local UserError error("", "");
   return error;
 }
 
@@ -47,8 +49,8 @@ UserError& lastError() {
 
 constexpr int kNumberToText = 17;
 
-constinit vxErrorMode errorMode = vxERROR_MODE_RAISE;
-constinit vghost::WarningCapture* innermostCapture = nullptr;
+constinit std::atomic<vxErrorMode> errorMode = vxERROR_MODE_RAISE;
+constinit thread_local vghost::WarningCapture* innermostCapture = nullptr;
 
 }  // namespace
 
@@ -85,7 +87,7 @@ void vxGetLastErrIdAndMsg(const char** identifier, const char** message) {
 }
 
 vxErrorMode vxSetErrorMode(vxErrorMode mode) noexcept {
-  return std::exchange(errorMode, mode);
+  return errorMode.exchange(mode);
 }
 
 namespace vghost {

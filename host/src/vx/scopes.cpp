@@ -40,8 +40,9 @@ struct vxAllocListContext {
 
 namespace {
 
-constinit vxArrayListContext* arrayContext = nullptr;
-constinit vxAllocListContext* allocContext = nullptr;
+// Each thread has contexts of its own.
+constinit thread_local vxArrayListContext* arrayContext = nullptr;
+constinit thread_local vxAllocListContext* allocContext = nullptr;
 
 void* allocate(std::size_t size) noexcept {
   if (size > PTRDIFF_MAX) return nullptr;
