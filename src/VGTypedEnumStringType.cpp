@@ -108,7 +108,9 @@ struct VGTypedEnumStringType::Names {
 
 VGTypedEnumStringType::VGTypedEnumStringType(const char* name) {
   register_package(kPackageName, noDescription, noDetails);
-  const std::string fullName = std::string(kPackageName) + '.' + name;
+  std::string fullName;
+  fullName.reserve(64);  // most names fit, and take one block of memory then
+  fullName.append(kPackageName).append(".").append(name);
   static const COSNameID baseTypeName("uint32 scalar");
   const COSDataTypePtr baseType = COSTypeRepository::getType(baseTypeName);
   const COSDataTypePtr known = COSTypeRepository::getType(COSNameID(fullName.c_str()));
