@@ -31,7 +31,7 @@ class Counter {
  private:
   static constexpr std::uint64_t kNever = UINT64_MAX;
 
-  SharedCount count_;
+  Tally count_;
   std::atomic<std::uint64_t> failFrom_ = kNever;
   Repeat repeat_ = Repeat::Once;
 };

@@ -8,7 +8,7 @@
 
 namespace {
 
-constinit vghost::SharedCount live;
+constinit vghost::Tally live;
 
 void* counted(void* block) noexcept {
   if (block) live.add(1);

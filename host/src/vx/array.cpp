@@ -19,7 +19,7 @@ using vghost::faults::countHostCall;
 namespace vghost {
 namespace {
 
-constinit SharedCount live;
+constinit Tally live;
 constinit SharedCount liveBytes;
 
 struct ClassRow {
