@@ -9,10 +9,11 @@ namespace vcos {
 /// entries touches less memory so, and takes less time to fill.
 class PermanentMemory {
  public:
+  static constexpr std::size_t kAlignment = 8;
+
   static void* allocate(std::size_t size) {
     constexpr std::size_t kBlock = 32768;
-    size = (size + alignof(std::max_align_t) - 1) / alignof(std::max_align_t) *
-           alignof(std::max_align_t);
+    size = (size + kAlignment - 1) / kAlignment * kAlignment;
     if (size > kBlock) return ::operator new(size);
     if (size > left_) {
       next_ = static_cast<std::byte*>(::operator new(kBlock));
@@ -31,6 +32,7 @@ class PermanentMemory {
 /// The same for the standard containers. What they give back is not used again.
 template <class T>
 struct PermanentAllocator {
+  static_assert(alignof(T) <= PermanentMemory::kAlignment);
   using value_type = T;
   PermanentAllocator() = default;
   template <class Other>
