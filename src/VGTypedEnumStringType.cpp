@@ -4,12 +4,14 @@
 #include <graphics/datatype/registration.h>
 #include <vcos/COSTypeRepository.h>
 #include <vcos/TypedEnumStringType.h>
+#include <vcos/exceptions.h>
 
 #include <algorithm>
 #include <cctype>
 #include <iterator>
 #include <locale>
 #include <memory>
+#include <new>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -148,13 +150,15 @@ VGTypedEnumStringType::Names& VGTypedEnumStringType::names() const {
 
 /// Threads that ask at the same time make the names more than once, and agree on those that were
 /// there first.
-VGTypedEnumStringType::Names& VGTypedEnumStringType::makeNames() const {
+VGTypedEnumStringType::Names& VGTypedEnumStringType::makeNames() const try {
   auto made = std::make_unique<Names>();
   made->list.reserve(rows_.size());
   for (const EnumeratedName& row : rows_)
     made->add(row.name);
   Names* first = nullptr;
   return names_.compare_exchange_strong(first, made.get()) ? *made.release() : *first;
+} catch (const std::bad_alloc&) {
+  throw vcos::COSOutOfMemoryException();
 }
 
 void VGTypedEnumStringType::addElement(COSValue value, const char* name) {

@@ -346,6 +346,15 @@ TEST(AllocationSweep, TheDefaultMayFailAndIsMadeAtTheNextCall) {
 TEST(AllocationSweep, ATableThatCouldNotBeMadeIsMadeInFullLater) {
   test::inChildProcess([] {
     VLInitialize_vgdatatypes();
+    // The names of a type are copied when it is first asked for one, in two blocks.
+    const vcos::COSNameID name("vortil.graphics.datatype.AutoManual");
+    const auto type = vcos::TypeAccess::find(name).value();
+    for (const std::uint64_t nth : {1, 2}) {
+      test::failNew(nth);
+      EXPECT_THROW(type.fromText("manual"), vcos::COSOutOfMemoryException);
+    }
+    const vcos::OwnedValue value(type.dataType(), type.fromText("manual"));
+    EXPECT_EQ(type.toText(value.get()), "manual");
     for (const Allocator& allocator : kAllocators) {
       sweep(allocator, false, [](const Allocator& failing) {
         const auto makeTable = [] {
@@ -404,8 +413,9 @@ Cost costOf(Work&& work) {
 void expectLeanConversions(const Subject& subject) {
   const vcos::COSTypeConversion& texts = *subject.access.textConversion();
   const vcos::COSTypeConversion& arrays = *subject.access.arrayConversion();
-  static_cast<void>(
-      subject.access.toArray(subject.value.get()));  // the first array of a name is kept
+  // A type keeps its names from the first question on, and the first array of each.
+  static_cast<void>(subject.access.toArray(subject.value.get()));
+  subject.type().destroy(texts.from(COSValue::fromPointer(subject.text.c_str())));
   COSValue value;
   COSValue text;
   COSValue array;
