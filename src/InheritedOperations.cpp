@@ -2,7 +2,6 @@
 
 namespace graphics::datatype {
 
-using vcos::COSDataType;
 using vcos::COSValue;
 
 const char* InheritedOperations::getDescription() const {

@@ -7,8 +7,8 @@
 #include <vcos/exceptions.h>
 
 #include <algorithm>
+#include <array>
 #include <cctype>
-#include <iterator>
 #include <locale>
 #include <memory>
 #include <new>
@@ -81,17 +81,17 @@ struct VGTypedEnumStringType::Names {
 
   void add(std::string name) {
     list.push_back(std::move(name));
-    Range& range = rangeOf(list.back());
+    Range& range = ranges_[placeOf(list.back())];
     if (range.end == 0) range.begin = list.size() - 1;
     range.end = list.size();
   }
-  /// The range keeps the place, which is searched for nothing.
+  /// The range still has the place of the name, where nothing is found.
   void removeLast() { list.pop_back(); }
 
   /// All names that begin with a text are among these.
   std::span<const std::string> candidates(const std::string& text) const {
     if (text.empty()) return list;  // which begins every name
-    const Range& range = const_cast<Names*>(this)->rangeOf(text);
+    const Range& range = ranges_[placeOf(text)];
     return {list.data() + range.begin, std::min(range.end, list.size()) - range.begin};
   }
 
@@ -100,12 +100,14 @@ struct VGTypedEnumStringType::Names {
     std::size_t begin = 0;
     std::size_t end = 0;
   };
-  Range& rangeOf(const std::string& name) {
-    return ranges_[static_cast<unsigned char>(name[0]) % std::size(ranges_)];
+  static constexpr std::size_t kPlaces = 64;
+
+  static std::size_t placeOf(const std::string& name) {
+    return static_cast<unsigned char>(name[0]) % kPlaces;
   }
 
   /// For the first character of a name (several share a place), where the names that begin so are.
-  Range ranges_[64];
+  std::array<Range, kPlaces> ranges_;
 };
 
 VGTypedEnumStringType::VGTypedEnumStringType(const char* name) {

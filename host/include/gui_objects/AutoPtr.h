@@ -6,7 +6,7 @@
 
 namespace gui_objects {
 
-/// Ends a host array.
+/// Destroys a host array.
 struct VxArrayDtor {
   void operator()(vxArray* array) const noexcept { vxDestroyArray(array); }
 };

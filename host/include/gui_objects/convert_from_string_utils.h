@@ -22,7 +22,7 @@
 
 namespace gui_objects::convert_from_string_utils {
 
-/// A text could not be read. It carries nothing; whoever catches it gives the message.
+/// A text could not be read. It carries nothing; whoever catches it raises the message.
 class VGHOST_API ParseException {
  public:
   virtual ~ParseException();

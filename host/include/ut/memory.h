@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-/// The host's general heap. Blocks of these calls are ended with utFree, on whichever side of the
+/// The host's general heap. Blocks of these calls are freed with utFree, on whichever side of the
 /// library boundary they were made.
 
 /// `size` bytes, or null when memory fails. The content is undefined.
@@ -16,7 +16,7 @@
 /// A copy of `text` up to and with its NUL; null when memory fails or `text` is null.
 [[nodiscard]] VGHOST_API char* utStrdup(const char* text) noexcept;
 
-/// Ends a block of one of the calls above. Null does nothing.
+/// Frees a block of one of the calls above. Null does nothing.
 VGHOST_API void utFree(void* block) noexcept;
 
 namespace vghost {

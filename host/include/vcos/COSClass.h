@@ -19,7 +19,7 @@ class VGHOST_API COSPropInfo {
   /// The word as it is held: it stays the object's. A COSException if the
   /// object is destroyed or has no such property.
   virtual COSValue getValue(const COSInterface* object) const = 0;
-  /// Copies the word in and ends the old one. A failing copy leaves the old value in place. A
+  /// Copies the word in and destroys the old one. A failing copy leaves the old value in place. A
   /// COSException if the object is destroyed or has no such property.
   virtual void setValue(COSInterface* object, COSValue value) = 0;
 };
@@ -55,7 +55,7 @@ class VGHOST_API COSClass {
 
   /// A new object with every property at its default.
   COSInterfacePtr createObject() const;
-  /// Marks an object of createObject as destroyed and gives up its values.
+  /// Marks an object of createObject as destroyed and destroys its values.
   static void destroyObject(const COSInterfacePtr& object) noexcept;
 
  private:

@@ -10,7 +10,7 @@
 
 namespace vcos {
 
-/// What the class system knows of one type: how a value is held, compared, copied and ended. The
+/// What the class system knows of one type: how a value is held, compared, copied, destroyed. The
 /// order of the virtual operations is part of the interface.
 class VGHOST_API COSDataType {
  public:
@@ -23,7 +23,7 @@ class VGHOST_API COSDataType {
   virtual const char* getDetailedDescription() const;        ///< null unless overridden
   virtual const char* getPossibleValuesDescription() const;  ///< null unless overridden
   virtual bool isPossibleValuesFinite() const;               ///< false unless overridden
-  /// Empty unless overridden. The elements belong to the caller, who ends them with destroy().
+  /// Empty unless overridden. The elements belong to the caller, who destroys them with destroy().
   virtual Enumeration<COSValue> getPossibleValues() const;
   /// The type's own default word, which nobody else may destroy.
   virtual COSValue getDefaultValue() const = 0;
@@ -39,7 +39,7 @@ class VGHOST_API COSDataType {
   /// A separately owned copy.
   virtual COSValue copy(COSValue value) const = 0;
   virtual COSValue copyInternal(COSValue value) const;  ///< copy() unless overridden
-  /// Ends a value. Null is accepted.
+  /// Destroys a value. Null is accepted.
   virtual void destroy(COSValue value) const = 0;
   virtual void destroyInternal(COSValue value) const;  ///< destroy() unless overridden
   virtual std::size_t getHashCode(const COSValue& value);

@@ -33,7 +33,7 @@ class VGHOST_API COSTypeRepository {
   static COSDataTypePtr findType(COSNameID name);
   /// Makes a type known. The repository does not own it. A COSException if the name is taken.
   static void addType(COSNameID name, COSDataType* type);
-  /// Forgets a type. Pointers to it that are still around give null from now on.
+  /// Forgets a type. Pointers to it that are still around return null from now on.
   static void removeType(COSNameID name);
 
   /// Takes the conversion over for the life of the process, also when it throws. A COSException if

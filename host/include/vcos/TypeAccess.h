@@ -13,7 +13,7 @@ namespace vcos {
 
 using ArrayOwner = gui_objects::AutoPtr<vxArray, gui_objects::VxArrayDtor>;
 
-/// Owner of a value word: ends it with its data type's destroy().
+/// Owner of a value word: destroys it with its data type's destroy().
 class VGHOST_API OwnedValue {
  public:
   OwnedValue(const COSDataType& type, COSValue value) noexcept : type_(&type), value_(value) {}
@@ -49,10 +49,10 @@ class VGHOST_API TypeAccess {
   /// A new value from a host array, which stays the caller's; whether it may be null is for the
   /// type to say.
   COSValue fromArray(const vxArray* array) const;
-  /// The text of a value, whether the conversion gives a constant or a string to be freed; none
+  /// The text of a value, whether the conversion returns a constant or a string to be freed; none
   /// where the type has no text form for it.
   std::optional<std::string> toText(COSValue value) const;
-  /// The host array of a value; null where the type gives none.
+  /// The host array of a value; null where the type has none.
   ArrayOwner toArray(COSValue value) const;
 
  private:

@@ -3,7 +3,7 @@
 /// The host array interface. A host array has a class, two or more dimensions (column-major), and a
 /// block of elements that copies share until one of them is written to.
 ///
-/// Ownership: an array that an operation creates belongs to the caller, who ends it with
+/// Ownership: an array that an operation creates belongs to the caller, who frees it with
 /// vxDestroyArray, until it is handed on. Inside an array-list context (vx/scopes.h) it also
 /// stands on that context's list, and the end of the context destroys it unless it was detached.
 ///
@@ -171,7 +171,7 @@ VGHOST_API void vxDestroyArray(vxArray* array) noexcept;
 /// The characters of a char array in storage order as UTF-8. An array of another class raises
 /// "VORTIL:class:VORTILConversionError".
 VGHOST_API std::string vxArrayToStdString(const vxArray* array);
-/// The same as a C string, ended with utFree; null when memory fails.
+/// The same as a C string, freed with utFree; null when memory fails.
 [[nodiscard]] VGHOST_API char* vxArrayToString(const vxArray* array);
 /// The same in memory of `allocate`; null when memory fails.
 [[nodiscard]] VGHOST_API char* vxCreateCStrFromArray(const vxArray* array,

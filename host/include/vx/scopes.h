@@ -26,12 +26,12 @@ VGHOST_API void vxSetArrayScope(vxArray* array, int scope) noexcept;
 /// Ends the context and frees what is still on its list.
 VGHOST_API void vxRestorePreviousAllocListContext(vxAllocListContext* context) noexcept;
 
-/// Memory that ends with vxFree, or with the alloc-list context that it was made in. Null when
+/// Memory that is freed with vxFree, or with the alloc-list context that it was made in. Null when
 /// memory fails.
 [[nodiscard]] VGHOST_API void* vxMalloc(std::size_t size) noexcept;
 [[nodiscard]] VGHOST_API void* vxCalloc(std::size_t count, std::size_t size) noexcept;
 VGHOST_API void vxFree(void* block) noexcept;
 
-/// Memory that stands on no list and ends only with vxFreeEx. Null when memory fails.
+/// Memory that stands on no list and is freed only with vxFreeEx. Null when memory fails.
 [[nodiscard]] VGHOST_API void* vxMallocEx(std::size_t size) noexcept;
 VGHOST_API void vxFreeEx(void* block) noexcept;

@@ -29,7 +29,7 @@ class PermanentMemory {
   static inline constinit std::size_t left_ = 0;
 };
 
-/// The same for the standard containers. What they give back is not used again.
+/// The same for the standard containers. What they return is not used again.
 template <class T>
 struct PermanentAllocator {
   static_assert(alignof(T) <= PermanentMemory::kAlignment);
