@@ -22,6 +22,39 @@ Failure hostFailure(const Lindgrove::System::utErrorException_DEPRECATED& wrappe
   return {FailureKind::Host, "", wrapped.what()};
 }
 
+Failure memoryFailure() {
+  return {FailureKind::Memory, "", "out of memory"};  // short enough to need no memory
+}
+
+/// What is being handled right now.
+Failure describeCurrent() {
+  try {
+    throw;
+  } catch (const Lindgrove::System::utErrorException_DEPRECATED& error) {
+    return hostFailure(error);
+  } catch (const fl::except::IUserException& error) {
+    return {FailureKind::Host, error.GetID(), error.GetMessageTxt()};
+  } catch (const gui_objects::convert_from_string_utils::ParseException&) {
+    return {FailureKind::Parse, "", ""};
+  } catch (const graphics::datatype::InvalidValueException& error) {
+    return {FailureKind::InvalidValue, error.identifier(), error.text()};
+  } catch (const vcos::COSOutOfMemoryException&) {
+    return memoryFailure();
+  } catch (const Lindgrove::System::OutOfMemoryException_DEPRECATED&) {
+    return memoryFailure();
+  } catch (const std::bad_alloc&) {
+    return memoryFailure();
+  } catch (const Lindgrove::System::InternalException_DEPRECATED&) {
+    return {FailureKind::Other, "", ""};  // what() says no more than that it is one
+  } catch (const RequestError& error) {
+    return {FailureKind::Request, "", error.what()};
+  } catch (const std::exception& error) {
+    return {FailureKind::Other, "", error.what()};
+  } catch (...) {
+    return {FailureKind::Other, "", ""};
+  }
+}
+
 }  // namespace
 
 const char* nameOf(FailureKind kind) {
@@ -44,29 +77,9 @@ const char* nameOf(FailureKind kind) {
 
 Failure currentFailure() {
   try {
-    throw;
-  } catch (const Lindgrove::System::utErrorException_DEPRECATED& error) {
-    return hostFailure(error);
-  } catch (const fl::except::IUserException& error) {
-    return {FailureKind::Host, error.GetID(), error.GetMessageTxt()};
-  } catch (const gui_objects::convert_from_string_utils::ParseException&) {
-    return {FailureKind::Parse, "", ""};
-  } catch (const graphics::datatype::InvalidValueException& error) {
-    return {FailureKind::InvalidValue, error.identifier(), error.text()};
-  } catch (const vcos::COSOutOfMemoryException& error) {
-    return {FailureKind::Memory, "", error.what()};
-  } catch (const Lindgrove::System::OutOfMemoryException_DEPRECATED& error) {
-    return {FailureKind::Memory, "", error.what()};
-  } catch (const std::bad_alloc&) {
-    return {FailureKind::Memory, "", "out of memory"};
-  } catch (const Lindgrove::System::InternalException_DEPRECATED&) {
-    return {FailureKind::Other, "", ""};  // what() says no more than that it is one
-  } catch (const RequestError& error) {
-    return {FailureKind::Request, "", error.what()};
-  } catch (const std::exception& error) {
-    return {FailureKind::Other, "", error.what()};
+    return describeCurrent();
   } catch (...) {
-    return {FailureKind::Other, "", ""};
+    return memoryFailure();
   }
 }
 

@@ -16,7 +16,7 @@ class RequestError : public std::runtime_error {
 enum class FailureKind { Host, Parse, InvalidValue, Memory, Request, Other };
 
 struct Failure {
-  FailureKind kind;
+  FailureKind kind = FailureKind::Other;
   std::string identifier;  ///< empty where there is none
   std::string message;     ///< empty where there is none
 };
@@ -24,7 +24,8 @@ struct Failure {
 /// "host", "parse", "invalid-value", ...
 const char* nameOf(FailureKind kind);
 
-/// What is being handled right now. Only inside a catch block.
+/// What is being handled right now. Only inside a catch block. Where there is no memory for the
+/// words of a failure, that is the failure.
 Failure currentFailure();
 
 /// Runs `work` and says how it failed; none if it did not.

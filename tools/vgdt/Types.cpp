@@ -11,15 +11,16 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <unordered_map>
 
 namespace vgdt {
 namespace {
 
 constexpr const char* kPackage = "vortil.graphics.datatype";
 
-std::vector<vcos::COSDataType*> dataTypesOfLibrary() {
-  const vcos::COSPackage* package = vcos::COSPackage::getPackage(vcos::COSNameID(kPackage));
-  return package ? package->getDataTypes() : std::vector<vcos::COSDataType*>();
+/// Null before the library has started up.
+const vcos::COSPackage* findPackage() {
+  return vcos::COSPackage::getPackage(vcos::COSNameID(kPackage));
 }
 
 /// None for a type that lacks a conversion: nothing could be put through it.
@@ -30,10 +31,26 @@ std::optional<Type> asType(const vcos::COSDataType& dataType) {
   return Type{dataType.getName(), *access, false};
 }
 
-std::optional<Type> findLibraryType(const std::string& name) {
-  for (const vcos::COSDataType* dataType : dataTypesOfLibrary())
-    if (name == dataType->getName()) return asType(*dataType);
-  return std::nullopt;
+using TypesByName = std::unordered_map<std::string, Type>;
+
+TypesByName typesOf(const vcos::COSPackage& package) {
+  TypesByName types;
+  for (const vcos::COSDataType* dataType : package.getDataTypes())
+    if (const auto type = asType(*dataType)) types.emplace(type->name, *type);
+  return types;
+}
+
+/// Looked up once, and again when the library has got another type.
+const TypesByName& typesByName() {
+  static TypesByName types;
+  static std::size_t count = 0;
+  static const vcos::COSPackage* package = nullptr;
+  if (!package) package = findPackage();
+  if (package && package->getDataTypes().size() != count) {
+    types = typesOf(*package);
+    count = package->getDataTypes().size();
+  }
+  return types;
 }
 
 std::optional<vcos::TypeAccess> findScalar(const std::string& name) {
@@ -42,6 +59,27 @@ std::optional<vcos::TypeAccess> findScalar(const std::string& name) {
   const auto known = vcos::COSNameID::find(name);
   return known ? vcos::TypeAccess::find(*known) : std::nullopt;
 }
+
+/// The possible values of a type, each destroyed by whoever took it and the rest in the end.
+class PossibleValues {
+ public:
+  explicit PossibleValues(const vcos::COSDataType& type)
+      : type_(type),
+        values_(type.getPossibleValues()) {}
+  ~PossibleValues() {
+    while (hasMore())
+      type_.destroy(values_.nextElement());
+  }
+  PossibleValues(const PossibleValues&) = delete;
+  PossibleValues& operator=(const PossibleValues&) = delete;
+
+  bool hasMore() const { return values_.hasMoreElements(); }
+  vcos::OwnedValue next() { return {type_, values_.nextElement()}; }
+
+ private:
+  const vcos::COSDataType& type_;
+  vcos::Enumeration<vcos::COSValue> values_;
+};
 
 bool isEnumerated(const Type& type) {
   return dynamic_cast<const graphics::datatype::VGTypedEnumStringType*>(&type.access.dataType());
@@ -65,8 +103,8 @@ std::string acceptedTexts(const Type& scalar) {
 
 std::vector<Type> libraryTypes() {
   std::vector<Type> types;
-  for (const vcos::COSDataType* dataType : dataTypesOfLibrary())
-    if (const auto type = asType(*dataType)) types.push_back(*type);
+  for (const auto& [name, type] : typesByName())
+    types.push_back(type);
   std::ranges::sort(types, {}, [](const Type& type) { return lowerCase(type.name); });
   return types;
 }
@@ -79,14 +117,15 @@ std::vector<std::string> libraryTypeNames() {
 }
 
 Type requireType(const std::string& name) {
-  if (const auto type = findLibraryType(name)) return *type;
+  const TypesByName& types = typesByName();
+  if (const auto found = types.find(name); found != types.end()) return found->second;
   if (const auto access = findScalar(name)) {
     if (access->textConversion()) return {name, *access, true};
     throw RequestError(fmt::format("the type \"{}\" has no text form", name));
   }
   const auto nearest = nearestName(name, libraryTypeNames());
   throw RequestError(fmt::format(
-      "there is no type \"{}\"; {}", onOneLine(name, kMaxQuoted),
+      "there is no type \"{}\"; {}", shortened(name),
       nearest ? fmt::format("did you mean \"{}\"?", *nearest) : "\"types\" lists those there are"));
 }
 
@@ -99,12 +138,9 @@ std::string familyOf(const Type& type) {
 
 std::vector<std::string> possibleValueTexts(const Type& type) {
   std::vector<std::string> texts;
-  const vcos::COSDataType& dataType = type.access.dataType();
-  vcos::Enumeration<vcos::COSValue> values = dataType.getPossibleValues();
-  while (values.hasMoreElements()) {
-    const vcos::OwnedValue value(dataType, values.nextElement());
-    texts.push_back(type.access.toText(value.get()).value_or(""));
-  }
+  PossibleValues values(type.access.dataType());
+  while (values.hasMore())
+    texts.push_back(type.access.toText(values.next().get()).value_or(""));
   return texts;
 }
 

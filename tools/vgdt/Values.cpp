@@ -19,20 +19,8 @@ vcos::COSValue fromText(const Type& type, const std::string& text) {
   return type.access.fromText(text.c_str());
 }
 
-vcos::ArrayOwner readLiteral(const std::string& literal) {
-  try {
-    return parseLiteral(literal);
-  } catch (const LiteralError& error) {
-    throw LiteralError(error.position(),
-                       fmt::format("column {} of the literal: {}",
-                                   columnOf(literal, error.position()), error.what()));
-  }
-}
-
 vcos::COSValue fromLiteral(const Type& type, const std::string& literal) {
-  requireMoreThanText(type);
-  const vcos::ArrayOwner array = readLiteral(literal);
-  return type.access.fromArray(array.get());
+  return type.access.fromArray(readLiteral(type, literal).get());
 }
 
 vcos::COSValue wordNamed(const Type& type, const std::string& name) {
@@ -42,15 +30,18 @@ vcos::COSValue wordNamed(const Type& type, const std::string& name) {
   throw RequestError("\"word\" is \"default\" or \"null\"");
 }
 
-/// What `make` gives, or the error that it ends in.
-template <class Make>
-Json formOr(Make&& make) {
-  Json form;
-  const auto failure = failureOf([&] { form = make(); });
-  return failure ? Json{{"error", jsonOf(*failure)}} : form;
-}
-
 }  // namespace
+
+vcos::ArrayOwner readLiteral(const Type& type, const std::string& literal) {
+  requireMoreThanText(type);
+  try {
+    return parseLiteral(literal);
+  } catch (const LiteralError& error) {
+    throw LiteralError(error.position(),
+                       fmt::format("column {} of the literal: {}",
+                                   columnOf(literal, error.position()), error.what()));
+  }
+}
 
 Value::Value(const Type& type, const GivenValue& given) {
   if (given.route == GivenValue::Route::Word) {
@@ -59,6 +50,10 @@ Value::Value(const Type& type, const GivenValue& given) {
   }
   word_ = given.route == GivenValue::Route::Text ? fromText(type, given.content)
                                                  : fromLiteral(type, given.content);
+  owner_.emplace(type.access.dataType(), word_);
+}
+
+Value::Value(const Type& type, const vxArray* array) : word_(type.access.fromArray(array)) {
   owner_.emplace(type.access.dataType(), word_);
 }
 
@@ -74,14 +69,13 @@ std::string wordText(vcos::COSValue word) {
   return fmt::format("0x{:016x}", word.bits());
 }
 
-Json valueForm(const Type& type, vcos::COSValue word) {
-  Json form{{"null", !type.isImmediate() && word.isNull()}};
-  if (type.isImmediate()) form["word"] = wordText(word);
-  form["text"] = formOr([&]() -> Json {
-    const auto text = textOf(type, word);
-    return text ? Json(*text) : Json();
-  });
-  form["array"] = formOr([&] { return jsonOf(arrayOf(type, word).get()); });
+ValueForm valueForm(const Type& type, vcos::COSValue word) {
+  ValueForm form;
+  form.isNull = !type.isImmediate() && word.isNull();
+  if (type.isImmediate()) form.wordText = wordText(word);
+  form.textFailure = failureOf([&] { form.text = textOf(type, word); });
+  form.arrayFailure = failureOf([&] { form.array = arrayOf(type, word); });
+  if (form.array) vxSetArrayScope(form.array.get(), 0);
   return form;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Errors.h"
 #include "Types.h"
-#include "requests/JsonForms.h"
 
 #include <vx/scopes.h>
 
@@ -33,12 +33,18 @@ struct GivenValue {
   std::string content;
 };
 
+/// The array of a literal for the array conversion. RequestError if the type has none, LiteralError
+/// (with the column in its text) if the literal does not parse.
+vcos::ArrayOwner readLiteral(const Type& type, const std::string& literal);
+
 /// A value of a type. The type's default word is shown as it is, never copied and never destroyed.
 class Value {
  public:
-  /// RequestError if the type has no such route, LiteralError (with the column in its text) if a
-  /// literal does not parse; otherwise whatever the conversion throws.
+  /// RequestError if the type has no such route, LiteralError as readLiteral(); otherwise whatever
+  /// the conversion throws.
   Value(const Type& type, const GivenValue& given);
+  /// From what readLiteral() gave.
+  Value(const Type& type, const vxArray* array);
 
   vcos::COSValue word() const { return word_; }
 
@@ -55,8 +61,15 @@ vcos::ArrayOwner arrayOf(const Type& type, vcos::COSValue word);
 /// "0x0000000000000001".
 std::string wordText(vcos::COSValue word);
 
-/// {"null", "word", "text", "array"} of a value. A conversion that raises has its error in place of
-/// the member.
-Json valueForm(const Type& type, vcos::COSValue word);
+/// What there is to show of a value. It outlives the value and the present ArrayScope.
+struct ValueForm {
+  bool isNull;
+  std::string wordText;  ///< empty where the word is a pointer
+  std::optional<std::string> text;
+  std::optional<Failure> textFailure;  ///< how the conversion to text ended, if it raised
+  vcos::ArrayOwner array;
+  std::optional<Failure> arrayFailure;
+};
+ValueForm valueForm(const Type& type, vcos::COSValue word);
 
 }  // namespace vgdt

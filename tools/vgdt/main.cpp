@@ -1,4 +1,5 @@
 #include "commands/Commands.h"
+#include "text/TextDisplay.h"
 
 #include <fmt/format.h>
 #include <graphics/datatype/vgdatatypes.h>
@@ -62,9 +63,9 @@ class CommandLine {
         app_.get_subcommands().empty() && !rest.empty() && !rest.front().starts_with('-');
     return fmt::format(
         "{} {}\nRun with --help for more information.\n", console_.errorStyle.error("vgdt:"),
-        isUnknownCommand ? fmt::format("there is no command \"{}\"; the commands are {}",
-                                       rest.front(), commandNames())
-                         : error.what());
+        onOneLine(isUnknownCommand ? fmt::format("there is no command \"{}\"; the commands are {}",
+                                                 rest.front(), commandNames())
+                                   : error.what()));
   }
 
   CLI::App* addCommand(const std::string& name, const std::string& description,
@@ -166,17 +167,19 @@ std::string textOf(const Failure& failure) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // With buffers of their own, the streams are faster and tell a read error from the end.
+  std::ios::sync_with_stdio(false);
   const Console console{std::cout, std::cerr, Style(wantsColour(STDOUT_FILENO)),
                         Style(wantsColour(STDERR_FILENO))};
   int status = kDone;
   const auto failure = failureOf([&] { status = CommandLine(console).run(argc, argv); });
   if (failure) {
     status = kNotUnderstood;
-    console.errors << console.errorStyle.error("vgdt:") << ' ' << textOf(*failure) << '\n';
+    reportProblem(console, textOf(*failure));
   }
   if (!std::cout.flush()) {
     status = kNotUnderstood;
-    console.errors << console.errorStyle.error("vgdt:") << " the output cannot be written\n";
+    reportProblem(console, "the output cannot be written");
   }
   return status;
 }

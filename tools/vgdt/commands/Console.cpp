@@ -9,16 +9,17 @@
 namespace vgdt {
 
 void reportProblem(const Console& console, std::string_view problem) {
-  console.errors << console.errorStyle.error("vgdt:") << ' ' << problem << '\n';
+  console.errors << console.errorStyle.error("vgdt:") << ' ' << onOneLine(problem) << '\n';
 }
 
-ExitStatus printReply(const Console& console, const Served& served) {
-  console.output << dump(served.reply) << '\n';
-  return served.status;
+ExitStatus printReply(const Console& console, const Reply& reply) {
+  JsonWriter writer(console.output);
+  writeReply(writer, {}, reply);
+  return reply.status();
 }
 
 void printField(std::ostream& stream, std::string_view name, std::string_view value) {
-  stream << "  " << padded(std::string(name), 12) << value << '\n';
+  stream << "  " << padded(std::string(name), 12) << onOneLine(value) << '\n';
 }
 
 void printField(std::ostream& stream, std::string_view name,

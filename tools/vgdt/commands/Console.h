@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Types.h"
-#include "requests/Requests.h"
+#include "requests/Reply.h"
 #include "text/Terminal.h"
 
 #include <ostream>
@@ -22,11 +22,11 @@ struct Console {
 /// How many elements of an array a person is shown.
 inline constexpr std::size_t kMaxElements = 100;
 
-/// "vgdt: there is no ..."
+/// "vgdt: there is no ...". As all texts that follow, the problem is shown as onOneLine() shows it.
 void reportProblem(const Console& console, std::string_view problem);
 
-/// The JSON of a reply, and its status.
-ExitStatus printReply(const Console& console, const Served& served);
+/// The JSON of a reply to a request of the command line, and its status.
+ExitStatus printReply(const Console& console, const Reply& reply);
 
 /// "  name        value".
 void printField(std::ostream& stream, std::string_view name, std::string_view value);

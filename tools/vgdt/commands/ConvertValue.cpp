@@ -1,6 +1,7 @@
 #include "commands/Commands.h"
 #include "literal/Literal.h"
 #include "literal/LiteralPrinter.h"
+#include "requests/Requests.h"
 #include "text/Nearest.h"
 #include "text/ShapedWords.h"
 #include "text/TextDisplay.h"
@@ -17,20 +18,18 @@ const char* memberOf(GivenValue::Route route) {
   return route == GivenValue::Route::Text ? "text" : "array";
 }
 
-/// The text that a user has given, on whichever route.
-std::optional<std::string> textGiven(const GivenValue& given) {
+/// What stands where a name is expected: the given text, or the text of the given char array.
+std::optional<std::string> nameTried(const GivenValue& given, const vxArray* array) {
   if (given.route == GivenValue::Route::Text) return given.content;
-  const vcos::ArrayOwner array = parseLiteral(given.content);
-  if (vxGetClassID(array.get()) != vxCHAR_CLASS) return std::nullopt;
-  return vxArrayToStdString(array.get());
+  if (!array || vxGetClassID(array) != vxCHAR_CLASS) return std::nullopt;
+  return vxArrayToStdString(array);
 }
 
-/// The array that a shaped array type has refused.
-vcos::ArrayOwner givenArray(const graphics::datatype::shaped::ShapedType& rules,
-                            const GivenValue& given) {
+/// The array that a shaped array type has read from a text.
+vcos::ArrayOwner arrayOfText(const graphics::datatype::shaped::ShapedType& rules,
+                             const std::string& content) {
   namespace convert = gui_objects::convert_from_string_utils;
-  if (given.route == GivenValue::Route::Array) return parseLiteral(given.content);
-  const char* const text = given.content.c_str();
+  const char* const text = content.c_str();
   const auto [rows, columns] = convert::parse_array_dimensions(text);
   return vcos::ArrayOwner(convert::parse_mxn(rows, columns, rules.storageClass, text));
 }
@@ -41,8 +40,8 @@ std::string shownText(const Type& type, vcos::COSValue word) {
   if (const auto failure = failureOf([&] { text = textOf(type, word); }))
     return fmt::format("none: {}", failure->message.empty()
                                        ? "the conversion fails and says nothing"
-                                       : onOneLine(failure->message));
-  return text ? onOneLine(*text) : "none";
+                                       : failure->message);
+  return text.value_or("none");
 }
 
 void printValue(const Console& console, const Type& type, vcos::COSValue word) {
@@ -51,9 +50,8 @@ void printValue(const Console& console, const Type& type, vcos::COSValue word) {
   if (type.isScalar) return;
   const vcos::ArrayOwner array = arrayOf(type, word);
   const std::string literal = formatLiteral(array.get(), kMaxElements);
-  printField(
-      console.output, "array",
-      array ? fmt::format("{}  ({})", onOneLine(literal), sizeAndClass(array.get())) : "none");
+  printField(console.output, "array",
+             array ? fmt::format("{}  ({})", literal, sizeAndClass(array.get())) : "none");
 }
 
 /// "a, b and c".
@@ -63,26 +61,21 @@ std::string listed(const std::vector<std::string>& names) {
 
 /// Which tests of a shaped array type refused the array, and what it takes.
 void explainShape(const Console& console, const graphics::datatype::shaped::ShapedType& rules,
-                  const GivenValue& given, const Failure& failure) {
-  if (failure.identifier.starts_with("VORTIL:vg:shaped_arrays:"))
-    printField(console.errors, "refused", refusals(rules, givenArray(rules, given).get()));
+                  const GivenValue& given, const vxArray* array, const Failure& failure) {
+  const bool isText = given.route == GivenValue::Route::Text;
+  if (failure.identifier.starts_with("VORTIL:vg:shaped_arrays:")) {
+    const vcos::ArrayOwner ofText = isText ? arrayOfText(rules, given.content) : nullptr;
+    printField(console.errors, "refused", refusals(rules, isText ? ofText.get() : array));
+  }
   std::vector<std::string> accepted = acceptedWays(rules);
-  if (given.route == GivenValue::Route::Text)
-    accepted.insert(accepted.begin(), acceptedText(rules));
+  if (isText) accepted.insert(accepted.begin(), acceptedText(rules));
   printField(console.errors, "accepted", accepted);
 }
 
-void explainRefusal(const Console& console, const Type& type, const GivenValue& given,
-                    const Failure& failure) {
-  reportProblem(console, fmt::format("{} does not take this value", type.name));
-  const bool hasIdentifier = !failure.identifier.empty();
-  printField(console.errors, "error", hasIdentifier ? failure.identifier : nameOf(failure.kind));
-  if (!failure.message.empty()) printField(console.errors, "message", onOneLine(failure.message));
-  printField(console.errors, "given",
-             given.content.empty() ? "''" : onOneLine(given.content, kColumns));
-  if (const auto* rules = shapedRules(type)) return explainShape(console, *rules, given, failure);
-  std::optional<std::string> text;
-  static_cast<void>(failureOf([&] { text = textGiven(given); }));
+/// The names that a type takes, and those that were probably meant.
+void explainNames(const Console& console, const Type& type, const GivenValue& given,
+                  const vxArray* array) {
+  const std::optional<std::string> text = nameTried(given, array);
   const auto candidates = text ? namesAbbreviatedBy(*text, type) : std::vector<std::string>();
   if (candidates.size() > 1)
     printField(console.errors, "ambiguous", "between " + listed(candidates));
@@ -92,10 +85,27 @@ void explainRefusal(const Console& console, const Type& type, const GivenValue& 
     console.errors << fmt::format("  did you mean \"{}\"?\n", *nearest);
 }
 
+/// `array` is what a given literal describes.
+void explainRefusal(const Console& console, const Type& type, const GivenValue& given,
+                    const vxArray* array, const Failure& failure) {
+  reportProblem(console, fmt::format("{} does not take this value", type.name));
+  const bool hasIdentifier = !failure.identifier.empty();
+  printField(console.errors, "error", hasIdentifier ? failure.identifier : nameOf(failure.kind));
+  if (!failure.message.empty()) printField(console.errors, "message", failure.message);
+  printField(console.errors, "given",
+             given.content.empty() ? "''" : onOneLine(given.content, kColumns));
+  if (const auto* rules = shapedRules(type))
+    explainShape(console, *rules, given, array, failure);
+  else
+    explainNames(console, type, given, array);
+}
+
 ExitStatus convertForPeople(const Console& console, const Type& type, const GivenValue& given) {
   const ArrayScope scope;
+  vcos::ArrayOwner array;
   try {
-    const Value value(type, given);
+    if (given.route == GivenValue::Route::Array) array = readLiteral(type, given.content);
+    const Value value = array ? Value(type, array.get()) : Value(type, given);
     printValue(console, type, value.word());
     return kDone;
   } catch (const LiteralError& error) {
@@ -106,7 +116,7 @@ ExitStatus convertForPeople(const Console& console, const Type& type, const Give
     reportProblem(console, error.what());
     return kNotUnderstood;
   } catch (...) {
-    explainRefusal(console, type, given, currentFailure());
+    explainRefusal(console, type, given, array.get(), currentFailure());
     return kRefused;
   }
 }
@@ -116,8 +126,8 @@ ExitStatus convertForPeople(const Console& console, const Type& type, const Give
 ExitStatus convertValue(const Console& console, const std::string& name, const GivenValue& given,
                         bool asJson) {
   if (asJson)
-    return printReply(console,
-                      serveRequest({{"type", name}, {memberOf(given.route), given.content}}));
+    return printReply(
+        console, serveRequest(requestOf({{"type", name}, {memberOf(given.route), given.content}})));
   return convertForPeople(console, requireType(name), given);
 }
 

@@ -1,5 +1,5 @@
 #include "commands/Commands.h"
-#include "requests/TypeForm.h"
+#include "requests/Requests.h"
 #include "text/Examples.h"
 #include "text/ShapedWords.h"
 #include "text/TextDisplay.h"
@@ -12,32 +12,29 @@
 namespace vgdt {
 namespace {
 
-std::string shown(const Json& value) {
-  return value.is_string() ? value.get<std::string>() : dump(value);
-}
-
 void printTrials(const Console& console, std::string_view title, const std::vector<Trial>& trials) {
   if (!trials.empty()) console.output << console.outputStyle.heading(title) << '\n';
   std::size_t width = 14;
   for (const Trial& trial : trials)
     width = std::max(width, displayWidth(trial.given));
   for (const Trial& trial : trials)
-    console.output << "  " << padded(trial.given, width + 2) << validUtf8(trial.outcome) << '\n';
+    console.output << "  " << padded(onOneLine(trial.given), width + 2) << onOneLine(trial.outcome)
+                   << '\n';
 }
 
 void printDescription(const Console& console, const Type& type) {
-  const Json form = typeForm(type);
+  const TypeForm form = typeForm(type);
   console.output << console.outputStyle.heading(type.name) << '\n';
   const std::pair<const char*, std::string> fields[] = {
-      {"full name", shown(form["dottedName"])},
+      {"full name", form.dottedName},
       {"family", familyOf(type)},
-      {"category", shown(form["category"])},
-      {"declared as", shown(form["declarationName"])},
-      {"storage", fmt::format("type {}", shown(form["storageType"]))},
-      {"bits", shown(form["sizeInBits"])},
-      {"value bytes", shown(form["valueSizeInBytes"])},
+      {"category", form.category},
+      {"declared as", form.declarationName},
+      {"storage", fmt::format("type {}", form.storageType)},
+      {"bits", std::to_string(form.sizeInBits)},
+      {"value bytes", std::to_string(form.valueSizeInBytes)},
       {"default", defaultText(type)},
-      {"finite", form["finite"] ? "yes" : "no"},
+      {"finite", form.isFinite ? "yes" : "no"},
   };
   for (const auto& [name, value] : fields)
     printField(console.output, name, value);
@@ -52,7 +49,8 @@ void printDescription(const Console& console, const Type& type) {
 }  // namespace
 
 ExitStatus describeType(const Console& console, const std::string& name, bool asJson) {
-  if (asJson) return printReply(console, serveRequest({{"op", "describe"}, {"type", name}}));
+  if (asJson)
+    return printReply(console, serveRequest(requestOf({{"op", "describe"}, {"type", name}})));
   const ArrayScope scope;
   printDescription(console, requireType(name));
   return kDone;

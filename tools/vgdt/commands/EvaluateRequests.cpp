@@ -13,7 +13,9 @@ ExitStatus evaluateStream(const Console& console, std::istream& input, const std
                           bool asTable) {
   const ExitStatus status =
       asTable ? tabulateLines(input, console.output) : evaluateLines(input, console.output);
-  if (!input.eof()) reportProblem(console, fmt::format("{} cannot be read", name));
+  // Where the output has failed, the rest of the input was not asked for.
+  if (console.output && !input.eof())
+    reportProblem(console, fmt::format("{} cannot be read", name));
   return status;
 }
 

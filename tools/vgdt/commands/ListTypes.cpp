@@ -28,7 +28,7 @@ bool isFamily(const std::string& family, const std::vector<Type>& types, const C
     known.insert(familyOf(type));
   if (known.contains(family)) return true;
   reportProblem(console, fmt::format("there is no family \"{}\"; the families are {}",
-                                     onOneLine(family, kMaxQuoted), fmt::join(known, ", ")));
+                                     shortened(family), fmt::join(known, ", ")));
   return false;
 }
 
@@ -39,16 +39,14 @@ ExitStatus listTypes(const Console& console, const std::optional<std::string>& f
   const std::vector<Type> types = libraryTypes();
   if (family && !isFamily(*family, types, console)) return kNotUnderstood;
   Table table({"name", "family", "default", "bytes", "values"});
-  Json names = Json::array();
+  TypeNames names;
   for (const Type& type : types) {
     if (family && familyOf(type) != *family) continue;
     table.add(rowOf(type));
     names.push_back(type.name);
   }
-  if (asJson)
-    console.output << dump({{"ok", true}, {"types", names}}) << '\n';
-  else
-    table.print(console.output);
+  if (asJson) return printReply(console, {.answer = names});
+  table.print(console.output);
   return kDone;
 }
 

@@ -119,7 +119,7 @@ void LiteralBuilder::openCall(std::string_view token) {
     throw LiteralError(
         positionOf(token),
         fmt::format("\"{0}\" is neither a literal nor a function; as a text it is written '{0}'",
-                    onOneLine(token, kMaxQuoted)));
+                    shortened(token)));
   open(token, token);
 }
 

@@ -1,5 +1,6 @@
 #include "requests/Eval.h"
 
+#include "requests/JsonForms.h"
 #include "requests/LineReader.h"
 #include "text/Table.h"
 #include "text/TextDisplay.h"
@@ -7,14 +8,13 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace vgdt {
 namespace {
-
-using nlohmann::json;
 
 bool isBlank(std::string_view line) {
   return line.find_first_not_of(" \t\r\v\f") == line.npos;
@@ -30,45 +30,54 @@ ExitStatus serveLines(std::istream& input, const std::ostream& output, Use&& use
     if (read == LineReader::Result::Line && isBlank(reader.line())) continue;
     const Served served = read == LineReader::Result::Line
                               ? serveLine(reader.line())
-                              : badRequest(nullptr, "the line is longer than 8 MiB");
-    worst = std::max(worst, served.status);
+                              : Served{{}, badRequest("the line is longer than 8 MiB")};
+    worst = std::max(worst, served.reply.status());
     use(reader.line(), served);
   }
   return input.eof() ? worst : kNotUnderstood;
 }
 
-std::string outcomeText(const Json& reply) {
-  if (reply.contains("error")) {
-    const Json& error = reply["error"];
-    const std::string identifier = error["id"];
-    return identifier.empty() ? error["kind"].get<std::string>() : identifier;
-  }
-  if (!reply.contains("value")) return "ok";
-  const Json& text = reply["value"]["text"];
-  return fmt::format("ok {}", text.is_string() ? text.get<std::string>() : dump(text));
+/// A value's text as it is, or else the JSON that stands in its place.
+std::string shownText(const ValueForm& value) {
+  if (value.text) return *value.text;
+  std::ostringstream json;
+  JsonWriter writer(json);
+  writeText(writer, value);
+  writer.flush();
+  return json.str();
 }
 
-std::string messageText(const Json& reply) {
-  if (reply.contains("error")) return reply["error"]["message"];
-  if (!reply.contains("equal")) return "";
-  return fmt::format("{}, compare {}", reply["equal"] ? "equal" : "not equal",
-                     reply["compare"].get<int>());
+std::string outcomeText(const Reply& reply) {
+  if (const auto* failure = std::get_if<Failure>(&reply.answer))
+    return failure->identifier.empty() ? nameOf(failure->kind) : failure->identifier;
+  const auto* answer = std::get_if<ValueAnswer>(&reply.answer);
+  return answer ? "ok " + shownText(answer->value) : "ok";
 }
 
-std::string typeText(const json& request) {
-  if (!request.is_object() || !request.contains("type")) return {};
-  const json& type = request["type"];
-  return type.is_string() ? type.get<std::string>() : type.dump();
+std::string messageText(const Reply& reply) {
+  if (const auto* failure = std::get_if<Failure>(&reply.answer)) return failure->message;
+  const auto* answer = std::get_if<ValueAnswer>(&reply.answer);
+  if (!answer || !answer->comparison) return "";
+  return fmt::format("{}, compare {}", answer->comparison->isEqual ? "equal" : "not equal",
+                     answer->comparison->compare);
+}
+
+std::string typeText(const JsonValue& request) {
+  const JsonValue* type = request.find("type");
+  if (!type) return {};
+  return type->isString() ? type->text : jsonText(*type);
 }
 
 /// The value that a request gives and the one it is compared with, or what else it asks for; the
 /// line itself where it is no request.
-std::string askedText(std::string_view line, const json& request) {
-  if (!request.is_object()) return std::string(line);
-  const std::string given = givenText(request);
-  if (given.empty() && request.contains("op")) return dump(Json(request["op"]));
-  const bool isComparison = request.contains("equals") && request["equals"].is_object();
-  return isComparison ? fmt::format("{} = {}", given, givenText(request["equals"])) : given;
+std::string askedText(std::string_view line, const JsonValue& request) {
+  if (!request.isObject()) return std::string(line);
+  const std::string asked = routeAndContent(request);
+  const JsonValue* operation = request.find("op");
+  if (asked.empty() && operation) return jsonText(*operation);
+  const JsonValue* equals = request.find("equals");
+  const bool isComparison = equals && equals->isObject();
+  return isComparison ? fmt::format("{} = {}", asked, routeAndContent(*equals)) : asked;
 }
 
 std::vector<std::string> rowOf(std::string_view line, const Served& served) {
@@ -85,8 +94,9 @@ std::vector<std::string> rowOf(std::string_view line, const Served& served) {
 }  // namespace
 
 ExitStatus evaluateLines(std::istream& input, std::ostream& output) {
-  return serveLines(input, output, [&output](std::string_view, const Served& served) {
-    output << dump(served.reply) << '\n' << std::flush;
+  JsonWriter writer(output);
+  return serveLines(input, output, [&writer](std::string_view, const Served& served) {
+    writeReply(writer, served.request, served.reply);
   });
 }
 

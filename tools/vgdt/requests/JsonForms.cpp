@@ -2,140 +2,154 @@
 
 #include "ArrayElements.h"
 
-#include <messages/ustring.h>
 #include <vx/objects.h>
-
-#include <charconv>
-#include <cmath>
-#include <vector>
 
 namespace vgdt {
 namespace {
 
-Json numberForm(double value) {
-  constexpr double kIntegersEnd = 0x1p53;
-  if (std::isnan(value)) return "NaN";
-  if (std::isinf(value)) return value < 0 ? "-Inf" : "Inf";
-  const bool negativeZero = value == 0 && std::signbit(value);
-  if (std::trunc(value) == value && std::abs(value) < kIntegersEnd && !negativeZero)
-    return static_cast<std::int64_t>(value);
-  return value;
-}
-
-/// With the digits that tell the value from its neighbours of single precision.
-Json numberForm(float value) {
-  if (!std::isfinite(value)) return numberForm(static_cast<double>(value));
-  char digits[32];
-  const auto end = std::to_chars(std::begin(digits), std::end(digits), value).ptr;
-  double shortest = 0;
-  std::from_chars(digits, end, shortest);
-  return numberForm(shortest);
-}
-
-template <std::integral T>
-Json numberForm(T value) {
-  return value;
-}
-
 template <class T>
-Json listOf(std::span<const T> elements) {
-  Json::array_t list;
-  list.reserve(elements.size());
-  for (const T element : elements)
-    list.push_back(numberForm(element));
-  return list;
+void writeNumbers(JsonWriter& writer, std::span<const T> elements) {
+  writeList(writer, elements, [&writer](T element) { writer.number(element); });
 }
 
-void addNumbers(const vxArray* array, Json& form) {
+void writeNumericMembers(JsonWriter& writer, const vxArray* array) {
   withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) {
-    form["data"] = listOf(elementsOf<T>(array));
-    if (vxIsComplex(array)) form["imag"] = listOf(imaginaryPartsOf<T>(array));
+    writer.key("data");
+    writeNumbers(writer, elementsOf<T>(array));
+    if (!vxIsComplex(array)) return;
+    writer.key("imag");
+    writeNumbers(writer, imaginaryPartsOf<T>(array));
   });
-  if (vxIsSparse(array)) form["sparse"] = true;
+  if (!vxIsSparse(array)) return;
+  writer.key("sparse");
+  writer.boolean(true);
 }
 
-void addCharacters(const vxArray* array, Json& form) {
+void writeCharacters(JsonWriter& writer, const vxArray* array) {
   const auto characters = elementsOf<vxChar>(array);
   if (vxGetNumberOfDimensions(array) != 2) {
-    form["data"] = fl::i18n::to_utf8(characters.data(), characters.size());
-    return;
+    writer.key("data");
+    return writer.text(characters.data(), characters.size(), 1);
   }
+  writer.key("rows");
+  writer.openList();
   const std::size_t rows = vxGetM(array);
-  const std::size_t columns = vxGetN(array);
-  Json& list = form["rows"] = Json::array();
-  for (std::size_t row = 0; row < rows; ++row) {
-    fl::ustring text;
-    for (std::size_t column = 0; column < columns; ++column)
-      text.push_back(characters[column * rows + row]);
-    list.push_back(fl::i18n::to_utf8(text.data(), text.size()));
+  for (std::size_t row = 0; row < rows; ++row)
+    writer.text(characters.empty() ? nullptr : &characters[row], vxGetN(array), rows);
+  writer.closeList();
+}
+
+/// The member "data" of an array, each element written by its number.
+template <class Write>
+void writeData(JsonWriter& writer, const vxArray* array, Write&& write) {
+  writer.key("data");
+  writer.openList();
+  for (std::size_t i = 0; i < vxGetNumberOfElements(array); ++i)
+    write(i);
+  writer.closeList();
+}
+
+void writeFields(JsonWriter& writer, const vxArray* array, std::size_t index) {
+  writer.openObject();
+  for (int field = 0; field < vxGetNumberOfFields(array); ++field) {
+    writer.key(vxGetFieldNameByNumber(array, field));
+    writeArray(writer, vxGetFieldByNumber(array, index, field));
+  }
+  writer.closeObject();
+}
+
+void writeStructs(JsonWriter& writer, const vxArray* array) {
+  if (!vxIsScalar(array))
+    return writeData(writer, array, [&](std::size_t i) { writeFields(writer, array, i); });
+  writer.key("fields");
+  writeFields(writer, array, 0);
+}
+
+void writeObjects(JsonWriter& writer, const vxArray* array) {
+  writeData(writer, array, [&](std::size_t i) {
+    if (omGetArrayElement(array, i))
+      writer.text(vxGetClassName(array));
+    else
+      writer.null();
+  });
+}
+
+void writeContent(JsonWriter& writer, const vxArray* array) {
+  switch (vxGetClassID(array)) {
+    case vxCHAR_CLASS:
+      return writeCharacters(writer, array);
+    case vxCELL_CLASS:
+      return writeData(writer, array,
+                       [&](std::size_t i) { writeArray(writer, vxGetCell(array, i)); });
+    case vxSTRUCT_CLASS:
+      return writeStructs(writer, array);
+    case vxFUNCTION_CLASS:
+      writer.key("text");
+      return writer.text(vxGetFunctionName(array));
+    case vxOBJECT_CLASS:
+      return writeObjects(writer, array);
+    default:
+      return writeNumericMembers(writer, array);
   }
 }
 
-void addCells(const vxArray* array, Json& form) {
-  Json& list = form["data"] = Json::array();
-  for (std::size_t i = 0; i < vxGetNumberOfElements(array); ++i)
-    list.push_back(jsonOf(vxGetCell(array, i)));
-}
-
-Json fieldsOf(const vxArray* array, std::size_t index) {
-  Json::object_t fields;
-  for (int field = 0; field < vxGetNumberOfFields(array); ++field)
-    fields.emplace_back(vxGetFieldNameByNumber(array, field),
-                        jsonOf(vxGetFieldByNumber(array, index, field)));
-  return fields;
-}
-
-void addFields(const vxArray* array, Json& form) {
-  if (vxIsScalar(array)) {
-    form["fields"] = fieldsOf(array, 0);
-    return;
-  }
-  Json& list = form["data"] = Json::array();
-  for (std::size_t i = 0; i < vxGetNumberOfElements(array); ++i)
-    list.push_back(fieldsOf(array, i));
-}
-
-void addObjects(const vxArray* array, Json& form) {
-  Json& list = form["data"] = Json::array();
-  for (std::size_t i = 0; i < vxGetNumberOfElements(array); ++i)
-    list.push_back(omGetArrayElement(array, i) ? Json(vxGetClassName(array)) : Json());
+void writeError(JsonWriter& writer, const Failure& failure) {
+  writer.openObject();
+  writer.key("error");
+  writeFailure(writer, failure);
+  writer.closeObject();
 }
 
 }  // namespace
 
-Json jsonOf(const vxArray* array) {
-  if (!array) return nullptr;
-  const auto dimensions = dimensionsOf(array);
-  Json form{{"class", vxGetClassName(array)},
-            {"dims", std::vector<std::size_t>(dimensions.begin(), dimensions.end())}};
-  switch (vxGetClassID(array)) {
-    case vxCHAR_CLASS:
-      addCharacters(array, form);
-      break;
-    case vxCELL_CLASS:
-      addCells(array, form);
-      break;
-    case vxSTRUCT_CLASS:
-      addFields(array, form);
-      break;
-    case vxFUNCTION_CLASS:
-      form["text"] = vxGetFunctionName(array);
-      break;
-    case vxOBJECT_CLASS:
-      addObjects(array, form);
-      break;
-    default:
-      addNumbers(array, form);
+void writeTexts(JsonWriter& writer, const std::vector<std::string>& texts) {
+  writeList(writer, texts, [&writer](const std::string& text) { writer.text(text); });
+}
+
+void writeArray(JsonWriter& writer, const vxArray* array) {
+  if (!array) return writer.null();
+  writer.openObject();
+  writer.key("class");
+  writer.text(vxGetClassName(array));
+  writer.key("dims");
+  writeNumbers(writer, dimensionsOf(array));
+  writeContent(writer, array);
+  writer.closeObject();
+}
+
+void writeFailure(JsonWriter& writer, const Failure& failure) {
+  writer.openObject();
+  writer.key("kind");
+  writer.text(nameOf(failure.kind));
+  writer.key("id");
+  writer.text(failure.identifier);
+  writer.key("message");
+  writer.text(failure.message);
+  writer.closeObject();
+}
+
+void writeText(JsonWriter& writer, const ValueForm& value) {
+  if (value.textFailure) return writeError(writer, *value.textFailure);
+  if (!value.text) return writer.null();
+  writer.text(*value.text);
+}
+
+void writeValue(JsonWriter& writer, const ValueForm& value) {
+  writer.openObject();
+  writer.key("null");
+  writer.boolean(value.isNull);
+  if (!value.wordText.empty()) {
+    writer.key("word");
+    writer.text(value.wordText);
   }
-  return form;
-}
-
-Json jsonOf(const Failure& failure) {
-  return {{"kind", nameOf(failure.kind)}, {"id", failure.identifier}, {"message", failure.message}};
-}
-
-std::string dump(const Json& json) {
-  return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+  writer.key("text");
+  writeText(writer, value);
+  writer.key("array");
+  if (value.arrayFailure)
+    writeError(writer, *value.arrayFailure);
+  else
+    writeArray(writer, value.array.get());
+  writer.closeObject();
 }
 
 }  // namespace vgdt

@@ -1,24 +1,30 @@
 #pragma once
 
 #include "Errors.h"
+#include "Values.h"
+#include "requests/JsonWriter.h"
 
 #include <vx/array.h>
-#include <nlohmann/json.hpp>
 
 #include <string>
+#include <vector>
 
 namespace vgdt {
 
-/// What replies are made of: members stay in the order in which they are added.
-using Json = nlohmann::ordered_json;
+// How replies show things. None of these allocates or fails.
 
-/// A host array as replies show it. Null gives null.
-Json jsonOf(const vxArray* array);
+void writeTexts(JsonWriter& writer, const std::vector<std::string>& texts);
+
+/// A host array. Null gives null.
+void writeArray(JsonWriter& writer, const vxArray* array);
 
 /// {"kind", "id", "message"}.
-Json jsonOf(const Failure& failure);
+void writeFailure(JsonWriter& writer, const Failure& failure);
 
-/// One line of UTF-8, with U+FFFD where a text was broken.
-std::string dump(const Json& json);
+/// The text of a value, or {"error"} in its place.
+void writeText(JsonWriter& writer, const ValueForm& value);
+
+/// {"null", "word", "text", "array"}.
+void writeValue(JsonWriter& writer, const ValueForm& value);
 
 }  // namespace vgdt

@@ -3,6 +3,7 @@
 #include "text/TextDisplay.h"
 
 #include <fmt/format.h>
+#include <nlohmann/json.hpp>
 
 #include <utility>
 #include <vector>
@@ -12,26 +13,35 @@ namespace {
 
 using nlohmann::json;
 
-/// Builds the document event by event: the library's own builder keeps the last of two equal
-/// members and has no limit of depth.
+/// Builds the document event by event. Of two equal members the last counts.
 class DocumentBuilder final : public nlohmann::json_sax<json> {
  public:
-  bool null() override { return add(nullptr); }
-  bool boolean(bool value) override { return add(value); }
-  bool number_integer(json::number_integer_t value) override { return add(value); }
-  bool number_unsigned(json::number_unsigned_t value) override { return add(value); }
-  bool number_float(json::number_float_t value, const std::string&) override { return add(value); }
-  bool string(std::string& value) override { return add(std::move(value)); }
-  bool binary(json::binary_t& value) override { return add(std::move(value)); }
+  using Kind = JsonValue::Kind;
 
-  bool start_object(std::size_t) override { return open(json::object()); }
+  bool null() override { return add({}); }
+  bool boolean(bool value) override {
+    return add({.kind = Kind::Boolean, .text = value ? "true" : "false"});
+  }
+  bool number_integer(json::number_integer_t value) override {
+    return add({.kind = Kind::Number, .text = std::to_string(value)});
+  }
+  bool number_unsigned(json::number_unsigned_t value) override {
+    return add({.kind = Kind::Number, .text = std::to_string(value)});
+  }
+  bool number_float(json::number_float_t value, const std::string&) override {
+    return add({.kind = Kind::Number, .text = json(value).dump()});
+  }
+  bool string(std::string& value) override { return add(JsonValue::string(std::move(value))); }
+  bool binary(json::binary_t&) override { return add({}); }  // JSON has none
+
+  bool start_object(std::size_t) override { return open(Kind::Object); }
   bool end_object() override { return close(); }
-  bool start_array(std::size_t) override { return open(json::array()); }
+  bool start_array(std::size_t) override { return open(Kind::List); }
   bool end_array() override { return close(); }
 
   bool key(std::string& name) override {
-    if (open_.back()->contains(name))
-      report(fmt::format("the member \"{}\" stands there twice", onOneLine(name, kMaxQuoted)));
+    if (open_.back()->find(name))
+      report(fmt::format("the member \"{}\" stands there twice", shortened(name)));
     key_ = std::move(name);
     return true;
   }
@@ -39,13 +49,16 @@ class DocumentBuilder final : public nlohmann::json_sax<json> {
   bool parse_error(std::size_t position, const std::string&,
                    const nlohmann::detail::exception&) override {
     report(fmt::format("the line is not valid JSON (byte {})", position));
-    document_ = nullptr;
+    document_ = {};
     return false;
   }
 
   ParsedRequest result() && {
-    if (!document_.is_object()) report("a request is a JSON object");
-    return {document_.is_object() ? std::move(document_) : nullptr, std::move(problem_)};
+    if (!document_.isObject()) {
+      report("a request is a JSON object");
+      document_ = {};
+    }
+    return {std::move(document_), std::move(problem_)};
   }
 
  private:
@@ -54,27 +67,26 @@ class DocumentBuilder final : public nlohmann::json_sax<json> {
     if (problem_.empty()) problem_ = problem;
   }
 
-  json& place() {
+  JsonValue& place() {
     if (open_.empty()) return document_;
-    json& container = *open_.back();
-    return container.is_array() ? container.emplace_back() : container[key_];
+    JsonValue& container = *open_.back();
+    return container.isObject() ? container.members[key_] : container.elements.emplace_back();
   }
 
-  template <class T>
-  bool add(T&& value) {
-    if (tooDeep_ == 0) place() = std::forward<T>(value);
+  bool add(JsonValue value) {
+    if (tooDeep_ == 0) place() = std::move(value);
     return true;
   }
 
-  bool open(json container) {
+  bool open(Kind kind) {
     if (tooDeep_ != 0 || open_.size() == kMaxJsonDepth) {
       ++tooDeep_;
       report(fmt::format("JSON nested more than {} deep", kMaxJsonDepth));
       return true;
     }
-    json& element = place();
-    element = std::move(container);
-    open_.push_back(&element);
+    JsonValue& container = place();
+    container = {.kind = kind};
+    open_.push_back(&container);
     return true;
   }
 
@@ -86,8 +98,8 @@ class DocumentBuilder final : public nlohmann::json_sax<json> {
     return true;
   }
 
-  json document_;
-  std::vector<json*> open_;
+  JsonValue document_;
+  std::vector<JsonValue*> open_;
   std::string key_;
   std::size_t tooDeep_ = 0;  // containers that are open and left out
   std::string problem_;
@@ -98,7 +110,7 @@ class DocumentBuilder final : public nlohmann::json_sax<json> {
 ParsedRequest parseRequest(std::string_view line) {
   // The parser takes a NUL as the end of its input.
   if (const std::size_t nul = line.find('\0'); nul != line.npos)
-    return {nullptr, fmt::format("the line is not valid JSON (byte {})", nul + 1)};
+    return {{}, fmt::format("the line is not valid JSON (byte {})", nul + 1)};
   DocumentBuilder builder;
   json::sax_parse(line.begin(), line.end(), &builder);
   return std::move(builder).result();

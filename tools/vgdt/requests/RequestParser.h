@@ -1,7 +1,8 @@
 #pragma once
 
+#include "requests/JsonValue.h"
+
 #include <cstddef>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
 
@@ -10,8 +11,8 @@ namespace vgdt {
 inline constexpr std::size_t kMaxJsonDepth = 64;
 
 struct ParsedRequest {
-  /// A JSON object; null where the line is none.
-  nlohmann::json request;
+  /// A JSON object; Null where the line is none.
+  JsonValue request;
   /// Why it cannot be served; empty if nothing is wrong.
   std::string problem;
 };

@@ -2,7 +2,6 @@
 
 #include "Values.h"
 #include "requests/RequestParser.h"
-#include "requests/TypeForm.h"
 #include "text/TextDisplay.h"
 
 #include <fmt/format.h>
@@ -10,12 +9,11 @@
 #include <vx/errors.h>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace vgdt {
 namespace {
-
-using nlohmann::json;
 
 constexpr const char* kMembers[] = {"id", "op", "type", "text", "array", "word", "equals", "java"};
 
@@ -29,32 +27,33 @@ constexpr RouteRow kRoutes[] = {
     {"word", GivenValue::Route::Word},
 };
 
-std::string stringMember(const json& request, const char* name) {
-  const auto member = request.find(name);
-  if (member == request.end()) throw RequestError(fmt::format("\"{}\" is missing", name));
-  if (!member->is_string()) throw RequestError(fmt::format("\"{}\" has to be a string", name));
-  return *member;
+const std::string& stringMember(const JsonValue& request, const char* name) {
+  const JsonValue* member = request.find(name);
+  if (!member) throw RequestError(fmt::format("\"{}\" is missing", name));
+  if (!member->isString()) throw RequestError(fmt::format("\"{}\" has to be a string", name));
+  return member->text;
 }
 
-void requireKnownMembers(const json& request) {
-  for (const auto& [name, member] : request.items())
+void requireKnownMembers(const JsonValue& request) {
+  for (const auto& [name, member] : request.members)
     if (std::ranges::find(kMembers, name) == std::end(kMembers))
       throw RequestError(fmt::format("a request has no member \"{}\"; its members are {}",
-                                     onOneLine(name, kMaxQuoted), fmt::join(kMembers, ", ")));
+                                     shortened(name), fmt::join(kMembers, ", ")));
 }
 
-void refuseJava(const json& request) {
-  const auto java = request.find("java");
-  if (java == request.end()) return;
-  if (!java->is_boolean()) throw RequestError("\"java\" has to be true or false");
-  if (*java) throw RequestError("Java values are not available");
+void refuseJava(const JsonValue& request) {
+  const JsonValue* java = request.find("java");
+  if (!java) return;
+  if (java->kind != JsonValue::Kind::Boolean)
+    throw RequestError("\"java\" has to be true or false");
+  if (java->text == "true") throw RequestError("Java values are not available");
 }
 
-GivenValue givenValue(const json& object) {
+GivenValue givenValue(const JsonValue& object) {
   const RouteRow* chosen = nullptr;
   int count = 0;
   for (const RouteRow& row : kRoutes)
-    if (object.contains(row.member)) {
+    if (object.find(row.member)) {
       chosen = &row;
       ++count;
     }
@@ -62,47 +61,48 @@ GivenValue givenValue(const json& object) {
   return {chosen->route, stringMember(object, chosen->member)};
 }
 
-GivenValue valueToCompare(const json& equals) {
-  if (!equals.is_object() || equals.size() != 1)
+GivenValue valueToCompare(const JsonValue& equals) {
+  if (!equals.isObject() || equals.members.size() != 1)
     throw RequestError(
         "\"equals\" has to be an object with one of \"text\", \"array\" and \"word\"");
   return givenValue(equals);
 }
 
-Json answerComparison(const Type& type, const json& request) {
+ValueAnswer answerComparison(const Type& type, const JsonValue& request, const JsonValue& equals) {
   if (type.isScalar)
     throw RequestError(fmt::format("\"{}\" is a scalar: it takes no \"equals\"", type.name));
   const GivenValue given = givenValue(request);
-  const GivenValue other = valueToCompare(request["equals"]);
+  const GivenValue other = valueToCompare(equals);
   const Value value(type, given);
   const Value second(type, other);
   const vcos::COSDataType& dataType = type.access.dataType();
-  Json answer;
-  answer["value"] = valueForm(type, value.word());
-  answer["equal"] = dataType.isEqual(value.word(), second.word());
-  answer["compare"] = dataType.compare(value.word(), second.word());
-  return answer;
+  return {valueForm(type, value.word()),
+          ValueAnswer::Comparison{dataType.isEqual(value.word(), second.word()),
+                                  dataType.compare(value.word(), second.word())}};
 }
 
-Json answerValue(const json& request) {
+using Answer = decltype(Reply::answer);
+
+Answer answerValue(const JsonValue& request) {
   refuseJava(request);
   const Type type = requireType(stringMember(request, "type"));
-  if (request.contains("equals")) return answerComparison(type, request);
+  if (const JsonValue* equals = request.find("equals"))
+    return answerComparison(type, request, *equals);
   const Value value(type, givenValue(request));
-  return {{"value", valueForm(type, value.word())}};
+  return ValueAnswer{valueForm(type, value.word()), std::nullopt};
 }
 
-Json answerDescribe(const json& request) {
-  return {{"type", typeForm(requireType(stringMember(request, "type")))}};
+Answer answerDescribe(const JsonValue& request) {
+  return typeForm(requireType(stringMember(request, "type")));
 }
 
-Json answerTypes(const json&) {
-  return {{"types", libraryTypeNames()}};
+Answer answerTypes(const JsonValue&) {
+  return libraryTypeNames();
 }
 
 struct Operation {
   const char* name;
-  Json (*answer)(const json& request);
+  Answer (*answer)(const JsonValue& request);
 };
 constexpr Operation kOperations[] = {
     {"value", answerValue},
@@ -118,78 +118,65 @@ std::string namesOf(const Rows& rows) {
   return fmt::format("{}", fmt::join(names, ", "));
 }
 
-Json answer(const json& request) {
-  const std::string name = request.contains("op") ? stringMember(request, "op") : "value";
+Answer answer(const JsonValue& request) {
+  const std::string name = request.find("op") ? stringMember(request, "op") : "value";
   const auto* operation =
       std::ranges::find(kOperations, name, [](const Operation& row) { return row.name; });
   if (operation == std::end(kOperations))
-    throw RequestError(fmt::format("there is no op \"{}\"; the ops are {}",
-                                   onOneLine(name, kMaxQuoted), namesOf(kOperations)));
+    throw RequestError(
+        fmt::format("there is no op \"{}\"; the ops are {}", shortened(name), namesOf(kOperations)));
   requireKnownMembers(request);
   return operation->answer(request);
 }
 
-Json replyTo(const json& request) {
-  Json reply = Json::object();
-  if (request.is_object() && request.contains("id")) reply["id"] = request["id"];
+}  // namespace
+
+JsonValue requestOf(std::initializer_list<std::pair<const char*, std::string>> members) {
+  JsonValue request{.kind = JsonValue::Kind::Object};
+  for (const auto& [name, text] : members)
+    request.members.emplace(name, JsonValue::string(text));
+  return request;
+}
+
+Reply serveRequest(const JsonValue& request) {
+  Reply reply;
+  auto failure = failureOf([&] {
+    const vghost::ConsoleCapture console;
+    const vghost::WarningCapture warnings;
+    auto refusal = failureOf([&] {
+      const ArrayScope scope;
+      reply.answer = answer(request);
+    });
+    if (refusal) reply.answer = std::move(*refusal);
+    reply.console = console.lines();
+    reply.warnings = warnings.warnings();
+  });
+  if (failure) reply.answer = std::move(*failure);
   return reply;
 }
 
-ExitStatus addFailure(const Failure& failure, Json& reply) {
-  reply["ok"] = false;
-  reply["error"] = jsonOf(failure);
-  return failure.kind == FailureKind::Request ? kNotUnderstood : kRefused;
-}
-
-void addOutput(const vghost::ConsoleCapture& console, const vghost::WarningCapture& warnings,
-               Json& reply) {
-  if (const auto lines = console.lines(); !lines.empty()) reply["console"] = lines;
-  for (const vghost::Warning& warning : warnings.warnings())
-    reply["warnings"].push_back({{"id", warning.identifier}, {"message", warning.message}});
-}
-
-}  // namespace
-
-Served serveRequest(json request) {
-  const vghost::ConsoleCapture console;
-  const vghost::WarningCapture warnings;
-  Json answered;
-  const auto failure = failureOf([&] {
-    const ArrayScope scope;
-    answered = answer(request);
-  });
-  Json reply = replyTo(request);
-  ExitStatus status = kDone;
-  if (failure) {
-    status = addFailure(*failure, reply);
-  } else {
-    reply["ok"] = true;
-    for (auto& [name, member] : answered.items())
-      reply[name] = std::move(member);
-  }
-  addOutput(console, warnings, reply);
-  return {std::move(request), std::move(reply), status};
-}
-
 Served serveLine(std::string_view line) {
-  ParsedRequest parsed = parseRequest(line);
-  if (parsed.problem.empty()) return serveRequest(std::move(parsed.request));
-  return badRequest(std::move(parsed.request), parsed.problem);
+  Served served;
+  auto failure = failureOf([&] {
+    ParsedRequest parsed = parseRequest(line);
+    served.request = std::move(parsed.request);
+    served.reply = parsed.problem.empty() ? serveRequest(served.request)
+                                          : badRequest(std::move(parsed.problem));
+  });
+  if (failure) served.reply.answer = std::move(*failure);
+  return served;
 }
 
-Served badRequest(json request, const std::string& problem) {
-  Json reply = replyTo(request);
-  const ExitStatus status = addFailure({FailureKind::Request, "", problem}, reply);
-  return {std::move(request), std::move(reply), status};
+Reply badRequest(std::string problem) {
+  return {.answer = Failure{FailureKind::Request, "", std::move(problem)}};
 }
 
-std::string givenText(const json& request) {
+std::string routeAndContent(const JsonValue& request) {
   for (const RouteRow& row : kRoutes) {
-    const auto member = request.find(row.member);
-    if (member == request.end()) continue;
-    const bool isLiteral = row.route == GivenValue::Route::Array && member->is_string();
-    return fmt::format("{} {}", row.member,
-                       isLiteral ? member->get<std::string>() : dump(Json(*member)));
+    const JsonValue* member = request.find(row.member);
+    if (!member) continue;
+    const bool isLiteral = row.route == GivenValue::Route::Array && member->isString();
+    return fmt::format("{} {}", row.member, isLiteral ? member->text : jsonText(*member));
   }
   return {};
 }

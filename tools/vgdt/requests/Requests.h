@@ -1,30 +1,34 @@
 #pragma once
 
-#include "ExitStatus.h"
-#include "requests/JsonForms.h"
+#include "requests/JsonValue.h"
+#include "requests/Reply.h"
 
-#include <nlohmann/json.hpp>
+#include <initializer_list>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace vgdt {
 
 /// A request and the reply to it.
 struct Served {
-  nlohmann::json request;  ///< null where the line was no JSON object
-  Json reply;
-  ExitStatus status;
+  JsonValue request;  ///< Null where the line was no JSON object
+  Reply reply;
 };
 
-Served serveRequest(nlohmann::json request);
+/// A request with these members, all of them texts.
+JsonValue requestOf(std::initializer_list<std::pair<const char*, std::string>> members);
+
+/// Answers one request; what fails is a reply too.
+Reply serveRequest(const JsonValue& request);
 
 /// Serves one request; every line gets a reply.
 Served serveLine(std::string_view line);
 
 /// The reply to what cannot be served.
-Served badRequest(nlohmann::json request, const std::string& problem);
+Reply badRequest(std::string problem);
 
-/// How a request gives its value, such as "text on"; empty if it gives none.
-std::string givenText(const nlohmann::json& request);
+/// How a request asks for its value, such as "text on"; empty if it does not.
+std::string routeAndContent(const JsonValue& request);
 
 }  // namespace vgdt

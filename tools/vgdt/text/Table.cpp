@@ -17,7 +17,7 @@ void widen(std::vector<std::size_t>& widths, const Row& row) {
 void printRow(std::ostream& output, const Row& row, const std::vector<std::size_t>& widths) {
   std::string line;
   for (std::size_t i = 0; i < row.size(); ++i)
-    line += padded(row[i], widths[i]) + "  ";
+    line += padded(onOneLine(row[i]), widths[i]) + "  ";
   line.erase(line.find_last_not_of(' ') + 1);
   output << line << '\n';
 }

@@ -6,7 +6,7 @@
 
 namespace vgdt {
 
-/// Columns that are as wide as their widest cell.
+/// Columns that are as wide as their widest cell; cells are shown as onOneLine() shows them.
 class Table {
  public:
   explicit Table(std::vector<std::string> titles) : titles_(std::move(titles)) {}

@@ -1,6 +1,8 @@
 #include "text/TextDisplay.h"
 
-#include <messages/ustring.h>
+#include "text/Utf8.h"
+
+#include <fmt/format.h>
 
 #include <algorithm>
 
@@ -25,7 +27,13 @@ constexpr CodeRange kWide[] = {
     {0x1F300, 0x1F64F}, {0x1F680, 0x1F6FF}, {0x1F900, 0x1F9FF}, {0x20000, 0x3FFFD},
 };
 constexpr CodeRange kWithoutWidth[] = {
-    {0x0300, 0x036F}, {0x200B, 0x200F}, {0x20D0, 0x20FF}, {0xFE00, 0xFE0F}, {0xFE20, 0xFE2F},
+    {0x0300, 0x036F}, {0x200B, 0x200D}, {0x20D0, 0x20FF}, {0xFE00, 0xFE0F}, {0xFE20, 0xFE2F},
+};
+
+/// What a terminal obeys or what turns the direction of text.
+constexpr CodeRange kControls[] = {
+    {0x00, 0x1F},     {0x7F, 0x9F},     {0x061C, 0x061C},
+    {0x200E, 0x200F}, {0x202A, 0x202E}, {0x2066, 0x2069},
 };
 
 template <std::size_t count>
@@ -35,74 +43,105 @@ bool isIn(const CodeRange (&ranges)[count], char32_t character) {
   });
 }
 
+std::string escaped(char32_t control) {
+  switch (control) {
+    case '\n':
+      return "\\n";
+    case '\r':
+      return "\\r";
+    case '\t':
+      return "\\t";
+    default:
+      return control < 0x80 ? fmt::format("\\x{:02x}", unsigned{control})
+                            : fmt::format("\\u{:04x}", unsigned{control});
+  }
+}
+
 std::size_t widthOf(char32_t character) {
+  if (isIn(kControls, character)) return escaped(character).size();
   if (isIn(kWithoutWidth, character)) return 0;
   return isIn(kWide, character) ? 2 : 1;
 }
 
-/// Bytes of the character that begins a valid UTF-8 text.
-std::size_t lengthOfFirst(std::string_view utf8) {
-  const auto* const end = std::find_if_not(utf8.begin() + 1, utf8.end(), isContinuation);
-  return static_cast<std::size_t>(end - utf8.begin());
-}
-
-std::size_t widthOfFirst(std::string_view utf8) {
-  const std::size_t length = lengthOfFirst(utf8);
-  const auto lead = static_cast<unsigned char>(utf8.front());
-  char32_t character = length == 1 ? lead : lead & (0x7FU >> length);
-  for (const char byte : utf8.substr(1, length - 1))
-    character = character << 6U | (static_cast<unsigned char>(byte) & 0x3FU);
-  return widthOf(character);
-}
-
-/// Bytes at the front of a valid UTF-8 text that take up to `width` columns.
-std::size_t lengthWithin(std::string_view utf8, std::size_t width) {
+/// Bytes at the front of a text that take up to `width` columns.
+std::size_t lengthWithin(std::string_view text, std::size_t width) {
   std::size_t length = 0;
-  while (length < utf8.size()) {
-    const std::string_view rest = utf8.substr(length);
-    const std::size_t columns = widthOfFirst(rest);
+  while (length < text.size()) {
+    const auto next = firstCharacter(text.substr(length));
+    const std::size_t columns = widthOf(next.character);
     if (columns > width) break;
     width -= columns;
-    length += lengthOfFirst(rest);
+    length += next.length;
   }
   return length;
 }
 
-std::string printable(std::string_view text) {
-  std::string result = validUtf8(text);
-  std::ranges::replace_if(
-      result, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, ' ');
+std::string validUtf8(std::string_view text) {
+  std::string result;
+  while (!text.empty()) {
+    const auto next = firstCharacter(text);
+    result += Utf8Bytes(next.character);
+    text.remove_prefix(next.length);
+  }
   return result;
 }
 
-std::string cutEnd(std::string text, std::size_t width) {
-  if (displayWidth(text) <= width) return text;
-  return text.substr(0, lengthWithin(text, width - kCut.size())).append(kCut);
+std::string printable(std::string_view text) {
+  std::string result;
+  while (!text.empty()) {
+    const auto [character, length] = firstCharacter(text);
+    if (isIn(kControls, character))
+      result += escaped(character);
+    else
+      result += Utf8Bytes(character);
+    text.remove_prefix(length);
+  }
+  return result;
 }
 
-std::string cutFront(const std::string& text, std::size_t width) {
-  const std::size_t columns = displayWidth(text);
-  if (columns <= width) return text;
-  std::size_t begin = lengthWithin(text, columns - width + kCut.size());
-  return std::string(kCut) + text.substr(begin);
+/// What of a text fits, and "..." if that is not all.
+struct Cut {
+  std::string_view kept;
+  std::string_view mark;
+};
+
+Cut cutEnd(std::string_view text, std::size_t width) {
+  if (displayWidth(text) <= width) return {text, ""};
+  return {text.substr(0, lengthWithin(text, width - kCut.size())), kCut};
+}
+
+/// At most `width` columns: an escape or a wide character stays whole or goes.
+Cut cutFront(std::string_view text, std::size_t width) {
+  std::size_t columns = displayWidth(text);
+  if (columns <= width) return {text, ""};
+  while (columns > width - kCut.size()) {
+    const auto [character, length] = firstCharacter(text);
+    columns -= widthOf(character);
+    text.remove_prefix(length);
+  }
+  return {text, kCut};
 }
 
 }  // namespace
 
-std::string validUtf8(std::string_view text) {
-  const fl::ustring units = fl::i18n::to_ustring(text);
-  return fl::i18n::to_utf8(units.data(), units.size());
+std::string shortened(std::string_view text) {
+  const auto [kept, mark] = cutEnd(text, kMaxQuoted);
+  return validUtf8(kept).append(mark);
 }
 
-std::size_t displayWidth(std::string_view utf8) {
+std::size_t displayWidth(std::string_view text) {
   std::size_t width = 0;
-  for (; !utf8.empty(); utf8.remove_prefix(lengthOfFirst(utf8)))
-    width += widthOfFirst(utf8);
+  while (!text.empty()) {
+    const auto [character, length] = firstCharacter(text);
+    width += widthOf(character);
+    text.remove_prefix(length);
+  }
   return width;
 }
 
 std::string onOneLine(std::string_view text, std::size_t width) {
-  return cutEnd(printable(text), width);
+  const auto [kept, mark] = cutEnd(text, width);
+  return printable(kept).append(mark);
 }
 
 std::string padded(std::string text, std::size_t width) {
@@ -121,9 +160,9 @@ std::string caretDisplay(std::string_view text, std::size_t position) {
   constexpr std::size_t kColumnsAfter = 26;
   const std::string_view head = text.substr(0, position);
   const std::string_view tail = text.substr(position);
-  const std::string before =
-      cutFront(printable(head.substr(head.find_last_of('\n') + 1)), kColumnsBefore);
-  const std::string after = cutEnd(printable(tail.substr(0, tail.find('\n'))), kColumnsAfter);
+  const auto [kept, mark] = cutFront(head.substr(head.find_last_of('\n') + 1), kColumnsBefore);
+  const std::string before = std::string(mark) + printable(kept);
+  const std::string after = onOneLine(tail.substr(0, tail.find('\n')), kColumnsAfter);
   return before + after + '\n' + std::string(displayWidth(before), ' ') + '^';
 }
 

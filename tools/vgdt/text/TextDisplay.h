@@ -7,16 +7,18 @@
 
 namespace vgdt {
 
-/// How much of a user's text an error message repeats, in columns.
+/// How much of a user's text an error message repeats.
 inline constexpr std::size_t kMaxQuoted = 40;
 
-/// Valid UTF-8: U+FFFD stands where the text is broken.
-std::string validUtf8(std::string_view text);
+/// Valid UTF-8 for an error message, cut to kMaxQuoted columns ("..." shows the cut). Control
+/// characters stay: whoever shows the message to a person makes escapes of them.
+std::string shortened(std::string_view text);
 
-/// The columns that a UTF-8 text takes on a terminal.
-std::size_t displayWidth(std::string_view utf8);
+/// The columns that a text takes on a terminal, control characters as onOneLine() shows them.
+std::size_t displayWidth(std::string_view text);
 
-/// Valid UTF-8 without control characters, cut to `width` columns ("..." shows the cut).
+/// For a terminal: valid UTF-8 with escapes ("\x1b", "\n", "\u202e") for control characters and for
+/// those that turn the direction of text, cut to `width` columns.
 std::string onOneLine(std::string_view text,
                       std::size_t width = std::numeric_limits<std::size_t>::max());
 
@@ -26,8 +28,8 @@ std::string padded(std::string text, std::size_t width);
 /// The place in characters, counted from 1, of a byte position in a UTF-8 text.
 std::size_t columnOf(std::string_view text, std::size_t position);
 
-/// Two lines: the line of `text` that `position` is on, or as much of it around the place as a
-/// terminal is wide, and a caret under the place.
+/// Two lines: the line of `text` that `position` is on, shown as onOneLine() does, or as much of it
+/// around the place as a terminal is wide, and a caret under the place.
 std::string caretDisplay(std::string_view text, std::size_t position);
 
 /// ASCII letters in lower case.

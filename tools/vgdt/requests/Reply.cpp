@@ -1,0 +1,83 @@
+#include "requests/Reply.h"
+
+#include "requests/JsonForms.h"
+
+namespace vgdt {
+namespace {
+
+/// Writes the members of an answer.
+class AnswerWriter {
+ public:
+  explicit AnswerWriter(JsonWriter& writer) : writer_(writer) {}
+
+  void operator()(const Failure& failure) {
+    writer_.key("error");
+    writeFailure(writer_, failure);
+  }
+  void operator()(const ValueAnswer& answer) {
+    writer_.key("value");
+    writeValue(writer_, answer.value);
+    if (!answer.comparison) return;
+    writer_.key("equal");
+    writer_.boolean(answer.comparison->isEqual);
+    writer_.key("compare");
+    writer_.number(answer.comparison->compare);
+  }
+  void operator()(const TypeForm& form) {
+    writer_.key("type");
+    writeType(writer_, form);
+  }
+  void operator()(const TypeNames& names) {
+    writer_.key("types");
+    writeTexts(writer_, names);
+  }
+
+ private:
+  JsonWriter& writer_;
+};
+
+void writeWarning(JsonWriter& writer, const vghost::Warning& warning) {
+  writer.openObject();
+  writer.key("id");
+  writer.text(warning.identifier);
+  writer.key("message");
+  writer.text(warning.message);
+  writer.closeObject();
+}
+
+/// What the library has said meanwhile.
+void writeOutput(JsonWriter& writer, const Reply& reply) {
+  if (!reply.console.empty()) {
+    writer.key("console");
+    writeTexts(writer, reply.console);
+  }
+  if (!reply.warnings.empty()) {
+    writer.key("warnings");
+    writeList(writer, reply.warnings,
+              [&writer](const vghost::Warning& warning) { writeWarning(writer, warning); });
+  }
+}
+
+}  // namespace
+
+ExitStatus Reply::status() const {
+  const auto* failure = std::get_if<Failure>(&answer);
+  if (!failure) return kDone;
+  return failure->kind == FailureKind::Request ? kNotUnderstood : kRefused;
+}
+
+void writeReply(JsonWriter& writer, const JsonValue& request, const Reply& reply) {
+  writer.openObject();
+  if (const JsonValue* id = request.find("id")) {
+    writer.key("id");
+    writeJson(writer, *id);
+  }
+  writer.key("ok");
+  writer.boolean(!std::holds_alternative<Failure>(reply.answer));
+  std::visit(AnswerWriter(writer), reply.answer);
+  writeOutput(writer, reply);
+  writer.closeObject();
+  writer.endLine();
+}
+
+}  // namespace vgdt

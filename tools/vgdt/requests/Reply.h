@@ -1,0 +1,43 @@
+#pragma once
+
+#include "ExitStatus.h"
+#include "Values.h"
+#include "requests/JsonValue.h"
+#include "requests/JsonWriter.h"
+#include "requests/TypeForm.h"
+
+#include <vx/errors.h>
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace vgdt {
+
+/// A value, and how it compares with a second one.
+struct ValueAnswer {
+  struct Comparison {
+    bool isEqual;
+    int compare;
+  };
+  ValueForm value;
+  std::optional<Comparison> comparison;
+};
+
+using TypeNames = std::vector<std::string>;
+
+/// What a request comes to. Everything that can fail has been done: to write a reply takes no
+/// memory that grows with it, and no document is made of the arrays in it.
+struct Reply {
+  std::variant<Failure, ValueAnswer, TypeForm, TypeNames> answer = {};
+  std::vector<std::string> console = {};       ///< lines that were printed on the host's console
+  std::vector<vghost::Warning> warnings = {};  ///< the host's
+
+  ExitStatus status() const;
+};
+
+/// One line, flushed. `request` gives the "id"; it is Null where there was no request.
+void writeReply(JsonWriter& writer, const JsonValue& request, const Reply& reply);
+
+}  // namespace vgdt
