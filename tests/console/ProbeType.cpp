@@ -94,8 +94,9 @@ COSValue ProbeType::make(const std::string& text) const {
   if (text == "!talk") utPrintf("first\nsecond");
   if (text == "!leave") static_cast<void>(vxCreateDoubleScalar(1));
   if (text == "!warn") vxWarningMsgId(VORTIL::array::SizeLimitExceeded("2x3"));
+  auto* const value = new std::string(text);
   ++live_;
-  return COSValue::fromPointer(new std::string(text));
+  return COSValue::fromPointer(value);
 }
 
 }  // namespace test

@@ -1,9 +1,13 @@
 #include <gmock/gmock.h>
 #include <graphics/datatype/vgdatatypes.h>
+#include <messages/ustring.h>
 
 #include "ProbeType.h"
 #include "requests/Eval.h"
+#include "support/FailingNew.h"
 
+#include <nlohmann/json.hpp>
+#include <random>
 #include <sstream>
 
 namespace {
@@ -222,6 +226,89 @@ TEST_F(Eval, RefusesALineThatIsNoRequestAndServesTheNext) {
   }
 }
 
+/// Takes what is written to it without allocating.
+class FixedBuffer : public std::streambuf {
+ public:
+  FixedBuffer() { setp(std::begin(bytes_), std::end(bytes_)); }
+  std::string taken() {
+    std::string result(pbase(), pptr());
+    setp(std::begin(bytes_), std::end(bytes_));
+    return result;
+  }
+
+ private:
+  char bytes_[1U << 18U];
+};
+
+TEST_F(Eval, SaysThatMemoryHasRunOutWhicheverAllocationFails) {
+  FixedBuffer buffer;
+  std::ostream output(&buffer);
+  JsonWriter writer(output);
+  const auto answer = [&](const std::string& line) {
+    const Served served = serveLine(line);
+    const std::uint64_t before = test::newCount();
+    writeReply(writer, served.request, served.reply);
+    return test::newCount() - before;
+  };
+  for (const std::string line :
+       {R"({"id":[{"a":1},2],"type":"Probe","text":"long enough for the heap","equals":)"
+        R"({"array":"['a';'b']"}})",
+        R"-({"id":2,"type":"NumericMatrix","array":"reshape([1:90 ones(1,9910)],100,100)"})-",
+        R"({"id":3,"type":"NumericMatrix","array":"{1,'a',struct('b',{true})}"})",
+        R"({"op":"describe","type":"MarkerStyle","id":"a text that is too long to be short"})",
+        R"({"type":"Units","array":"'nonesuch'"})", R"({"type":"nonesuch","text":""})",
+        R"({"id":{"b":[1,2],"a":[[]]}} )", R"({"type":"Probe","text":"!talk"})"}) {
+    EXPECT_EQ(answer(line), 0U) << "to write takes no memory: " << line;
+    const std::string good = buffer.taken();
+    const std::size_t arrays = vghost::liveArrays();
+    for (const bool fromThenOn : {false, true}) {
+      bool isReached = true;
+      for (std::uint64_t n = 1; isReached; ++n) {
+        const std::uint64_t before = test::newCount();
+        test::failNew(n, fromThenOn);
+        answer(line);
+        test::failNoNew();
+        isReached = test::newCount() - before >= n;
+        EXPECT_THAT(buffer.taken(), testing::AnyOf(good, HasSubstr(R"("kind":"memory")"))) << line;
+      }
+    }
+    EXPECT_EQ(vghost::liveArrays(), arrays) << line;
+  }
+  EXPECT_EQ(test::ProbeType::instance().liveValues(), 0);
+}
+
+TEST_F(Eval, WritesTextsOfAnyLengthAndAnyBytes) {
+  const auto writtenAs = [](auto... text) {
+    std::ostringstream output;
+    JsonWriter writer(output);
+    writer.openList();
+    writer.text(text...);
+    writer.closeList();
+    writer.flush();
+    return output.str();
+  };
+  // Every place of a character relative to the end of a buffer.
+  for (std::size_t shift = 0; shift < 8; ++shift) {
+    std::string text(shift, 'x');
+    for (int i = 0; i < 5000; ++i)
+      text += "\U0001F600é";
+    EXPECT_EQ(writtenAs(std::string_view(text)), "[\"" + text + "\"]");
+    const fl::ustring units = fl::i18n::to_ustring(text);
+    EXPECT_EQ(writtenAs(units.data(), units.size(), std::size_t{1}), "[\"" + text + "\"]");
+  }
+  constexpr std::string_view kBytes =
+      "A\"\\\x01\n\x7f\x80\x9f\xa0\xbf\xc1\xc3\xe0\xed\xef\xf0\xf4\xf5";
+  std::minstd_rand random(1);
+  for (int i = 0; i < 20000; ++i) {
+    std::string text;
+    while (random() % 8 != 0)
+      text += kBytes[random() % kBytes.size()];
+    EXPECT_EQ(
+        writtenAs(std::string_view(text)),
+        nlohmann::json::array({text}).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
+  }
+}
+
 TEST_F(Eval, TakesALineOfExactlyTheLongestLength) {
   const std::string request = R"({"type":"on_off","text":"on"})";
   constexpr std::size_t kLongest = 8U << 20U;
@@ -257,7 +344,7 @@ TEST_F(Eval, TabulatesRequestsForPeople) {
       "{\"op\":\"value\",\"type\":\"on_off\",\"text\":\"on\"}\n"
       "{\"type\":\"Probe\",\"array\":\"'!invalid'\"}\n"
       "{\"type\":\"on_off\",\"text\":\"on\",\"equals\":{\"word\":\"null\"}}\n"
-      "x\ty\n");
+      "x\ty\x1b\n");
   std::ostringstream output;
   EXPECT_EQ(tabulateLines(input, output), kNotUnderstood);
   EXPECT_EQ(output.str(),
@@ -265,7 +352,7 @@ TEST_F(Eval, TabulatesRequestsForPeople) {
             "1  on_off  text \"on\"                ok on\n"
             "2  Probe   array '!invalid'         C:d      out of range\n"
             "3  on_off  text \"on\" = word \"null\"  ok on    not equal, compare 1\n"
-            "4          x y                      request  the line is not valid JSON (byte 1)\n");
+            "4          x\\ty\\x1b                 request  the line is not valid JSON (byte 1)\n");
 }
 
 }  // namespace

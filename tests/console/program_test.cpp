@@ -18,7 +18,7 @@ struct Outcome {
 
 /// Runs the program through the shell.
 Outcome run(const std::string& arguments) {
-  FILE* pipe = popen(("'" VGDT_PROGRAM "' " + arguments + " 2>&1").c_str(), "r");
+  FILE* pipe = popen(("exec 2>&1; '" VGDT_PROGRAM "' " + arguments).c_str(), "r");
   std::string output;
   for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe))
     output.push_back(static_cast<char>(c));
@@ -50,7 +50,10 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{"types --help", 0, "vgdt types"}, Case{"describe --help", 0, "Examples"},
                     Case{"convert --help", 0, "--text"}, Case{"eval --version", 0, "vgdt 0."},
                     Case{"", 2, "SUBCOMMAND"}, Case{"nonesuch", 2, "nonesuch"},
-                    Case{"--nonesuch", 2, "vgdt:"}, Case{"types extra", 2, "extra"}));
+                    Case{"--nonesuch", 2, "vgdt:"},
+                    Case{"\"$(printf '\\033[31mboo')\"", 2, "no command \"\\x1b[31mboo\""},
+                    Case{"types \"--$(printf '\\033')\"", 2, "--\\x1b"},
+                    Case{"types extra", 2, "extra"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Types, Program,
@@ -66,6 +69,8 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"describe bool", 0, "on              on\n"},
         Case{"describe int", 0, "a whole number, -2147483648 to 2147483647"},
         Case{"describe on_off --json", 0, "{\"ok\":true,\"type\":{\"name\":\"on_off\""},
+        Case{"describe \"$(printf '\\033')\"", 2, "\"\\x1b\""},
+        Case{"describe \"$(printf '\\033')\" --json", 2, "\\u001b"},
         Case{"describe onoff", 2, "did you mean \"on_off\"?"},
         Case{"describe onoff --json", 2, "\"kind\":\"request\""}));
 
@@ -93,16 +98,25 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{"convert on_off '[1 2; 3'", 2, "[1 2; 3\n      ^\n"},
                     Case{"convert on_off '[1 2; 3' --json", 2, "\"kind\":\"request\""},
                     Case{"convert onoff 1", 2, "did you mean \"on_off\"?"},
+                    Case{"convert Limits 'int8([27 65])'", 0, "text        [ \\x1b A ]\n"},
+                    Case{"convert on_off \"'$(printf '\\302\\205\\033')'\"", 1, "'\\u0085\\x1b'"},
+                    Case{"convert on_off \"'$(printf '\\033')' x\"", 2, "'\\x1b' x\n       ^\n"},
                     Case{"convert on_off", 2, "LITERAL"}, Case{"convert on_off 1 2", 2, "2"},
                     Case{"convert on_off 1 --text on", 2, "--text"},
                     Case{"convert on_off 1 --tetx on", 2, "--tetx"}));
 
-INSTANTIATE_TEST_SUITE_P(Eval, Program,
-                         testing::Values(Case{"eval </dev/null", 0, ""},
-                                         Case{"eval /nonexistent", 2, "/nonexistent"},
-                                         Case{"eval /", 2, "cannot be read"},
-                                         Case{"eval --table </dev/null", 0, "outcome"},
-                                         Case{"types >/dev/full", 2, ""}));
+INSTANTIATE_TEST_SUITE_P(
+    Eval, Program,
+    testing::Values(Case{"eval </dev/null", 0, ""}, Case{"eval /nonexistent", 2, "/nonexistent"},
+                    Case{"eval /", 2, "cannot be read"},
+                    Case{"eval --table </dev/null", 0, "outcome"},
+                    Case{"eval </", 2, "vgdt: standard input cannot be read\n"},
+                    Case{"types >/dev/full", 2, "cannot be written"}));
+
+TEST(Program, BlamesTheOutputWhereThatIsFull) {
+  EXPECT_EQ(run("eval '" VGDT_PROGRAM "' >/dev/full").output,
+            "vgdt: the output cannot be written\n");
+}
 
 TEST(Program, AnswersEachLineBeforeTheNextIsWritten) {
   // The shell writes the second request only after it has read the reply to the first.

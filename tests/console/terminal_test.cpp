@@ -28,13 +28,19 @@ TEST(NearestName, IsTwoLettersAwayAtMostAndFewerThanHalf) {
   EXPECT_EQ(nearestName(std::string(1000000, 'o'), names), std::nullopt);
 }
 
-TEST(OneLine, HasNoControlCharactersAndEndsInTime) {
-  EXPECT_EQ(onOneLine("a\n\x1b[1mb\x7f", 20), "a  [1mb ");
+TEST(OneLine, ShowsEscapesForWhatATerminalObeysAndEndsInTime) {
+  EXPECT_EQ(onOneLine("a\n\t\r\x1b[1mb\x7f"), "a\\n\\t\\r\\x1b[1mb\\x7f");
+  EXPECT_EQ(onOneLine(std::string_view("\0", 1)), "\\x00");
+  EXPECT_EQ(onOneLine("\u0085\u061c\u200e\u202e\u2066\u2069\u00a0"),
+            "\\u0085\\u061c\\u200e\\u202e\\u2066\\u2069\u00a0");
   EXPECT_EQ(onOneLine("abcdef", 6), "abcdef");
   EXPECT_EQ(onOneLine("abcdefg", 6), "abc...");
   EXPECT_EQ(onOneLine("漢漢漢漢", 6), "漢...");
+  EXPECT_EQ(onOneLine("a\x1b\x1b", 8), "a\\x1b...") << "no escape is cut in two";
+  EXPECT_EQ(onOneLine("a\x1b\x1b", 9), "a\\x1b\\x1b");
   EXPECT_EQ(onOneLine("\xff", 6), "\uFFFD");
   EXPECT_EQ(padded("漢", 4), "漢  ");
+  EXPECT_EQ(displayWidth("\u202e漢e\u0301\n"), 6U + 2 + 1 + 2);
 }
 
 }  // namespace

@@ -6,7 +6,21 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <utility>
+
 namespace vgdt {
+namespace {
+
+/// Elements that stand row by row, in storage order and the target's class.
+template <class From, class To>
+void storeByColumns(const From& from, std::size_t rows, std::span<To> to) {
+  const std::size_t columns = to.size() / std::max<std::size_t>(rows, 1);
+  for (std::size_t i = 0; i < to.size(); ++i)
+    to[i % columns * rows + i / columns] = castElement<To>(from[i]);
+}
+
+}  // namespace
 
 void BracketBuilder::addLogical(bool value, std::size_t position) {
   admit(Kind::Logical, position);
@@ -23,9 +37,12 @@ void BracketBuilder::addNumbers(std::span<const double> numbers, std::size_t pos
   elements_.insert(elements_.end(), numbers.begin(), numbers.end());
 }
 
-void BracketBuilder::addText(const fl::ustring& text, std::size_t position) {
+void BracketBuilder::addText(fl::ustring text, std::size_t position) {
   admit(Kind::Text, position);
-  elements_.insert(elements_.end(), text.begin(), text.end());
+  if (characters_.empty())
+    characters_ = std::move(text);
+  else
+    characters_ += text;
 }
 
 void BracketBuilder::admit(Kind kind, std::size_t position) {
@@ -35,12 +52,12 @@ void BracketBuilder::admit(Kind kind, std::size_t position) {
 }
 
 void BracketBuilder::closeRow(std::size_t position) {
-  const std::size_t length = elements_.size() - rowBegin_;
+  const std::size_t length = count() - rowBegin_;
   if (rows_ != 0 && length != columns_)
     throw LiteralError(position, fmt::format("this row has a length of {}, and the first one of {}",
                                              length, columns_));
   columns_ = length;
-  rowBegin_ = elements_.size();
+  rowBegin_ = count();
   ++rows_;
 }
 
@@ -49,9 +66,11 @@ LiteralValue BracketBuilder::finish(std::size_t position) {
   const std::size_t dimensions[] = {rows_, columns_};
   LiteralValue result{makeArray(classID(), dimensions), position};
   withElementType(classID(), [&]<class T>(std::type_identity<T>) {
-    const auto elements = writableElementsOf<T>(result.array.get());
-    for (std::size_t i = 0; i < elements.size(); ++i)
-      elements[storageIndex(i)] = castElement<T>(elements_[i]);
+    const auto target = writableElementsOf<T>(result.array.get());
+    if (kind_ == Kind::Text)
+      storeByColumns(characters_, rows_, target);
+    else
+      storeByColumns(elements_, rows_, target);
   });
   return result;
 }
@@ -59,10 +78,6 @@ LiteralValue BracketBuilder::finish(std::size_t position) {
 vxClassID BracketBuilder::classID() const {
   if (kind_ == Kind::Text) return vxCHAR_CLASS;
   return kind_ == Kind::Logical ? vxLOGICAL_CLASS : vxDOUBLE_CLASS;
-}
-
-std::size_t BracketBuilder::storageIndex(std::size_t index) const {
-  return index % columns_ * rows_ + index / columns_;
 }
 
 }  // namespace vgdt

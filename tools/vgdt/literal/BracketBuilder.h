@@ -16,7 +16,7 @@ class BracketBuilder {
   void addNumber(double number, std::size_t position);
   void addNumbers(std::span<const double> numbers, std::size_t position);
   /// Texts in one row are joined.
-  void addText(const fl::ustring& text, std::size_t position);
+  void addText(fl::ustring text, std::size_t position);
   /// `position` is where the row begins. LiteralError if it is not as long as the first one.
   void closeRow(std::size_t position);
   /// Logical, double or char; 0 by 0 double if nothing was added.
@@ -27,10 +27,12 @@ class BracketBuilder {
 
   void admit(Kind kind, std::size_t position);
   vxClassID classID() const;
-  std::size_t storageIndex(std::size_t index) const;
+  /// Of what was added, row by row; only one of the two stores is in use.
+  std::size_t count() const { return elements_.size() + characters_.size(); }
 
   Kind kind_ = Kind::Nothing;
-  std::vector<double> elements_;  // row by row
+  std::vector<double> elements_;
+  fl::ustring characters_;
   std::size_t rows_ = 0;
   std::size_t columns_ = 0;
   std::size_t rowBegin_ = 0;
