@@ -41,10 +41,15 @@ UserError& lastError() {
   return error;
 }
 
-[[noreturn]] void raise(std::string identifier, std::string text) {
-  auto error = std::make_shared<const UserError>(std::move(identifier), std::move(text));
-  lastError() = *error;
-  throw Lindgrove::System::utErrorException_DEPRECATED(std::move(error));
+void record(std::string identifier, std::string text) {
+  lastError() = UserError(std::move(identifier), std::move(text));
+}
+
+/// What is thrown next. Callers have nothing alive that has a destructor: to destroy it on the way
+/// out would take as long as the way itself.
+Lindgrove::System::utErrorException_DEPRECATED recordedError() {
+  return Lindgrove::System::utErrorException_DEPRECATED(
+      std::make_shared<const UserError>(lastError()));
 }
 
 constexpr int kNumberToText = 17;
@@ -55,16 +60,17 @@ constinit thread_local vghost::WarningCapture* innermostCapture = nullptr;
 }  // namespace
 
 void vxErrMsgId(const resource_core::BaseMsgID& message) {
-  raise(message.definition().identifier,
-        vghost::messages::text(message, vghost::messages::locale()));
+  record(message.definition().identifier,
+         vghost::messages::text(message, vghost::messages::locale()));
+  throw recordedError();
 }
 
 void vxErrMsgIdAndTxt(const char* identifier, const char* format, ...) {
   std::va_list arguments;
   va_start(arguments, format);
-  std::string text = vghost::formatted(format, arguments);
+  record(identifier, vghost::formatted(format, arguments));
   va_end(arguments);
-  raise(identifier, std::move(text));
+  throw recordedError();
 }
 
 void vxErrMsg(int number) {

@@ -4,7 +4,7 @@
 
 namespace vgdt {
 
-const JsonValue* JsonValue::find(const std::string& name) const {
+const JsonValue* JsonValue::find(std::string_view name) const {
   const auto found = members.find(name);
   return found == members.end() ? nullptr : &found->second;
 }

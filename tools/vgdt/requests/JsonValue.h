@@ -2,8 +2,11 @@
 
 #include "requests/JsonWriter.h"
 
+#include <functional>
 #include <map>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vgdt {
@@ -20,12 +23,12 @@ struct JsonValue {
   bool isString() const { return kind == Kind::String; }
   bool isObject() const { return kind == Kind::Object; }
   /// The member of that name; null if there is none, or if this is no object.
-  const JsonValue* find(const std::string& name) const;
+  const JsonValue* find(std::string_view name) const;
 
   Kind kind = Kind::Null;
   std::string text = {};  ///< the content of a string; the JSON of a number or a boolean
   std::vector<JsonValue> elements = {};
-  std::map<std::string, JsonValue> members = {};
+  std::map<std::string, JsonValue, std::less<>> members = {};
 };
 
 /// The value on one line, members by name. Values may be nested as deep as requests may.

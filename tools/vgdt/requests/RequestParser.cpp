@@ -18,21 +18,19 @@ class DocumentBuilder final : public nlohmann::json_sax<json> {
  public:
   using Kind = JsonValue::Kind;
 
-  bool null() override { return add({}); }
-  bool boolean(bool value) override {
-    return add({.kind = Kind::Boolean, .text = value ? "true" : "false"});
-  }
+  bool null() override { return add(Kind::Null, ""); }
+  bool boolean(bool value) override { return add(Kind::Boolean, value ? "true" : "false"); }
   bool number_integer(json::number_integer_t value) override {
-    return add({.kind = Kind::Number, .text = std::to_string(value)});
+    return add(Kind::Number, std::to_string(value));
   }
   bool number_unsigned(json::number_unsigned_t value) override {
-    return add({.kind = Kind::Number, .text = std::to_string(value)});
+    return add(Kind::Number, std::to_string(value));
   }
   bool number_float(json::number_float_t value, const std::string&) override {
-    return add({.kind = Kind::Number, .text = json(value).dump()});
+    return add(Kind::Number, json(value).dump());
   }
-  bool string(std::string& value) override { return add(JsonValue::string(std::move(value))); }
-  bool binary(json::binary_t&) override { return add({}); }  // JSON has none
+  bool string(std::string& value) override { return add(Kind::String, std::move(value)); }
+  bool binary(json::binary_t&) override { return add(Kind::Null, ""); }  // JSON has none
 
   bool start_object(std::size_t) override { return open(Kind::Object); }
   bool end_object() override { return close(); }
@@ -73,8 +71,16 @@ class DocumentBuilder final : public nlohmann::json_sax<json> {
     return container.isObject() ? container.members[key_] : container.elements.emplace_back();
   }
 
-  bool add(JsonValue value) {
-    if (tooDeep_ == 0) place() = std::move(value);
+  /// The place where the next value stands, empty also where it stands twice.
+  JsonValue& emptyPlace(Kind kind) {
+    JsonValue& value = place();
+    if (value.kind != Kind::Null) value = {};
+    value.kind = kind;
+    return value;
+  }
+
+  bool add(Kind kind, std::string text) {
+    if (tooDeep_ == 0) emptyPlace(kind).text = std::move(text);
     return true;
   }
 
@@ -84,9 +90,7 @@ class DocumentBuilder final : public nlohmann::json_sax<json> {
       report(fmt::format("JSON nested more than {} deep", kMaxJsonDepth));
       return true;
     }
-    JsonValue& container = place();
-    container = {.kind = kind};
-    open_.push_back(&container);
+    open_.push_back(&emptyPlace(kind));
     return true;
   }
 

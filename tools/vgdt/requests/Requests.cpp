@@ -123,8 +123,8 @@ Answer answer(const JsonValue& request) {
   const auto* operation =
       std::ranges::find(kOperations, name, [](const Operation& row) { return row.name; });
   if (operation == std::end(kOperations))
-    throw RequestError(
-        fmt::format("there is no op \"{}\"; the ops are {}", shortened(name), namesOf(kOperations)));
+    throw RequestError(fmt::format("there is no op \"{}\"; the ops are {}", shortened(name),
+                                   namesOf(kOperations)));
   requireKnownMembers(request);
   return operation->answer(request);
 }
