@@ -28,6 +28,12 @@ void printField(std::ostream& stream, std::string_view name,
     printField(stream, std::exchange(name, ""), value);
 }
 
+void HostOutput::print(std::ostream& stream) const {
+  printField(stream, "console", console_.lines());
+  for (const vghost::Warning& warning : warnings_.warnings())
+    printField(stream, "warning", warning.message);
+}
+
 std::string defaultText(const Type& type) {
   const vcos::COSValue value = type.access.dataType().getDefaultValue();
   if (const auto text = textOf(type, value)) return *text;

@@ -4,6 +4,9 @@
 #include "requests/Reply.h"
 #include "text/Terminal.h"
 
+#include <ut/console.h>
+#include <vx/errors.h>
+
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -33,6 +36,17 @@ void printField(std::ostream& stream, std::string_view name, std::string_view va
 /// One line for each value; none if there is none.
 void printField(std::ostream& stream, std::string_view name,
                 const std::vector<std::string>& values);
+
+/// Keeps what the library prints on the host's console and warns of while it lives.
+class HostOutput {
+ public:
+  /// One field for each line and each warning.
+  void print(std::ostream& stream) const;
+
+ private:
+  vghost::ConsoleCapture console_;
+  vghost::WarningCapture warnings_;
+};
 
 /// The default value as text, or else as its array.
 std::string defaultText(const Type& type);

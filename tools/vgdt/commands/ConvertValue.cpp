@@ -128,7 +128,10 @@ ExitStatus convertValue(const Console& console, const std::string& name, const G
   if (asJson)
     return printReply(
         console, serveRequest(requestOf({{"type", name}, {memberOf(given.route), given.content}})));
-  return convertForPeople(console, requireType(name), given);
+  const HostOutput output;
+  const ExitStatus status = convertForPeople(console, requireType(name), given);
+  output.print(console.errors);
+  return status;
 }
 
 }  // namespace vgdt

@@ -52,7 +52,9 @@ ExitStatus describeType(const Console& console, const std::string& name, bool as
   if (asJson)
     return printReply(console, serveRequest(requestOf({{"op", "describe"}, {"type", name}})));
   const ArrayScope scope;
+  const HostOutput output;
   printDescription(console, requireType(name));
+  output.print(console.errors);
   return kDone;
 }
 
