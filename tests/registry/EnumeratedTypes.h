@@ -31,7 +31,6 @@ struct EnumeratedType {
   std::string defaultName;
   NamesAndValues names;
 
-  std::string dottedName() const { return "vortil.graphics.datatype." + name; }
   /// Of the host type behind its table.
   std::string tableName() const {
     const std::string table = name == "VG1DrawStyle" ? "VG1BaseDrawStyle" : name + "Style";
