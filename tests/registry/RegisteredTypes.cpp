@@ -44,6 +44,7 @@ RegisteredType registered(const EnumeratedType& type) {
           .defaultPrinted = type.defaultName,
           .nullArray = textArray(""),
           .obstacles = {"a", "ac", "a", "ac", "na", "a"},
+          .family = Family::kEnumerated,
           .isFinite = true,
           .nullTextRaises = "VORTIL:datatypes:InvalidEnumValue"};
 }
@@ -57,16 +58,16 @@ RegisteredType registered(const ShapedType& type) {
     printed << number << ' ';
   // A text without numbers becomes a value without a text, and meets less on its way.
   const bool isEmpty = !type.printed;
-  RegisteredType row{
-      .name = type.name,
-      .bytes = 8,
-      .text = type.sampleText,
-      .printed = isEmpty ? std::nullopt : std::optional<std::string>(type.printed),
-      .array = [&type] { return type.sampleArray(); },
-      .defaultArray = noElements,
-      .defaultPrinted = std::nullopt,
-      .nullArray = noElements,
-      .obstacles = {isEmpty ? "a" : "ac", "ac", isEmpty ? "" : "nac", "ac", "", "ac"}};
+  RegisteredType row{.name = type.name,
+                     .bytes = 8,
+                     .text = type.sampleText,
+                     .printed = isEmpty ? std::nullopt : std::optional<std::string>(type.printed),
+                     .array = [&type] { return type.sampleArray(); },
+                     .defaultArray = noElements,
+                     .defaultPrinted = std::nullopt,
+                     .nullArray = noElements,
+                     .obstacles = {isEmpty ? "a" : "ac", "ac", "nac", "ac", "", "ac"},
+                     .family = Family::kShaped};
   if (!type.defaultRow.empty()) {
     row.defaultArray = [&type, size, storage] {
       return test::array(size + " " + storage, type.defaultRow);

@@ -23,6 +23,8 @@ struct Obstacles {
   const char* copy;
 };
 
+enum class Family { kOwn, kEnumerated, kShaped };
+
 /// A type as callers know it, written by hand: never made from what the library is made from.
 struct RegisteredType {
   std::string name;                    ///< the last part of the dotted name
@@ -36,6 +38,7 @@ struct RegisteredType {
   Obstacles obstacles;
 
   // What few types depart from.
+  Family family = Family::kOwn;
   std::string declarationName = name;
   int storageType = 7;
   bool isFinite = false;  ///< as to its possible values
