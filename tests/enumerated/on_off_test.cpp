@@ -1,4 +1,5 @@
 #include "support/Arrays.h"
+#include "support/GlobalLocale.h"
 #include "support/HostError.h"
 
 #include <gmock/gmock.h>
@@ -10,7 +11,6 @@
 #include <vx/scopes.h>
 
 #include <cstring>
-#include <locale>
 #include <string>
 #include <vector>
 
@@ -74,18 +74,8 @@ TEST_F(OnOff, TakesItsTextsInAnyCaseAndNoOtherAbbreviationThanOf) {
 }
 
 TEST_F(OnOff, LowersByTheGlobalLocaleWithoutNeedingTheClassicOne) {
-  struct ShoutingCtype : std::ctype<char> {
-    // A locale in which "!" is the upper case of "n".
-    const char* do_tolower(char* low, const char* high) const override {
-      for (; low != high; ++low)
-        *low = *low == '!' ? 'n' : std::ctype<char>::do_tolower(*low);
-      return high;
-    }
-  };
-  const std::locale old = std::locale::global(std::locale(std::locale(), new ShoutingCtype));
-  const COSValue value = fromText("O!");
-  std::locale::global(old);
-  EXPECT_EQ(value, kOn);
+  const test::GlobalLocale locale(new test::OddCharacters);
+  EXPECT_EQ(fromText("!N"), kOn);
 }
 
 TEST_F(OnOff, PrintsConstantsThatNobodyFrees) {

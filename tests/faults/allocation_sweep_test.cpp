@@ -11,8 +11,10 @@
 #include <ut/memory.h>
 #include <vcos/TypeAccess.h>
 
+#include <algorithm>
+#include <array>
+#include <functional>
 #include <optional>
-#include <ostream>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -204,17 +206,9 @@ TEST(Sweep, ATableThatCouldNotBeMadeIsMadeInFullLater) {
   });
 }
 
-/// What some work takes, and leaves behind.
-struct Cost {
-  std::uint64_t news, hostAllocations;
-  std::size_t blocks, arrays;
-
-  friend bool operator==(const Cost&, const Cost&) = default;
-  friend std::ostream& operator<<(std::ostream& out, const Cost& cost) {
-    return out << cost.news << " new, " << cost.hostAllocations << " host allocations, "
-               << cost.blocks << " blocks and " << cost.arrays << " arrays stay";
-  }
-};
+/// What some work takes from operator new and from the host, and the blocks and arrays of the host
+/// that it leaves behind.
+using Cost = std::array<std::uint64_t, 4>;
 
 template <class Work>
 Cost costOf(Work&& work) {
@@ -224,9 +218,9 @@ Cost costOf(Work&& work) {
   };
   const Cost before = now();
   work();
-  const Cost after = now();
-  return {after.news - before.news, after.hostAllocations - before.hostAllocations,
-          after.blocks - before.blocks, after.arrays - before.arrays};
+  Cost cost = now();
+  std::ranges::transform(cost, before, cost.begin(), std::minus());
+  return cost;
 }
 
 /// What the conversions of a type cost; a text only where one is given.

@@ -1,5 +1,6 @@
 #include "support/ChildProcess.h"
 #include "support/FailingNew.h"
+#include "support/GlobalLocale.h"
 
 #include <graphics/datatype/StringConversion.h>
 #include <graphics/datatype/vgdatatypes.h>
@@ -14,7 +15,6 @@
 #include <cmath>
 #include <iterator>
 #include <limits>
-#include <locale>
 #include <new>
 #include <optional>
 #include <set>
@@ -54,31 +54,6 @@ std::string textOf(const char* inner, COSValue word) {
   return copy;
 }
 
-/// Makes the global locale group digits, with ',' between them.
-class GroupingLocale {
- public:
-  explicit GroupingLocale(const char* grouping)
-      : old_(std::locale::global(std::locale(std::locale(), new Punctuation(grouping)))) {}
-  ~GroupingLocale() { std::locale::global(old_); }
-  GroupingLocale(const GroupingLocale&) = delete;
-  GroupingLocale& operator=(const GroupingLocale&) = delete;
-
- private:
-  class Punctuation : public std::numpunct<char> {
-   public:
-    explicit Punctuation(const char* grouping) : grouping_(grouping) {}
-
-   protected:
-    std::string do_grouping() const override { return grouping_; }
-    char do_thousands_sep() const override { return ','; }
-
-   private:
-    std::string grouping_;
-  };
-
-  std::locale old_;
-};
-
 /// Texts that scalars read, each with what it prints as afterwards, and texts that they refuse.
 struct Probe {
   const char* names;  ///< separated by commas
@@ -97,7 +72,7 @@ std::vector<std::string> split(const std::string& text, char separator) {
 
 void expectProbes(const std::vector<Probe>& probes) {
   for (const Probe& probe : probes) {
-    const GroupingLocale locale(probe.grouping);
+    const test::GlobalLocale locale(new test::Grouping(probe.grouping));
     for (const std::string& name : split(probe.names, ',')) {
       const char* inner = name.c_str();
       SCOPED_TRACE(name);
@@ -290,7 +265,7 @@ TEST_F(Scalars, StringsAreCopied) {
 }
 
 TEST_F(Scalars, AllocateTheTextThatTheyGiveAndNothingElse) {
-  const GroupingLocale locale("\3");
+  const test::GlobalLocale locale(new test::Grouping("\3"));
   const std::pair<const char*, const char*> cases[] = {
       {"int8 scalar", "A"},        {"int16 scalar", "-32,768"}, {"uint32 scalar", "4,294,967,295"},
       {"int64 scalar", "-1"},      {"single scalar", "-nan"},   {"double scalar", "infinity"},
