@@ -13,7 +13,6 @@
 #include <ut/memory.h>
 #include <vcos/TypeAccess.h>
 #include <vcos/TypedEnumStringType.h>
-#include <vx/errors.h>
 
 #include <algorithm>
 #include <cctype>
@@ -41,10 +40,7 @@ int takeNumber(const TypeAccess& access, COSValue word) {
 template <class Work>
 void expectRaised(const resource_core::BaseMsgID& message, Work&& work) {
   EXPECT_EQ(test::identifierRaisedBy(work), message.definition().identifier);
-  const char* identifier = nullptr;
-  const char* text = nullptr;
-  vxGetLastErrIdAndMsg(&identifier, &text);
-  EXPECT_EQ(text, vghost::messages::text(message, vghost::messages::locale()));
+  EXPECT_EQ(test::lastError().text, vghost::messages::text(message, vghost::messages::locale()));
 }
 
 class Catalogue : public testing::Test {

@@ -3,13 +3,11 @@
 #include "faults/Obstacles.h"
 #include "registry/RegisteredTypes.h"
 #include "support/ChildProcess.h"
+#include "support/HostError.h"
 
 #include <graphics/datatype/vgdatatypes.h>
 #include <gtest/gtest.h>
 #include <sys/mman.h>
-#include <vx/errors.h>
-
-#include <string>
 
 namespace {
 
@@ -22,13 +20,6 @@ bool isOnOffComplete() {
   return test::stepsOf(onOff) == 1 + static_cast<int>(onOff.conversions.size());
 }
 
-std::string lastIdentifier() {
-  const char* identifier = nullptr;
-  const char* text = nullptr;
-  vxGetLastErrIdAndMsg(&identifier, &text);
-  return identifier;
-}
-
 /// What holds after one failure, or after it and all later ones.
 void expectCleanFailure(char obstacle, Outcome outcome, bool fromThenOn) {
   const Progress now = test::progress();
@@ -36,7 +27,7 @@ void expectCleanFailure(char obstacle, Outcome outcome, bool fromThenOn) {
   EXPECT_LE(now.partly, 1U);
   if (obstacle == 'c') {
     EXPECT_EQ(outcome, Outcome::kHostError);
-    EXPECT_EQ(lastIdentifier(), "VORTIL:host:InjectedFailure");
+    EXPECT_STREQ(test::lastError().identifier, "VORTIL:host:InjectedFailure");
   } else if (outcome == Outcome::kSucceeded) {
     // Refused while a type was registered: only the rest of that type is lost.
     EXPECT_FALSE(fromThenOn);
@@ -44,7 +35,7 @@ void expectCleanFailure(char obstacle, Outcome outcome, bool fromThenOn) {
     EXPECT_TRUE(isOnOffComplete());
   } else if (outcome == Outcome::kHostError) {
     // Refused to on_off, which says so.
-    EXPECT_EQ(lastIdentifier(), test::registeredTypes().front().refusalRaises);
+    EXPECT_EQ(test::lastError().identifier, test::registeredTypes().front().refusalRaises);
     EXPECT_FALSE(isOnOffComplete());
   } else {
     // Before a type was registered, or not for the class system to refuse: start-up has ended.

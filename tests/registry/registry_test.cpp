@@ -219,4 +219,16 @@ TEST_F(Registry, NullIsNoValue) {
   });
 }
 
+TEST_F(Registry, ThePercentageRefusesWhatItsPageSays) {
+  const auto access = TypeAccess::find(COSNameID("vortil.graphics.datatype.Percentage")).value();
+  for (const char* text : {"", "25", "%", "25%%", "-1%", "101%", "nan%", " 25%"})
+    EXPECT_EQ(test::identifierRaisedBy([&] { access.fromText(text); }),
+              "datatypes:Percentage:BadText")
+        << text;
+  for (const char* words : {"1x1 single", "1x2 double", "0x0 double", "1x1 char"})
+    EXPECT_EQ(test::identifierRaisedBy([&] { access.fromArray(test::array(words).get()); }),
+              "datatypes:Percentage:BadArray")
+        << words;
+}
+
 }  // namespace
