@@ -54,26 +54,24 @@ vcos::COSDataType* hostTypeOf(const char* table) {
 
 TEST(EnumTable, FindsANameByWhatFitsNoOther) {
   const Table colours = {"colormapped", "truecolor", "truecoloralpha", "red", "redder", "- -"};
-  const std::pair<const char*, const char*> kCases[] = {
-      {"truecolor", "truecolor"},
-      {"truecolora", "truecoloralpha"},
-      {"true", ""},
-      {"c", "colormapped"},
-      {"red", "red"},
-      {"redd", "redder"},
-      {"re", ""},
-      {"truecoloralphas", ""},
-      {"ruecolor", ""},
-      {"- -", "- -"},
-      {"-", "- -"},
-      {"- ", "- -"},
-      {"--", ""},
-      {"true color", ""},
-      {"", ""},
-      {"   ", ""},
-      {"\xFF", ""},
-      {"TrueColorA", "truecoloralpha"},
-  };
+  const std::pair<const char*, const char*> kCases[] = {{"truecolor", "truecolor"},
+                                                        {"truecolora", "truecoloralpha"},
+                                                        {"true", ""},
+                                                        {"c", "colormapped"},
+                                                        {"red", "red"},
+                                                        {"redd", "redder"},
+                                                        {"re", ""},
+                                                        {"truecoloralphas", ""},
+                                                        {"ruecolor", ""},
+                                                        {"- -", "- -"},
+                                                        {"-", "- -"},
+                                                        {"- ", "- -"},
+                                                        {"--", ""},
+                                                        {"true color", ""},
+                                                        {"", ""},
+                                                        {"   ", ""},
+                                                        {"\xFF", ""},
+                                                        {"TrueColorA", "truecoloralpha"}};
   for (const auto& [text, name] : kCases)
     EXPECT_EQ(found(colours, text), name) << text;
   EXPECT_FALSE(colours.isValidEnumName(nullptr));

@@ -3,7 +3,6 @@
 #include "registry/EnumeratedTypes.h"
 #include "registry/ShapedTypes.h"
 
-#include <ostream>
 #include <sstream>
 
 namespace test {
@@ -105,18 +104,13 @@ int stepsOf(const RegisteredType& type) {
 }
 
 Progress progress() {
-  Progress counts;
+  Progress counts = {{"complete", 0}, {"in part", 0}, {"missing", 0}};
   for (const RegisteredType& type : registeredTypes()) {
     const int steps = stepsOf(type);
     const bool isComplete = steps == 1 + static_cast<int>(type.conversions.size());
-    ++(isComplete ? counts.complete : steps == 0 ? counts.missing : counts.partly);
+    ++counts[isComplete ? "complete" : steps == 0 ? "missing" : "in part"];
   }
   return counts;
-}
-
-std::ostream& operator<<(std::ostream& out, const Progress& counts) {
-  return out << counts.complete << " types, " << counts.partly << " more in part, "
-             << counts.missing << " missing";
 }
 
 }  // namespace test

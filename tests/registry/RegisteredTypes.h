@@ -5,6 +5,7 @@
 #include <vcos/COSTypeRepository.h>
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -60,15 +61,8 @@ const std::vector<RegisteredType>& registeredTypes();
 /// one is done without the one before it.
 int stepsOf(const RegisteredType& type);
 
-/// How far the registration of the types has come.
-struct Progress {
-  std::size_t complete = 0;
-  std::size_t partly = 0;
-  std::size_t missing = 0;
-
-  friend bool operator==(const Progress&, const Progress&) = default;
-  friend std::ostream& operator<<(std::ostream& out, const Progress& counts);
-};
+/// How many types are registered: "complete", "in part" and "missing".
+using Progress = std::map<std::string, std::size_t>;
 Progress progress();
 
 inline vcos::COSTypeConversion* conversion(const std::string& outside, const std::string& inner) {

@@ -68,8 +68,9 @@ constexpr const char* kDataTypes = "vortil.graphics.datatype";
 constexpr const char* kTables = "vortil.graphics.enumstyletypes";
 constexpr const char* kInjected = "VORTIL:host:InjectedFailure";
 
-const test::Progress kAll{test::registeredTypes().size(), 0, 0};
-const test::Progress kNone{0, 0, test::registeredTypes().size()};
+const std::size_t kTypes = test::registeredTypes().size();
+const test::Progress kAll = {{"complete", kTypes}, {"in part", 0}, {"missing", 0}};
+const test::Progress kNone = {{"complete", 0}, {"in part", 0}, {"missing", kTypes}};
 
 TEST(StartUp, LoadingAloneRegistersNothing) {
   inChildProcess([] {
