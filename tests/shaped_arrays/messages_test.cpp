@@ -7,107 +7,127 @@
 #include <messages/BaseMsgID.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <memory>
-#include <regex>
 #include <set>
 #include <string>
-#include <utility>
+#include <vector>
 
 namespace {
 
 using namespace graphics::datatype::shaped;
-using Words = std::set<std::string>;
+using Words = std::vector<std::string>;
+using Facts = std::set<Words>;
 
-std::string textOf(NewMessage newMessage) {
+/// The words of a message; "n-by-3" and "-1" are words.
+Words wordsOf(NewMessage newMessage) {
   const std::unique_ptr<const resource_core::BaseMsgID> message(newMessage());
-  return message->definition().english;
-}
-
-/// All matches of a pattern, without the letters that stand for any number in a shape.
-Words matches(const std::string& text, const std::string& pattern) {
-  static const std::regex kAnyNumber("\\b[mnk]\\b");
-  Words words;
-  const std::regex regex(pattern);
-  for (std::sregex_iterator each(text.begin(), text.end(), regex), end; each != end; ++each)
-    words.insert(std::regex_replace(each->str(), kAnyNumber, "*"));
+  Words words(1);
+  for (const char* c = message->definition().english; *c; ++c)
+    if (std::isalnum(static_cast<unsigned char>(*c)) || *c == '-')
+      words.back() += *c;
+    else if (!words.back().empty())
+      words.emplace_back();
   return words;
 }
 
-Words classesIn(const std::string& text) {
-  Words classes = matches(text, "\\b(double|single|logical|char|cell|struct|u?int(8|16|32|64))\\b");
-  if (text.find("integer class") != std::string::npos)
-    classes.merge(Words{"int8", "uint8", "int16", "uint16", "int32", "uint32", "int64", "uint64"});
-  return classes;
+bool isNumber(const std::string& word) {
+  return std::isdigit(static_cast<unsigned char>(word.back()));
 }
 
-/// "1-by-*", "*-by-*-by-3". A text without such a shape may name a row, a column or a matrix.
-Words shapesIn(const std::string& text) {
-  const std::pair<const char*, const char*> kWords[] = {
-      {"a row", "1-by-*"}, {"a column", "*-by-1"}, {"a matrix", "*-by-*"}};
-  Words shapes = matches(text, "\\w+(-by-\\w+)+");
-  const bool hasShapes = !shapes.empty();
-  for (const auto& [words, shape] : kWords)
-    if (!hasShapes && text.find(words) != text.npos) shapes.insert(shape);
-  if (text.find("one value") != text.npos) shapes.insert("1-by-1");
-  return shapes;
-}
+/// Of all messages of a type, or of its rows.
+struct Told {
+  Facts classes;
+  Facts shapes;  ///< {"1", "*"} for 1-by-n
+  Facts bounds;  ///< {"0", "1"} for "from 0 to 1", {"1"} for "from 1"
 
-Words shapesOf(const SizeRule& size) {
-  if (size.kind == SizeRule::Kind::kPair) return {"1-by-2", "2-by-1"};
-  if (size.kind == SizeRule::Kind::kVector) return {"1-by-*", "*-by-1"};
-  std::string shape;
-  for (const std::size_t number : {size.m, size.n, size.third})
-    shape.append("-by-").append(number == SizeRule::kAny ? "*" : std::to_string(number));
-  const std::size_t dimensions = size.numberOfDimensions;
-  return {shape.substr(4, dimensions == 3 ? shape.npos : shape.rfind("-by-") - 4)};
-}
+  void read(const Words& words) {
+    const bool hasShapes = std::ranges::any_of(
+        words, [](const std::string& word) { return word.find("-by-") != word.npos; });
+    for (std::size_t i = 0; i + 1 < words.size(); ++i) {
+      const std::string& word = words[i];
+      const std::string& next = words[i + 1];
+      for (int classID = vxCELL_CLASS; classID <= vxOBJECT_CLASS; ++classID) {
+        const std::string name = vxClassName(vxClassID(classID));
+        const bool isInteger = classID >= vxINT8_CLASS && classID <= vxUINT64_CLASS;
+        if (word == name || (isInteger && word == "integer" && next == "class"))
+          classes.insert({name});
+      }
+      if (word.find("-by-") != word.npos) shapes.insert(partsOf(word));
+      if (word == "one" && next == "value") shapes.insert({"1", "1"});
+      if (word == "a" && !hasShapes) {
+        if (next == "row") shapes.insert({"1", "*"});
+        if (next == "column") shapes.insert({"*", "1"});
+        if (next == "matrix") shapes.insert({"*", "*"});
+      }
+      if (word != "from" || !isNumber(next)) continue;
+      const bool hasEnd = words[i + 2] == "to";
+      bounds.insert(hasEnd ? Words{next, words[i + 3]} : Words{next});
+    }
+  }
+
+  void read(const Predicate& predicate) {
+    for (int classID = vxCELL_CLASS; classID <= vxOBJECT_CLASS; ++classID)
+      if (predicate.classes.contains(vxClassID(classID)))
+        classes.insert({vxClassName(vxClassID(classID))});
+    const SizeRule& size = predicate.size;
+    const auto number = [](std::size_t n) { return n == SizeRule::kAny ? "*" : std::to_string(n); };
+    if (size.kind == SizeRule::Kind::kPair)
+      shapes.insert({{"1", "2"}, {"2", "1"}});
+    else if (size.kind == SizeRule::Kind::kVector)
+      shapes.insert({{"1", "*"}, {"*", "1"}});
+    else if (size.numberOfDimensions == 3)
+      shapes.insert({number(size.m), number(size.n), number(size.third)});
+    else
+      shapes.insert({number(size.m), number(size.n)});
+    const auto text = [](double bound) { return std::to_string(std::lround(bound)); };
+    const ElementScan& scan = predicate.scan;
+    if (predicate.rule == WholeArrayRule::kNormalized) bounds.insert({"0", "1"});
+    if (scan.has(ElementTest::kWhole32)) bounds.insert({text(scan.min), "2147483647"});
+    if (scan.has(ElementTest::kRange))
+      bounds.insert(std::isinf(scan.max) ? Words{text(scan.min)}
+                                         : Words{text(scan.min), text(scan.max)});
+  }
+
+  static Words partsOf(const std::string& shape) {
+    Words parts;
+    for (std::size_t begin = 0, end = 0; end != shape.npos; begin = end + 4) {
+      end = shape.find("-by-", begin);
+      const std::string part = shape.substr(begin, end - begin);
+      parts.push_back(isNumber(part) ? part : std::string(1, '*'));
+    }
+    return parts;
+  }
+};
 
 /// Whether each of the shapes is among others, or is one of them with "*" in place of a number.
-bool areCovered(const Words& shapes, const Words& others) {
-  return std::ranges::all_of(shapes, [&](const std::string& shape) {
-    return std::ranges::any_of(others, [&](const std::string& other) {
-      const std::string pattern = std::regex_replace(other, std::regex("\\*"), "(\\d+|\\*)");
-      return std::regex_match(shape, std::regex(pattern));
+bool areCovered(const Facts& shapes, const Facts& others) {
+  return std::ranges::all_of(shapes, [&](const Words& shape) {
+    return std::ranges::any_of(others, [&](const Words& other) {
+      return std::ranges::equal(other, shape, [](const std::string& wide, const std::string& own) {
+        return wide == "*" || wide == own;
+      });
     });
   });
 }
 
-/// "from 0 to 1" and "from 1".
-Words boundsOf(const Predicate& predicate) {
-  const auto bounds = [](double min, double max) {
-    std::string text = "from " + std::to_string(std::lround(min));
-    if (!std::isinf(max)) text.append(" to ").append(std::to_string(std::lround(max)));
-    return text;
-  };
-  const ElementScan& scan = predicate.scan;
-  if (predicate.rule == WholeArrayRule::kNormalized) return {bounds(0, 1)};
-  Words all;
-  if (scan.has(ElementTest::kRange)) all.insert(bounds(scan.min, scan.max));
-  if (scan.has(ElementTest::kWhole32)) all.insert(bounds(scan.min, 2147483647));
-  return all;
-}
-
 TEST(Messages, NameTheClassesShapesAndBoundsOfTheRowsAndNoOthers) {
   for (const test::ShapedType& each : test::kShapedTypes) {
+    SCOPED_TRACE(each.name);
     const ShapedType& type = *findShapedType(each.name);
-    std::string text = textOf(type.newSizeMessage) + textOf(type.newTypeMessage);
-    Words classes;
-    Words shapes;
-    Words bounds;
+    Told messages;
+    Told rows;
+    messages.read(wordsOf(type.newSizeMessage));
+    messages.read(wordsOf(type.newTypeMessage));
     for (const Predicate& predicate : type.predicates) {
-      for (int classID = vxCELL_CLASS; classID <= vxOBJECT_CLASS; ++classID)
-        if (predicate.classes.contains(vxClassID(classID)))
-          classes.insert(vxClassName(vxClassID(classID)));
-      shapes.merge(shapesOf(predicate.size));
-      bounds.merge(boundsOf(predicate));
-      if (predicate.newOwnMessage) text += textOf(predicate.newOwnMessage);
+      rows.read(predicate);
+      if (predicate.newOwnMessage) messages.read(wordsOf(predicate.newOwnMessage));
     }
-    SCOPED_TRACE(text);
-    EXPECT_EQ(classesIn(text), classes);
-    EXPECT_TRUE(areCovered(shapes, shapesIn(text)));
-    EXPECT_TRUE(areCovered(shapesIn(text), shapes));
-    EXPECT_EQ(matches(text, "from -?\\d+( to -?\\d+)?"), bounds);
+    EXPECT_EQ(messages.classes, rows.classes);
+    EXPECT_EQ(messages.bounds, rows.bounds);
+    EXPECT_TRUE(areCovered(rows.shapes, messages.shapes));
+    EXPECT_TRUE(areCovered(messages.shapes, rows.shapes));
   }
 }
 
