@@ -108,9 +108,9 @@ TEST_F(ShapedTypes, TextIsReadIntoTheStorageClassOrIsAnInvalidString) {
                                  {"SurfaceVertexNormals", "[1]", "SurfaceVertexNormalsSize"},
                                  {"PrimitiveColorData", "[1 2]", "PrimitiveColorDataType"},
                                  {"ColorOrder", "[0 0 NaN]", "NaN"}};
-  for (const auto& [type, text, message] : rows)
-    EXPECT_EQ(test::identifierRaisedBy([&] { test::accessOf(type).fromText(text); }),
-              std::string("VORTIL:vg:shaped_arrays:") + message);
+  for (const auto& row : rows)
+    EXPECT_EQ(test::identifierRaisedBy([&] { test::accessOf(row[0]).fromText(row[1]); }),
+              std::string("VORTIL:vg:shaped_arrays:") + row[2]);
 }
 
 TEST_F(ShapedTypes, AVectorIsKeptAsARow) {

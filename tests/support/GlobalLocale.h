@@ -37,7 +37,7 @@ struct OddCharacters : std::ctype<char> {
     return high;
   }
   static inline mask masks[256] = {};
-  static inline const bool areSet = (masks['_'] = masks['q'] = space) != 0;
+  static inline const bool areSet = (masks[int{'_'}] = masks[int{'q'}] = space) != 0;
 };
 
 }  // namespace test
