@@ -1,5 +1,4 @@
 #include "PackageTexts.h"
-#include "TypeRegistration.h"
 
 #include <graphics/datatype/HostAllocated.h>
 #include <graphics/datatype/registration.h>
@@ -77,25 +76,6 @@ void registerDatatype(vcos::COSDataType* type) {
   COSPackage* package = COSPackage::getPackage(packageName);
   if (!package) vxErrMsgId(component_VORTIL::catalog_vg::key_VCOSPackageNotFound());
   package->addDataType(type);
-}
-
-void addType(vcos::COSDataType& type, const char* dottedName, MakeConversion makeForArrays,
-             MakeConversion makeForText) {
-  registerDatatype(&type);
-  static const COSNameID array("any");
-  static const COSNameID text("string");
-  const COSNameID inner(dottedName);
-  vcos::COSTypeRepository::addConversion(array, inner, makeForArrays(type));
-  vcos::COSTypeRepository::addConversion(text, inner, makeForText(type));
-}
-
-void addTypeInSilence(vcos::COSDataType& type, const char* dottedName, MakeConversion makeForArrays,
-                      MakeConversion makeForText) {
-  try {
-    addType(type, dottedName, makeForArrays, makeForText);
-  } catch (const vcos::COSException&) {
-    // Start-up goes on with the next type.
-  }
 }
 
 }  // namespace graphics::datatype

@@ -1,8 +1,8 @@
-// What holds for each of the enumerated types, against a list of them that is written by hand.
+// What holds for each of the enumerated types beside what all types have in common.
 
-#include "enumerated/Catalogue.h"
 #include "enumerated/PlainRule.h"
-#include "shaped_arrays/Catalogue.h"
+#include "registry/EnumeratedTypes.h"
+#include "support/Arrays.h"
 #include "support/HostError.h"
 
 #include <gmock/gmock.h>
@@ -11,22 +11,17 @@
 #include <messages/catalog.h>
 #include <messages/translation.h>
 #include <ut/memory.h>
-#include <vcos/COSPackage.h>
 #include <vcos/TypeAccess.h>
 #include <vcos/TypedEnumStringType.h>
-#include <vx/array.h>
-#include <vx/errors.h>
 
 #include <algorithm>
 #include <cctype>
-#include <optional>
 #include <string>
 #include <vector>
 
 namespace {
 
 using namespace component_VORTIL::catalog_datatypes;
-using graphics::datatype::EnumBase;
 using test::EnumeratedType;
 using test::kEnumeratedTypes;
 using vcos::ArrayOwner;
@@ -35,92 +30,48 @@ using vcos::COSValue;
 using vcos::OwnedValue;
 using vcos::TypeAccess;
 
-int numberOf(COSValue value) {
-  return value.asPointer<const EnumBase>()->getIntValue();
-}
-
-std::string upperCased(std::string text) {
-  for (char& c : text)
-    c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-  return text;
-}
-
-std::string textOf(const ArrayOwner& array) {
-  return vxArrayToStdString(array.get());
-}
-
-/// The number of the value of a text by the text conversion, or by the array conversion.
-int numberByText(const TypeAccess& access, const std::string& text) {
-  const OwnedValue value(access.dataType(), access.fromText(text.c_str()));
-  return numberOf(value.get());
-}
-int numberByArray(const TypeAccess& access, const vxArray* array) {
-  const OwnedValue value(access.dataType(), access.fromArray(array));
-  return numberOf(value.get());
+/// The number of a value, which ends here.
+int takeNumber(const TypeAccess& access, COSValue word) {
+  const OwnedValue value(access.dataType(), word);
+  return word.asPointer<const graphics::datatype::EnumBase>()->getIntValue();
 }
 
 /// Expects that `work` raises a message, with these arguments in this order.
 template <class Work>
 void expectRaised(const resource_core::BaseMsgID& message, Work&& work) {
   EXPECT_EQ(test::identifierRaisedBy(work), message.definition().identifier);
-  const char* identifier = nullptr;
-  const char* text = nullptr;
-  vxGetLastErrIdAndMsg(&identifier, &text);
-  EXPECT_EQ(text, vghost::messages::text(message, vghost::messages::locale()));
+  EXPECT_EQ(test::lastError().text, vghost::messages::text(message, vghost::messages::locale()));
 }
 
 class Catalogue : public testing::Test {
  protected:
   static void SetUpTestSuite() { VLInitialize_vgdatatypes(); }
 
-  void SetUp() override {
-    arrays_ = vghost::liveArrays();
-    blocks_ = vghost::liveBlocks();
-  }
-
   template <class Check>
-  void forEachType(Check&& check) {
+  static void forEachType(Check&& check) {
+    const std::size_t arrays = vghost::liveArrays();
+    const std::size_t blocks = vghost::liveBlocks();
     for (const EnumeratedType& type : kEnumeratedTypes) {
       SCOPED_TRACE(type.name);
-      const auto access = TypeAccess::find(COSNameID(type.dottedName().c_str()));
-      ASSERT_TRUE(access && access->textConversion() && access->arrayConversion());
-      check(type, *access, access->dataType());
+      const std::string name = "vortil.graphics.datatype." + type.name;
+      const auto access = TypeAccess::find(COSNameID(name.c_str()));
+      ASSERT_TRUE(access);
+      check(type, *access);
     }
+    EXPECT_EQ(vghost::liveArrays(), arrays);
+    EXPECT_EQ(vghost::liveBlocks(), blocks);
   }
-
-  void expectNothingLeftOver() const {
-    EXPECT_EQ(vghost::liveArrays(), arrays_);
-    EXPECT_EQ(vghost::liveBlocks(), blocks_);
-  }
-
- private:
-  std::size_t arrays_ = 0;
-  std::size_t blocks_ = 0;
 };
 
-TEST_F(Catalogue, IsComplete) {
-  std::vector<std::string> expected = {"on_off"};
-  for (const EnumeratedType& type : kEnumeratedTypes)
-    expected.push_back(type.name);
-  for (const test::ShapedType& type : test::kShapedTypes)
-    expected.push_back(type.name);
-  ASSERT_EQ(expected.size(), 80U);
-  std::vector<std::string> names;
-  for (const auto* type :
-       vcos::COSPackage::getPackage(COSNameID("vortil.graphics.datatype"))->getDataTypes())
-    names.emplace_back(type->getName());
-  EXPECT_THAT(names, testing::UnorderedElementsAreArray(expected));
-}
-
-TEST_F(Catalogue, TypesDescribeThemselves) {
-  forEachType([](const EnumeratedType& expected, const auto&, vcos::COSDataType& type) {
-    EXPECT_EQ(type.getName(), expected.name);
-    EXPECT_EQ(type.getDeclarationName(), expected.name);
-    EXPECT_STREQ(type.getCategoryName(), "Fundamental");
-    EXPECT_EQ(type.getStorageType(), 7);
-    EXPECT_EQ(type.getSizeInBits(), 192U);
-    EXPECT_EQ(type.getValueSizeInBytes({}), 24U);
-    EXPECT_TRUE(type.isPossibleValuesFinite());
+TEST_F(Catalogue, TypesListTheirValuesInOrderAndGiveThemAway) {
+  forEachType([](const EnumeratedType& expected, const TypeAccess& access) {
+    test::NamesAndValues listed;
+    for (auto values = access.dataType().getPossibleValues(); values.hasMoreElements();) {
+      const COSValue value = values.nextElement();
+      const std::string name = access.toText(value).value_or("null");
+      listed.emplace_back(name, takeNumber(access, value));
+    }
+    EXPECT_EQ(listed, expected.names);
 
     const auto host =
         vcos::COSTypeRepository::getType(COSNameID(expected.tableName().c_str())).getObject();
@@ -131,123 +82,65 @@ TEST_F(Catalogue, TypesDescribeThemselves) {
   });
 }
 
-TEST_F(Catalogue, TypesListTheirValuesInOrderAndGiveThemAway) {
-  forEachType([](const EnumeratedType& expected, const TypeAccess& access, auto& type) {
-    test::NamesAndValues listed;
-    for (auto values = type.getPossibleValues(); values.hasMoreElements();) {
-      const OwnedValue value(type, values.nextElement());
-      listed.emplace_back(access.toText(value.get()).value_or("null"), numberOf(value.get()));
-    }
-    EXPECT_EQ(listed, expected.names);
-  });
-  expectNothingLeftOver();
+/// The beginnings of all names, each with one character more, and the names in upper case with
+/// space around them.
+std::vector<std::string> textsFor(const EnumeratedType& type) {
+  std::vector<std::string> texts;
+  for (const auto& [name, number] : type.names) {
+    for (std::size_t length = 0; length <= name.size(); ++length)
+      texts.push_back(name.substr(0, length));
+    texts.push_back(name + "!");
+    texts.push_back(" \t" + name + "\n ");
+    for (char& c : texts.back())
+      c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  }
+  return texts;
 }
 
-TEST_F(Catalogue, DefaultsAreMadeOnce) {
-  forEachType([](const EnumeratedType& expected, const TypeAccess& access, auto& type) {
-    const COSValue value = type.getDefaultValue();
-    EXPECT_EQ(access.toText(value), expected.defaultName);
-    EXPECT_EQ(type.getDefaultValue(), value);
-  });
-}
-
-TEST_F(Catalogue, ValuesAreEqualByNumberAndHaveNoOrder) {
-  forEachType([](const EnumeratedType& expected, const TypeAccess& access, auto& type) {
-    std::optional<OwnedValue> copyOfFirst;
-    {
-      const OwnedValue first(type, access.fromText(expected.names.front().first.c_str()));
-      copyOfFirst.emplace(type, type.copy(first.get()));
-      EXPECT_NE(copyOfFirst->get(), first.get());
-      EXPECT_EQ(type.compare(first.get(), copyOfFirst->get()), 0);
-    }
-    const COSValue one = copyOfFirst->get();  // lives on
-    EXPECT_EQ(numberOf(one), expected.names.front().second);
-    const OwnedValue other(type, access.fromText(expected.names.back().first.c_str()));
-    EXPECT_FALSE(type.isEqual(one, other.get()));
-    EXPECT_EQ(type.compare(one, other.get()), 2);
-    EXPECT_EQ(type.compare(other.get(), one), 2);
-
-    const COSValue null;
-    EXPECT_TRUE(type.isEqual(null, null));
-    EXPECT_FALSE(type.isEqual(null, one));
-    EXPECT_FALSE(type.isEqual(one, null));
-    EXPECT_EQ(type.compare(null, null), 0);
-    EXPECT_EQ(type.compare(null, one), 2);
-    EXPECT_TRUE(type.copy(null).isNull());
-    type.destroy(null);
-  });
-}
-
-TEST_F(Catalogue, NamesGoInAnyCaseWithSpaceAroundThemAndComeBackPlain) {
-  forEachType([](const EnumeratedType& expected, const TypeAccess& access, auto& type) {
-    for (const auto& [name, number] : expected.names) {
-      for (const std::string& text : {name, upperCased(name), " \t" + upperCased(name) + "\n "}) {
-        EXPECT_EQ(numberByText(access, text), number) << text;
-        const ArrayOwner array(vxCreateString(text.c_str()));
-        const OwnedValue value(type, access.fromArray(array.get()));
-        EXPECT_EQ(numberOf(value.get()), number) << text;
-        EXPECT_EQ(access.toText(value.get()), name);
-        EXPECT_EQ(textOf(access.toArray(value.get())), name);
-      }
-    }
-  });
+/// What the type looks for when it is given a text.
+std::string plain(std::string text) {
+  std::erase_if(text, [](unsigned char c) { return std::isspace(c); });
+  for (char& c : text)
+    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return text;
 }
 
 TEST_F(Catalogue, EveryBeginningOfANameIsTakenIfItIsOfOneNameOnly) {
-  forEachType([](const EnumeratedType& expected, const TypeAccess& access, auto&) {
+  forEachType([](const EnumeratedType& expected, const TypeAccess& access) {
     std::vector<std::string_view> names;
     for (const auto& [name, number] : expected.names)
       names.emplace_back(name);
-    for (const auto& [name, number] : expected.names) {
-      for (std::size_t length = 0; length <= name.size() + 1; ++length) {
-        const std::string text = length > name.size() ? name + "!" : name.substr(0, length);
-        SCOPED_TRACE(text);
-        const ArrayOwner array(vxCreateString(text.c_str()));
-        if (const auto match = test::plainMatch(names, text)) {
-          EXPECT_EQ(numberByText(access, text), expected.names[*match].second);
-          EXPECT_EQ(numberByArray(access, array.get()), expected.names[*match].second);
-          continue;
-        }
-        const key_InvalidEnumValue refusal(text, expected.name);
-        expectRaised(refusal, [&] { numberByText(access, text); });
-        if (!text.empty()) expectRaised(refusal, [&] { numberByArray(access, array.get()); });
+    for (const std::string& text : textsFor(expected)) {
+      SCOPED_TRACE(text);
+      const ArrayOwner array(vxCreateString(text.c_str()));
+      if (const auto match = test::plainMatch(names, plain(text))) {
+        EXPECT_EQ(takeNumber(access, access.fromText(text.c_str())), expected.names[*match].second);
+        const OwnedValue value(access.dataType(), access.fromArray(array.get()));
+        EXPECT_EQ(access.toText(value.get()), names[*match]);
+        continue;
       }
+      const key_InvalidEnumValue refusal(text, expected.name);
+      expectRaised(refusal, [&] { static_cast<void>(access.fromText(text.c_str())); });
+      if (!text.empty()) expectRaised(refusal, [&] { access.fromArray(array.get()); });
     }
   });
 }
 
 TEST_F(Catalogue, OnlyTextIsTakenFromArrays) {
-  const char* fields[] = {"none"};
-  const ArrayOwner name(vxCreateString("none"));
-  ArrayOwner cell(vxCreateCellMatrix(1, 1));
-  vxSetCell(cell.get(), 0, vxCreateSharedDataCopy(name.get()));
-  const ArrayOwner logical(vxCreateNumericMatrix(1, 1, vxLOGICAL_CLASS, vxREAL));
-  const ArrayOwner structure(vxCreateStructMatrix(1, 1, 1, fields));
-  const ArrayOwner function(vxCreateFunctionHandle("none"));
-  const ArrayOwner noNumbers(vxCreateDoubleMatrix(0, 0, vxREAL));
+  std::vector<ArrayOwner> noText;
+  for (const char* words : {"1x1 double", "1x1 cell", "1x1 logical", "1x1 struct", "0x0 double"})
+    noText.push_back(test::array(words));
+  noText.emplace_back(vxCreateFunctionHandle("none"));
+  vxSetCell(noText[1].get(), 0, vxCreateString("none"));
   const std::size_t noRows[] = {0, 4, 2};
-  const ArrayOwner noText(vxCreateCharArray(3, noRows));
-  const ArrayOwner emptyText(vxCreateString(""));
-  forEachType([&](const EnumeratedType& expected, const TypeAccess& access, auto&) {
-    const ArrayOwner number(vxCreateDoubleScalar(expected.names.front().second));
-    for (const vxArray* array : {number.get(), cell.get(), logical.get(), structure.get(),
-                                 function.get(), noNumbers.get()})
-      expectRaised(key_InvalidEnumValueFor(expected.name), [&] { numberByArray(access, array); });
-    for (const vxArray* array : {noText.get(), emptyText.get()})
-      expectRaised(key_InvalidValue(expected.name), [&] { numberByArray(access, array); });
+  const ArrayOwner empty[] = {ArrayOwner(vxCreateCharArray(3, noRows)),
+                              ArrayOwner(vxCreateString(""))};
+  forEachType([&](const EnumeratedType& expected, const TypeAccess& access) {
+    for (const ArrayOwner& array : noText)
+      expectRaised(key_InvalidEnumValueFor(expected.name), [&] { access.fromArray(array.get()); });
+    for (const ArrayOwner& array : empty)
+      expectRaised(key_InvalidValue(expected.name), [&] { access.fromArray(array.get()); });
   });
-}
-
-TEST_F(Catalogue, NullHasNoTextAndAnEmptyArray) {
-  forEachType([](const auto&, const TypeAccess& access, auto&) {
-    EXPECT_EQ(access.toText({}), std::nullopt);
-    const ArrayOwner array = access.toArray({});
-    ASSERT_TRUE(array);
-    EXPECT_EQ(vxGetClassID(array.get()), vxCHAR_CLASS);
-    EXPECT_TRUE(vxIsEmpty(array.get()));
-    EXPECT_TRUE(access.fromArray(nullptr).isNull());
-  });
-  expectNothingLeftOver();
 }
 
 TEST_F(Catalogue, TablesWithoutATypeHaveTheirNamesToo) {

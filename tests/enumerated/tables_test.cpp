@@ -1,4 +1,5 @@
 #include "enumerated/PlainRule.h"
+#include "support/GlobalLocale.h"
 
 #include <gmock/gmock.h>
 #include <graphics/datatype/EnumBase.h>
@@ -11,10 +12,8 @@
 #include <vcos/TypedEnumStringType.h>
 #include <vx/scopes.h>
 
-#include <array>
 #include <cctype>
 #include <initializer_list>
-#include <locale>
 #include <optional>
 #include <random>
 #include <string>
@@ -55,26 +54,24 @@ vcos::COSDataType* hostTypeOf(const char* table) {
 
 TEST(EnumTable, FindsANameByWhatFitsNoOther) {
   const Table colours = {"colormapped", "truecolor", "truecoloralpha", "red", "redder", "- -"};
-  const std::pair<const char*, const char*> kCases[] = {
-      {"truecolor", "truecolor"},
-      {"truecolora", "truecoloralpha"},
-      {"true", ""},
-      {"c", "colormapped"},
-      {"red", "red"},
-      {"redd", "redder"},
-      {"re", ""},
-      {"truecoloralphas", ""},
-      {"ruecolor", ""},
-      {"- -", "- -"},
-      {"-", "- -"},
-      {"- ", "- -"},
-      {"--", ""},
-      {"true color", ""},
-      {"", ""},
-      {"   ", ""},
-      {"\xFF", ""},
-      {"TrueColorA", "truecoloralpha"},
-  };
+  const std::pair<const char*, const char*> kCases[] = {{"truecolor", "truecolor"},
+                                                        {"truecolora", "truecoloralpha"},
+                                                        {"true", ""},
+                                                        {"c", "colormapped"},
+                                                        {"red", "red"},
+                                                        {"redd", "redder"},
+                                                        {"re", ""},
+                                                        {"truecoloralphas", ""},
+                                                        {"ruecolor", ""},
+                                                        {"- -", "- -"},
+                                                        {"-", "- -"},
+                                                        {"- ", "- -"},
+                                                        {"--", ""},
+                                                        {"true color", ""},
+                                                        {"", ""},
+                                                        {"   ", ""},
+                                                        {"\xFF", ""},
+                                                        {"TrueColorA", "truecoloralpha"}};
   for (const auto& [text, name] : kCases)
     EXPECT_EQ(found(colours, text), name) << text;
   EXPECT_FALSE(colours.isValidEnumName(nullptr));
@@ -89,25 +86,6 @@ TEST(EnumTable, TakesNothingForTheOnlyName) {
 }
 
 TEST(EnumTable, TrimsWhatTheGlobalLocaleCallsWhiteSpaceInTheLoweredText) {
-  /// "_" and "q" are the only white space, and "!" is the upper case of "o", which is not asked
-  /// for.
-  struct OddCtype : std::ctype<char> {
-    OddCtype() : ctype(table()) {}
-    static const mask* table() {
-      static const auto masks = [] {
-        std::array<mask, table_size> odd{};
-        odd['_'] = odd['q'] = space;
-        return odd;
-      }();
-      return masks.data();
-    }
-    char do_tolower(char c) const override { return c == '!' ? 'o' : c; }
-    const char* do_tolower(char* low, const char* high) const override {
-      for (; low != high; ++low)
-        *low = do_tolower(*low);
-      return high;
-    }
-  };
   const Table table = {"auto", "manual"};
   const auto find = [&] {
     std::vector<std::string> names;
@@ -116,10 +94,10 @@ TEST(EnumTable, TrimsWhatTheGlobalLocaleCallsWhiteSpaceInTheLoweredText) {
     return names;
   };
   EXPECT_THAT(find(), ElementsAre("auto", "", "", "", ""));
-  const std::locale old = std::locale::global(std::locale(std::locale(), new OddCtype));
-  const std::vector<std::string> odd = find();
-  std::locale::global(old);
-  EXPECT_THAT(odd, ElementsAre("", "auto", "auto", "", ""));
+  {
+    const test::GlobalLocale locale(new test::OddCharacters);
+    EXPECT_THAT(find(), ElementsAre("", "auto", "auto", "", ""));
+  }
   EXPECT_THAT(find(), ElementsAre("auto", "", "", "", ""));
 }
 

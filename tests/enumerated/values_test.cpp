@@ -102,30 +102,13 @@ TEST_F(EnumeratedValues, ATableOfATypeBesideItFindsNothing) {
 }
 
 TEST_F(EnumeratedValues, StylesMapToThoseOfPrimitives) {
-  const char* markers[] = {"plus",         "circle",    "asterisk",     "point",    "x",
-                           "square",       "diamond",   "downtriangle", "triangle", "righttriangle",
-                           "lefttriangle", "pentagram", "hexagram",     "none"};
-  const char* lines[] = {"solid", "dashed", "dotted", "dashdot", "none"};
-  const PrimMarkerStyleSC markerText(
-      *dynamic_cast<PrimMarkerStyleDataType*>(PrimMarkerStyleDataType::getType()));
-  const PrimLineStyleSC lineText(
-      *dynamic_cast<PrimLineStyleDataType*>(PrimLineStyleDataType::getType()));
-  const auto textOf = [](const vcos::COSTypeConversion& conversion, const EnumBase& value) {
-    const std::unique_ptr<char, void (*)(void*)> text(
-        conversion.to(COSValue::fromPointer(&value)).asPointer<char>(), utFree);
-    return std::string(text.get());
-  };
   for (const int number :
-       {-1, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, INT_MAX, INT_MIN}) {
-    const bool isMarker = number >= 0 && number <= 13;
+       {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, -1, INT_MAX, INT_MIN}) {
     const PrimMarkerStyle marker =
         convertMarkerStyleToPrimMarkerStyle(valueOf<MarkerStyle>(number));
-    EXPECT_EQ(marker.getIntValue(), isMarker ? number : 13);
-    EXPECT_EQ(textOf(markerText, marker), isMarker ? markers[number] : "none");
-    const bool isLine = number >= 0 && number <= 4;
+    EXPECT_EQ(marker.getIntValue(), number >= 0 && number <= 13 ? number : 13);
     const PrimLineStyle line = convertLineStyleToPrimLineStyle(valueOf<LineStyle>(number));
-    EXPECT_EQ(line.getIntValue(), isLine ? number : 0);
-    EXPECT_EQ(textOf(lineText, line), isLine ? lines[number] : "solid");
+    EXPECT_EQ(line.getIntValue(), number >= 0 && number <= 4 ? number : 0);
   }
 }
 

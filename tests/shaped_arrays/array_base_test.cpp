@@ -1,6 +1,7 @@
 // The base of the values: shared data copies, equality, and the text form.
 
 #include "support/Arrays.h"
+#include "support/GlobalLocale.h"
 
 #include <graphics/datatype/ArrayBase.h>
 #include <graphics/datatype/exceptions.h>
@@ -12,7 +13,6 @@
 #include <vx/scopes.h>
 
 #include <cstdint>
-#include <locale>
 #include <memory>
 #include <optional>
 #include <string>
@@ -241,14 +241,13 @@ TEST(ArrayBaseText, ListsShortRowsAndGivesTheSizeOfOthers) {
 }
 
 TEST(ArrayBaseText, IsTheSameInEveryLocale) {
-  struct Commas : std::numpunct<char> {
+  struct Commas : test::Grouping {
+    Commas() : Grouping("\3") {}
     char do_decimal_point() const override { return ','; }
-    std::string do_grouping() const override { return "\3"; }
   };
-  const std::locale before = std::locale::global(std::locale(std::locale(), new Commas));
+  const test::GlobalLocale locale(new Commas);
   EXPECT_EQ(textOf(ArrayBase(array("1x2 double", {0.5, 12345}).get())), "[ 0.5 12345 ]");
   EXPECT_EQ(textOf(ArrayBase(array("1x1234 int8").get())), "[1x1234 array]");
-  std::locale::global(before);
 }
 
 TEST(ArrayBaseText, HasNoWordsForShortRowsOfOtherClasses) {

@@ -1,10 +1,11 @@
 // Each test of each type: a form, sizes and classes in a table, and elements in another.
 
-#include "shaped_arrays/Catalogue.h"
+#include "shaped_arrays/Verdicts.h"
+#include "support/Arrays.h"
 
 #include <graphics/datatype/shaped_types.h>
+#include <graphics/datatype/vgdatatypes.h>
 #include <gtest/gtest.h>
-#include <messages/catalog.h>
 
 #include <sstream>
 #include <string>
@@ -27,10 +28,10 @@ constexpr double kAboveOne = 1.0000001;  // a single has such a neighbour of 1
 
 /// What a test says of an array: its message, or "" if it holds.
 std::string seenBy(Test holds, const ArrayOwner& array) {
-  MessagePtr message;
-  const bool held = holds(array.get(), message);
-  EXPECT_EQ(held, message == nullptr);
-  return test::wordsOf(message);
+  const auto [held, message] =
+      test::verdictOf([&](MessagePtr& left) { return holds(array.get(), left); });
+  EXPECT_EQ(held, message.empty());
+  return message;
 }
 
 /// The elements with which an array passes where only its size is looked at.
@@ -244,13 +245,30 @@ TEST(Predicates, AreAskedOfAValueToo) {
   EXPECT_TRUE(Tick(array("3x1 double", {1, 2, 3}).get()).isVerticalVector());
 }
 
-TEST(Predicates, LeaveTheMessageWhereTheyHold) {
-  const MessagePtr before(new VORTIL::vg::shaped_arrays::TickSize);
-  MessagePtr message = before;
-  EXPECT_TRUE(ColorMap::isNormalizedColorMap(array("2x3 double").get(), message));
-  EXPECT_EQ(message, before);
-  EXPECT_FALSE(ColorMap::isUINT8ColorMap(array("2x3 double").get(), message));
-  EXPECT_EQ(test::wordsOf(message), "ColorMapType");
+/// A type asks its tests in their order until one holds. Each that fails leaves its message.
+void expectVerdict(const std::string& type, const ArrayOwner& given) {
+  if (vxIsEmpty(given.get())) return;
+  test::Verdict expected;
+  for (const Row& row : kRows) {
+    if (expected.first || row.type != type) continue;
+    const std::string message = seenBy(row.holds, given);
+    expected = {message.empty(), message.empty() ? expected.second : message};
+  }
+  EXPECT_EQ(test::verdictOf(type, given.get()), expected) << type;
+}
+
+TEST(Predicates, DecideInTheirOrderWhetherATypeTakesAnArray) {
+  VLInitialize_vgdatatypes();
+  forEachSize([](const Row& row, const SizeCase& each, const Numbers& elements) {
+    for (const char* className : {"double", "single", "uint8", "uint32", "logical", "char"})
+      expectVerdict(row.type, array(each.size + " " + className, elements));
+    if (!each.isMatrix()) return;
+    expectVerdict(row.type, array("sparse " + each.size + " double", elements));
+    expectVerdict(row.type, array("complex " + each.size + " double", elements));
+  });
+  for (const ElementRow& row : kElementRows)
+    for (const auto& [failure, words, elements] : row.cases)
+      expectVerdict(row.type, array(words, elements));
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <graphics/datatype/exceptions.h>
 #include <graphics/datatype/vxErrMsgWrapper.h>
 #include <gtest/gtest.h>
-#include <vx/errors.h>
 
 #include <string>
 
@@ -16,11 +15,8 @@ using namespace graphics::datatype;
 TEST(Errors, TheWrapperHandsItsArgumentToTheFormatThatHasAPlaceForIt) {
   const auto textOf = [](const char* format, const char* argument) {
     EXPECT_EQ(test::identifierRaisedBy([&] { vxErrMsgWrapper("a:b", format, argument); }), "a:b");
-    const char* identifier = nullptr;
-    const char* text = nullptr;
-    vxGetLastErrIdAndMsg(&identifier, &text);
-    EXPECT_STREQ(identifier, "a:b");
-    return std::string(text);
+    EXPECT_STREQ(test::lastError().identifier, "a:b");
+    return std::string(test::lastError().text);
   };
   EXPECT_EQ(textOf("Invalid String", "ColorMap"), "Invalid String");
   EXPECT_EQ(textOf("value of %s", "100%s {0}"), "value of 100%s {0}");

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <messages/exceptions.h>
+#include <vx/errors.h>
 
 #include <string>
 
@@ -20,6 +21,18 @@ std::string identifierRaisedBy(Work&& work) {
     }
   }
   return {};
+}
+
+struct LastError {
+  const char* identifier = nullptr;
+  const char* text = nullptr;
+};
+
+/// The error that the host raised last.
+inline LastError lastError() {
+  LastError last;
+  vxGetLastErrIdAndMsg(&last.identifier, &last.text);
+  return last;
 }
 
 }  // namespace test

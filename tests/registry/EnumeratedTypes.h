@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vcos/COSTypeRepository.h>
-
 #include <sstream>
 #include <string>
 #include <utility>
@@ -33,7 +31,6 @@ struct EnumeratedType {
   std::string defaultName;
   NamesAndValues names;
 
-  std::string dottedName() const { return "vortil.graphics.datatype." + name; }
   /// Of the host type behind its table.
   std::string tableName() const {
     const std::string table = name == "VG1DrawStyle" ? "VG1BaseDrawStyle" : name + "Style";
@@ -93,18 +90,5 @@ inline const std::vector<EnumeratedType> kEnumeratedTypes = {
      "inches 0 centimeters 1 characters 2 normalized 3 points 4 pixels 5 data 6"},
     {"VerticalAlignment", "baseline", "baseline 0 top 1 cap 2 middle 3 bottom 4"},
 };
-
-/// How far the registration of a type has come: 1 with the type, 2 with its array conversion as
-/// well, 3 with its text conversion; -1 if a step is there without one before it.
-inline int registrationSteps(const std::string& dottedName) {
-  const vcos::COSNameID name(dottedName.c_str());
-  const auto has = [name](const char* outside) {
-    return vcos::COSTypeRepository::getConversion(vcos::COSNameID(outside), name) != nullptr;
-  };
-  const int type = vcos::COSTypeRepository::findType(name).getObject() ? 1 : 0;
-  const int array = has("any") ? 1 : 0;
-  const int text = has("string") ? 1 : 0;
-  return type >= array && array >= text ? type + array + text : -1;
-}
 
 }  // namespace test

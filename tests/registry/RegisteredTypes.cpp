@@ -1,0 +1,116 @@
+#include "registry/RegisteredTypes.h"
+
+#include "registry/EnumeratedTypes.h"
+#include "registry/ShapedTypes.h"
+
+#include <sstream>
+
+namespace test {
+namespace {
+
+std::function<ArrayOwner()> textArray(const std::string& text) {
+  return [text] { return ArrayOwner(vxCreateString(text.c_str())); };
+}
+
+RegisteredType onOff() {
+  return {.name = "on_off",
+          .bytes = 1,
+          .text = "off",
+          .printed = "off",
+          .array = textArray("on"),
+          .defaultArray = textArray("off"),
+          .defaultPrinted = "off",
+          .nullArray = textArray("off"),  // the word is the value
+          .obstacles = {"a", "c", "", "ac", "na", ""},
+          .declarationName = "char",
+          .storageType = 0,
+          .isFinite = true,
+          .order = 1,
+          .reverseOrder = -1,
+          .conversions = {{"any", "vortil.graphics.datatype.on_off"},
+                          {"string", "vortil.graphics.datatype.on_off"},
+                          {"string", "bool"}},
+          .refusalRaises = "VORTIL:datatypes:onoffboolean:MultipleRegistry"};
+}
+
+RegisteredType registered(const EnumeratedType& type) {
+  return {.name = type.name,
+          .bytes = 24,
+          .text = type.names.front().first,
+          .printed = type.names.front().first,
+          .array = textArray(type.names.back().first),
+          .defaultArray = textArray(type.defaultName),
+          .defaultPrinted = type.defaultName,
+          .nullArray = textArray(""),
+          .obstacles = {"a", "ac", "a", "ac", "na", "a"},
+          .family = Family::kEnumerated,
+          .isFinite = true,
+          .nullTextRaises = "VORTIL:datatypes:InvalidEnumValue"};
+}
+
+RegisteredType registered(const ShapedType& type) {
+  const std::string size = "1x" + std::to_string(type.defaultRow.size());
+  const std::string storage = type.storageClass;
+  const auto noElements = [storage] { return test::array("0x0 " + storage); };
+  std::ostringstream printed;
+  for (const double number : type.defaultRow)
+    printed << number << ' ';
+  // A text without numbers becomes a value without a text, and meets less on its way.
+  const bool isEmpty = !type.printed;
+  RegisteredType row{.name = type.name,
+                     .bytes = 8,
+                     .text = type.sampleText,
+                     .printed = isEmpty ? std::nullopt : std::optional<std::string>(type.printed),
+                     .array = [&type] { return type.sampleArray(); },
+                     .defaultArray = noElements,
+                     .defaultPrinted = std::nullopt,
+                     .nullArray = noElements,
+                     .obstacles = {isEmpty ? "a" : "ac", "ac", "nac", "ac", "", "ac"},
+                     .family = Family::kShaped};
+  if (!type.defaultRow.empty()) {
+    row.defaultArray = [&type, size, storage] {
+      return test::array(size + " " + storage, type.defaultRow);
+    };
+    row.defaultPrinted = "[ " + printed.str() + "]";
+  }
+  return row;
+}
+
+}  // namespace
+
+const std::vector<RegisteredType>& registeredTypes() {
+  static const std::vector<RegisteredType> types = [] {
+    std::vector<RegisteredType> all = {onOff()};
+    for (const EnumeratedType& type : kEnumeratedTypes)
+      all.push_back(registered(type));
+    for (const ShapedType& type : kShapedTypes)
+      all.push_back(registered(type));
+    return all;
+  }();
+  return types;
+}
+
+int stepsOf(const RegisteredType& type) {
+  const vcos::COSNameID name(type.dottedName().c_str());
+  int steps = vcos::COSTypeRepository::findType(name).getObject() ? 1 : 0;
+  bool isMissing = steps == 0;
+  for (const auto& [outside, inner] : type.conversions) {
+    const bool isThere = conversion(outside, inner) != nullptr;
+    if (isThere && isMissing) return -1;
+    isMissing = !isThere;
+    steps += isThere;
+  }
+  return steps;
+}
+
+Progress progress() {
+  Progress counts = {{"complete", 0}, {"in part", 0}, {"missing", 0}};
+  for (const RegisteredType& type : registeredTypes()) {
+    const int steps = stepsOf(type);
+    const bool isComplete = steps == 1 + static_cast<int>(type.conversions.size());
+    ++counts[isComplete ? "complete" : steps == 0 ? "missing" : "in part"];
+  }
+  return counts;
+}
+
+}  // namespace test

@@ -1,0 +1,234 @@
+// What holds for each registered type.
+
+#include "registry/RegisteredTypes.h"
+#include "support/ChildProcess.h"
+#include "support/HostError.h"
+
+#include <gmock/gmock.h>
+#include <graphics/datatype/OnOffBooleanDataType.h>
+#include <graphics/datatype/vgdatatypes.h>
+#include <ut/memory.h>
+#include <vcos/COSPackage.h>
+#include <vcos/TypeAccess.h>
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace {
+
+using test::RegisteredType;
+using vcos::ArrayOwner;
+using vcos::COSNameID;
+using vcos::COSTypeRepository;
+using vcos::COSValue;
+using vcos::OwnedValue;
+using vcos::TypeAccess;
+
+/// The types of the library, and the example of docs/adding-a-type.md.
+std::vector<RegisteredType> allTypes() {
+  std::vector<RegisteredType> types = test::registeredTypes();
+  types.push_back({.name = "Percentage",
+                   .bytes = 8,
+                   .text = "25%",
+                   .printed = "25%",
+                   .array = [] { return test::array("1x1 double", {0.5}); },
+                   .defaultArray = [] { return test::array("1x1 double", {100}); },
+                   .defaultPrinted = "100%",
+                   .nullArray = [] { return test::array("0x0 double"); },
+                   .obstacles = {}});
+  return types;
+}
+
+class Taken final : public vcos::COSTypeConversion {
+  COSValue to(COSValue value) const override { return value; }
+  COSValue from(COSValue value) const override { return value; }
+};
+
+/// Takes the place of one step of the registration, 0 being the type.
+void take(const RegisteredType& row, std::size_t step) {
+  if (step == 0)
+    COSTypeRepository::addType(COSNameID(row.dottedName().c_str()),
+                               graphics::datatype::OnOffBooleanDataType::getType());
+  else
+    COSTypeRepository::addConversion(COSNameID(row.conversions[step - 1].first.c_str()),
+                                     COSNameID(row.conversions[step - 1].second.c_str()),
+                                     new Taken);
+}
+
+/// What was registered before a step that the class system refuses stays, the rest is left out.
+void expectRefusedAt(const RegisteredType& row, std::size_t step) {
+  SCOPED_TRACE(row.name + ", step " + std::to_string(step));
+  const COSNameID name(row.dottedName().c_str());
+  auto* type = COSTypeRepository::findType(name).getObject();
+  ASSERT_NE(type, nullptr);
+  EXPECT_TRUE(step == 0 || type->getName() == row.name);
+  for (std::size_t i = 0; i < row.conversions.size(); ++i) {
+    const auto* found = test::conversion(row.conversions[i].first, row.conversions[i].second);
+    EXPECT_EQ(found != nullptr, i < step) << "conversion " << i;
+    EXPECT_EQ(dynamic_cast<const Taken*>(found) != nullptr, i + 1 == step) << "conversion " << i;
+  }
+}
+
+// First in the file: what its children register, no other test has registered before.
+TEST(Registration, AddsTheTypeAndItsConversionsInOrderUntilOneIsRefused) {
+  // A type that says nothing of a refusal leaves the others alone, so all of those meet one at
+  // once.
+  using Types = std::vector<RegisteredType>;
+  std::vector<Types> groups(1);
+  for (const RegisteredType& row : allTypes())
+    row.refusalRaises.empty() ? groups[0].push_back(row) : groups.push_back(Types{row});
+  constexpr std::size_t kMostConversions = 3;
+  for (const Types& all : groups) {
+    for (std::size_t step = 0; step <= kMostConversions; ++step) {
+      Types refused;
+      std::ranges::copy_if(all, std::back_inserter(refused), [step](const RegisteredType& row) {
+        return step <= row.conversions.size();
+      });
+      test::inChildProcess([&] {
+        for (const RegisteredType& row : refused)
+          take(row, step);
+        const std::string raised = test::identifierRaisedBy(VLInitialize_vgdatatypes);
+        for (const RegisteredType& row : refused) {
+          EXPECT_EQ(raised, row.refusalRaises);
+          expectRefusedAt(row, step);
+        }
+      });
+    }
+  }
+}
+
+class Registry : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { VLInitialize_vgdatatypes(); }
+
+  /// Calls `check` with each type, twice: the first time may make what the type keeps.
+  template <class Check>
+  static void forEachType(Check&& check) {
+    for (const RegisteredType& row : allTypes()) {
+      SCOPED_TRACE(row.name);
+      const auto access = TypeAccess::find(COSNameID(row.dottedName().c_str()));
+      ASSERT_TRUE(access && access->textConversion() && access->arrayConversion());
+      check(row, *access, access->dataType());
+      const std::size_t arrays = vghost::liveArrays();
+      const std::size_t blocks = vghost::liveBlocks();
+      check(row, *access, access->dataType());
+      EXPECT_EQ(vghost::liveArrays(), arrays);
+      EXPECT_EQ(vghost::liveBlocks(), blocks);
+    }
+  }
+};
+
+void expectSame(const ArrayOwner& actual, const ArrayOwner& expected) {
+  ASSERT_TRUE(actual);
+  EXPECT_EQ(vxGetClassID(actual.get()), vxGetClassID(expected.get()));
+  EXPECT_EQ(test::sizeOf(actual.get()), test::sizeOf(expected.get()));
+  EXPECT_THAT(test::numbersOf(actual.get()),
+              testing::Pointwise(testing::NanSensitiveDoubleEq(), test::numbersOf(expected.get())));
+}
+
+TEST_F(Registry, HasTheTypesOfTheTableAndNoOther) {
+  EXPECT_EQ(test::registeredTypes().size(), 80U);
+  std::vector<std::string> expected;
+  for (const RegisteredType& row : allTypes())
+    expected.push_back(row.name);
+  std::vector<std::string> names;
+  for (const auto* type :
+       vcos::COSPackage::getPackage(COSNameID("vortil.graphics.datatype"))->getDataTypes())
+    names.emplace_back(type->getName());
+  EXPECT_THAT(names, testing::UnorderedElementsAreArray(expected));
+}
+
+TEST_F(Registry, TypesDescribeThemselves) {
+  forEachType([](const RegisteredType& row, const TypeAccess&, const vcos::COSDataType& type) {
+    EXPECT_EQ(type.getName(), row.name);
+    EXPECT_EQ(type.getDeclarationName(), row.declarationName);
+    EXPECT_STREQ(type.getCategoryName(), "Fundamental");
+    EXPECT_EQ(type.getStorageType(), row.storageType);
+    EXPECT_EQ(type.getSizeInBits(), 8 * row.bytes);
+    EXPECT_EQ(type.getValueSizeInBytes({}), row.bytes);
+    EXPECT_EQ(type.isPossibleValuesFinite(), row.isFinite);
+  });
+}
+
+TEST_F(Registry, DefaultsAreMadeOnceAndAreValues) {
+  forEachType([](const RegisteredType& row, const TypeAccess& access, vcos::COSDataType& type) {
+    const COSValue value = type.getDefaultValue();
+    EXPECT_EQ(type.getDefaultValue(), value);
+    EXPECT_EQ(value.isNull(), row.storageType == 0);
+    EXPECT_EQ(access.toText(value), row.defaultPrinted);
+    const ArrayOwner array = access.toArray(value);
+    expectSame(array, row.defaultArray());
+    if (vxIsEmpty(array.get())) return;
+    const OwnedValue again(type, access.fromArray(array.get()));
+    EXPECT_EQ(type.compare(again.get(), value), 0);
+  });
+}
+
+TEST_F(Registry, CopiesAreEqualAndOutliveWhatTheyWereMadeFrom) {
+  forEachType([](const RegisteredType& row, const TypeAccess& access, vcos::COSDataType& type) {
+    std::optional<ArrayOwner> array(row.array());
+    std::optional<OwnedValue> value;
+    value.emplace(type, access.fromArray(array->get()));
+    array.reset();
+    const OwnedValue copy(type, type.copy(value->get()));
+    EXPECT_EQ(copy.get() != value->get(), row.storageType == 7);
+    EXPECT_EQ(type.compare(value->get(), copy.get()), 0);
+    value.reset();
+    expectSame(access.toArray(copy.get()), row.array());
+  });
+}
+
+TEST_F(Registry, TextsAndArraysGoInAndComeBack) {
+  forEachType([](const RegisteredType& row, const TypeAccess& access, vcos::COSDataType& type) {
+    const OwnedValue value(type, access.fromText(row.text.c_str()));
+    EXPECT_EQ(access.toText(value.get()), row.printed);
+    const OwnedValue other(type, access.fromArray(row.array().get()));
+    expectSame(access.toArray(other.get()), row.array());
+  });
+}
+
+TEST_F(Registry, DifferentValuesCompareAsTheTypeSays) {
+  forEachType([](const RegisteredType& row, const TypeAccess& access, vcos::COSDataType& type) {
+    const OwnedValue one(type, access.fromArray(row.array().get()));
+    const OwnedValue other(type, access.fromText(row.text.c_str()));
+    EXPECT_FALSE(type.isEqual(one.get(), other.get()));
+    EXPECT_EQ(type.compare(one.get(), other.get()), row.order);
+    EXPECT_EQ(type.compare(other.get(), one.get()), row.reverseOrder);
+  });
+}
+
+TEST_F(Registry, NullIsNoValue) {
+  forEachType([](const RegisteredType& row, const TypeAccess& access, vcos::COSDataType& type) {
+    const COSValue null;
+    EXPECT_TRUE(type.copy(null).isNull());
+    type.destroy(null);
+    EXPECT_EQ(type.compare(null, null), 0);
+    expectSame(access.toArray(null), row.nullArray());
+    if (row.storageType == 0) return;  // the word is a value like any other
+    EXPECT_EQ(access.toText(null), std::nullopt);
+    EXPECT_TRUE(access.arrayConversion()->from(null).isNull());
+    EXPECT_EQ(test::identifierRaisedBy(
+                  [&] { EXPECT_TRUE(access.textConversion()->from(null).isNull()); }),
+              row.nullTextRaises);
+    const OwnedValue value(type, access.fromText(row.text.c_str()));
+    EXPECT_FALSE(type.isEqual(null, value.get()));
+    EXPECT_FALSE(type.isEqual(value.get(), null));
+    EXPECT_EQ(type.compare(null, value.get()), 2);
+  });
+}
+
+TEST_F(Registry, ThePercentageRefusesWhatItsPageSays) {
+  const auto access = TypeAccess::find(COSNameID("vortil.graphics.datatype.Percentage")).value();
+  for (const char* text : {"", "25", "%", "25%%", "-1%", "101%", "nan%", " 25%"})
+    EXPECT_EQ(test::identifierRaisedBy([&] { access.fromText(text); }),
+              "datatypes:Percentage:BadText")
+        << text;
+  for (const char* words : {"1x1 single", "1x2 double", "0x0 double", "1x1 char"})
+    EXPECT_EQ(test::identifierRaisedBy([&] { access.fromArray(test::array(words).get()); }),
+              "datatypes:Percentage:BadArray")
+        << words;
+}
+
+}  // namespace

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "support/HostError.h"
+
+#include <graphics/datatype/ArrayBase.h>
+#include <messages/catalog.h>
+#include <vcos/TypeAccess.h>
+#include <boost/shared_ptr.hpp>
+
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace test {
+
+using MessagePtr = boost::shared_ptr<resource_core::BaseMsgID>;
+
+/// The message that stands for a failure of a type: "ColorMapSize", "NaN(ColorMap)"; "" for "".
+inline std::string messageOf(const std::string& type, const std::string& failure) {
+  static const std::set<std::string> kNamingTheType = {"Sparse", "Complex", "NaN", "Inf"};
+  if (failure.empty()) return {};
+  return kNamingTheType.contains(failure) ? failure + "(" + type + ")" : type + failure;
+}
+
+/// What a test says of an array: whether it takes it, and the message that it leaves in the same
+/// words as above, "" where it leaves the one that was there.
+using Verdict = std::pair<bool, std::string>;
+
+/// Of `isValid(message)`.
+template <class IsValid>
+Verdict verdictOf(IsValid&& isValid) {
+  constexpr std::string_view kPrefix = "VORTIL:vg:shaped_arrays:";
+  const MessagePtr before(new VORTIL::vg::shaped_arrays::TickSize);
+  MessagePtr message = before;
+  const bool isTaken = isValid(message);
+  if (message == before) return {isTaken, ""};
+  std::string words = message->definition().identifier;
+  if (words.starts_with(kPrefix)) words.erase(0, kPrefix.size());
+  for (const std::string& argument : message->arguments())
+    words += "(" + argument + ")";
+  return {isTaken, words};
+}
+
+inline vcos::TypeAccess accessOf(const std::string& type) {
+  const vcos::COSNameID name(("vortil.graphics.datatype." + type).c_str());
+  return vcos::TypeAccess::find(name).value();
+}
+
+inline graphics::datatype::ArrayBase& valueIn(vcos::COSValue word) {
+  return *word.asPointer<graphics::datatype::ArrayBase>();
+}
+
+/// Of a type; the array conversion has to raise the message of a refusal.
+inline Verdict verdictOf(const std::string& type, const vxArray* array) {
+  const vcos::TypeAccess access = accessOf(type);
+  const vcos::OwnedValue any(access.dataType(), access.fromText("[]"));
+  const Verdict verdict =
+      verdictOf([&](MessagePtr& message) { return valueIn(any.get()).isValid(array, message); });
+  const std::string raised = identifierRaisedBy(
+      [&] { const vcos::OwnedValue value(access.dataType(), access.fromArray(array)); });
+  const std::string expected = verdict.second.substr(0, verdict.second.find('('));
+  EXPECT_EQ(raised.substr(raised.rfind(':') + 1), verdict.first ? "" : expected);
+  return verdict;
+}
+
+}  // namespace test
