@@ -95,6 +95,7 @@ COSValue OnOffBooleanSC::to(COSValue value) const {
 }
 
 COSValue OnOffBooleanSC::from(COSValue text) const {
+  if (text.isNull()) vxErrMsgId(messages::UnknownOnOffBooleanValue());
   std::string lowered = text.asPointer<const char>();
   std::use_facet<std::ctype<char>>(std::locale())
       .tolower(lowered.data(), lowered.data() + lowered.size());
@@ -112,7 +113,7 @@ COSValue OnOffBooleanVC::to(COSValue value) const {
 
 COSValue OnOffBooleanVC::from(COSValue value) const {
   const auto* array = value.asPointer<const vxArray>();
-  if (vxGetClassID(array) != vxCHAR_CLASS) vxErrMsgId(messages::IncorrectValue());
+  if (!array || vxGetClassID(array) != vxCHAR_CLASS) vxErrMsgId(messages::IncorrectValue());
   std::string text;
   try {
     text = vxArrayToStdString(array);

@@ -40,7 +40,7 @@ const CharacterClasses& characterClasses(const std::locale& locale) {
   return locale == classic.locale ? classic.classes : std::use_facet<CharacterClasses>(locale);
 }
 
-/// As tolower(), which is not called for what is no capital letter in any locale.
+/// As tolower(), which is called only for a byte that may be a capital letter in some locale.
 char lowerCased(char c) {
   const auto byte = static_cast<unsigned char>(c);
   const bool mayBeCapital = (byte >= 'A' && byte <= 'Z') || byte >= 0x80;
@@ -85,7 +85,7 @@ struct VGTypedEnumStringType::Names {
     if (range.end == 0) range.begin = list.size() - 1;
     range.end = list.size();
   }
-  /// The range still has the place of the name, where nothing is found.
+  /// The name's range keeps its length, and candidates() cuts it.
   void removeLast() { list.pop_back(); }
 
   /// All names that begin with a text are among these.
@@ -126,7 +126,8 @@ VGTypedEnumStringType::VGTypedEnumStringType(const char* name) {
   }
 }
 
-// The destructor runs also where a name cannot be added, since the other constructor is done then.
+// Where a name cannot be added, the destructor runs and destroys the host type: an object is
+// complete as soon as the constructor that this one calls has returned.
 VGTypedEnumStringType::VGTypedEnumStringType(const char* name, NameRows rows)
     : VGTypedEnumStringType(name) {
   if (!ownsHostType_) {
@@ -227,9 +228,10 @@ const char* VGTypedEnumStringType::findName(const char* text) const {
 
 std::optional<COSValue> VGTypedEnumStringType::findEnumValue(const char* name) const {
   const char* found = findName(name);
-  if (!found) return std::nullopt;
+  if (!found || !hostEnumType_) return std::nullopt;
   const COSValue value = hostEnumType_->getEnumValue(found);
-  // The null word is the value 0 or none at all, for a derived class may find what is no name.
+  // The host returns the null word for the value 0, and for what is no name: a derived class may
+  // find such a thing.
   if (value.isNull() && !hostEnumType_->isValidEnumName(found)) return std::nullopt;
   return value;
 }

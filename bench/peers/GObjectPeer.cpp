@@ -111,11 +111,11 @@ double startUp(std::size_t types) {
 void addGObject() {
   static auto* names = static_cast<GEnumClass*>(g_type_class_ref(markerType()));
   static PeerShape* shape = makeShape();
-  compete(kNameToValue, "GObject", Goal::kAhead, exactInputs(),
+  compete(kNameToValue, "GObject", Goal::atMost(1.1), exactInputs(),
           [](const char* text) { return valueOf(names, text); });
   compete(kSetFromText, "GObject", Goal::kAhead, exactInputs(),
           [](const char* text) { return set(shape, text); });
-  competeAtStartUp("GObject", Goal::kAhead, startUp);
+  competeAtStartUp("GObject", Goal::atMost(1.3), startUp);
 }
 
 [[maybe_unused]] const bool added = addContender(addGObject);

@@ -7,7 +7,7 @@
 namespace graphics::datatype::shaped {
 namespace {
 
-/// The numbers that pass a scan, beside NaN.
+/// The range of the numbers that pass a scan; whether NaN passes is another question.
 template <class Float>
 struct PassingRange {
   Float min = -std::numeric_limits<Float>::infinity();
@@ -64,7 +64,8 @@ std::size_t findByElement(const ElementScan& scan, const T* elements, std::size_
   return from;
 }
 
-/// Few elements are a flagged block without a look.
+/// The index of the first element of the first block that the screen flags; `count` if it flags
+/// none. A few elements are not worth the screen: they count as flagged.
 template <std::size_t blockBytes, class Screen, class T>
 std::size_t findFlaggedBlock(const Screen& screen, const T* elements, std::size_t count) {
   if (count * sizeof(T) < screens::kLeastBytes) return 0;
@@ -99,10 +100,10 @@ std::size_t findFailingFloat(const ElementScan& scan, const PassingRange<Float>&
   });
 }
 
-/// The tests of a scan that end it.
+/// The same tests but that for the range: any failure of these ends a scan at once.
 ElementScan withoutRange(ElementScan scan) {
-  static_cast<void>(std::remove(scan.tests.begin(), scan.tests.end(), ElementTest::kRange));
-  scan.tests.back() = ElementTest::kEnd;
+  const auto kept = std::remove(scan.tests.begin(), scan.tests.end(), ElementTest::kRange);
+  std::fill(kept, scan.tests.end(), ElementTest::kEnd);
   return scan;
 }
 

@@ -53,7 +53,8 @@ ElementFinding examine(const ElementScan& scan, Element element) noexcept {
 }
 
 /// The index of the first element that fails a scan; `count` if there is none. Elements that pass
-/// cost one look at memory speed; behind a negative zero or a NaN that passes, one at half of it.
+/// are read once, at memory speed; those behind a NaN or a negative zero that passes are read at
+/// half of it.
 template <NumericElement T>
 std::size_t findFailing(const ElementScan& scan, const T* elements, std::size_t count);
 

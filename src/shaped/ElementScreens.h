@@ -146,7 +146,7 @@ class CountingScreen {
 inline constexpr std::size_t kLargeBlock = 16384;
 inline constexpr std::size_t kSmallBlock = 512;
 
-/// The first block has what stands before the first aligned vector as well.
+/// The first block may be longer by this: it also has the bytes before the first aligned vector.
 inline constexpr std::size_t kMostBefore = 64;
 
 /// Arrays of fewer bytes are not worth a screen.
@@ -270,8 +270,7 @@ inline std::size_t widestVector() {
 
 /// The offset of the first block of up to `blockBytes` + kMostBefore bytes with a flagged element;
 /// `bytes` if there is none. There are at least kLeastBytes, aligned to the size of an element. The
-/// widest vectors of this processor are used, whichever they are: where blocks end depends on them,
-/// and nothing else.
+/// widest vectors of this processor are used; only the places where blocks end depend on them.
 template <std::size_t blockBytes, class Screen>
 std::size_t findFlaggedBlock(const Screen& screen, const std::byte* data, std::size_t bytes) {
 #if defined(__x86_64__)

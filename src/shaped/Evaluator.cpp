@@ -48,6 +48,8 @@ struct ElementsExecutor {
     if (!scan.isEmpty() && (finding.fitsSize || !scan.gated)) {
       const ScanFinding found = runScan(scan, elements, count);
       if (found.failure != Failure::kNone) note(found.failure, found.first, found.deciding);
+      // What ends a scan at once ends the tests of the predicate.
+      if (found.failure != Failure::kNone && found.failure != Failure::kRange) return;
     }
     if (predicate.rule == WholeArrayRule::kNone) return;
     if (const auto breach = findBreach(predicate.rule, elements, count)) {

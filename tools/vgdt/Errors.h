@@ -24,8 +24,8 @@ struct Failure {
 /// "host", "parse", "invalid-value", ...
 const char* nameOf(FailureKind kind);
 
-/// What is being handled right now. Only inside a catch block. Where there is no memory for the
-/// words of a failure, that is the failure.
+/// Describes the exception that is being handled; only to be called inside a catch block. If the
+/// description itself finds no memory, it tells of failed memory instead.
 Failure currentFailure();
 
 /// Runs `work` and says how it failed; none if it did not.

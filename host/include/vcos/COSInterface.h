@@ -56,7 +56,7 @@ class VGHOST_API COSInterfacePtr {
 };
 
 /// A COSInterfacePtr whose object stands for a `Target` (such as a COSDataType*), which the helper
-/// digs out.
+/// finds in it.
 template <class Target, class Helper>
 class COSSpecializedInterfacePtr : public COSInterfacePtr {
  public:

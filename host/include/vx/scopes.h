@@ -1,6 +1,6 @@
 #pragma once
 
-/// Scopes of temporary arrays and memory. Contexts nest; each is ended in reverse order.
+/// Scopes of temporary arrays and memory. Contexts nest, and are left in the reverse order.
 
 #include <ut/export.h>
 #include <vx/array.h>

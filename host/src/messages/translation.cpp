@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstring>
 #include <iterator>
+#include <new>
 #include <vector>
 
 namespace vghost::messages {
@@ -23,6 +24,17 @@ constexpr const MessageDefinition* kCatalog[] = {
 std::string& currentLocale() {
   static auto& locale = *new std::string("en");
   return locale;
+}
+
+/// ICU does not throw where memory fails: it says so, or leaves a string that is none.
+void requireMemory(const icu::UnicodeString& text, UErrorCode status) {
+  if (text.isBogus() || status == U_MEMORY_ALLOCATION_ERROR) throw std::bad_alloc();
+}
+
+icu::UnicodeString unicode(const std::string& utf8) {
+  icu::UnicodeString text = icu::UnicodeString::fromUTF8(utf8);
+  requireMemory(text, U_ZERO_ERROR);
+  return text;
 }
 
 /// The bundles stand in vghost/messages beside the library, wherever that was loaded from.
@@ -81,15 +93,15 @@ std::string text(const resource_core::BaseMsgID& message, const std::string& loc
   const MessageDefinition& definition = message.definition();
   const std::string chosen = patternOr(definition.english, definition.identifier, locale);
   UErrorCode status = U_ZERO_ERROR;
-  const icu::MessageFormat format(icu::UnicodeString::fromUTF8(chosen), icu::Locale(locale.c_str()),
-                                  status);
+  const icu::MessageFormat format(unicode(chosen), icu::Locale(locale.c_str()), status);
   std::vector<icu::Formattable> arguments;
   for (const std::string& argument : message.arguments())
-    arguments.emplace_back(icu::UnicodeString::fromUTF8(argument));
+    arguments.emplace_back(unicode(argument));
   icu::UnicodeString text;
   icu::FieldPosition ignored;
   if (U_SUCCESS(status))
     format.format(arguments.data(), static_cast<int32_t>(arguments.size()), text, ignored, status);
+  requireMemory(text, status);
   std::string utf8;
   if (U_SUCCESS(status)) text.toUTF8String(utf8);
   return U_SUCCESS(status) ? utf8 : chosen;

@@ -45,8 +45,8 @@ void record(std::string identifier, std::string text) {
   lastError() = UserError(std::move(identifier), std::move(text));
 }
 
-/// What is thrown next. Callers have nothing alive that has a destructor: to destroy it on the way
-/// out would take as long as the way itself.
+/// The exception to throw for the recorded error. It is made in a function of its own, so that the
+/// usual callers have no object left to destroy when they throw, which would take as long again.
 Lindgrove::System::utErrorException_DEPRECATED recordedError() {
   return Lindgrove::System::utErrorException_DEPRECATED(
       std::make_shared<const UserError>(lastError()));

@@ -25,6 +25,9 @@ vxChar* charactersOf(vxArray* array) {
 }
 
 std::basic_string_view<vxChar> textOf(const vxArray* array) {
+  if (!array)
+    vxErrMsgIdAndTxt("VORTIL:class:VORTILConversionError",
+                     "Null has no text: give an array of class char.");
   if (array->classID != vxCHAR_CLASS)
     vxErrMsgIdAndTxt("VORTIL:class:VORTILConversionError",
                      "An array of class %s has no text: it has to be of class char.",

@@ -9,8 +9,7 @@ namespace graphics::datatype {
 /// pointer is null, and returns false.
 ///
 ///     ErrorMessage why("", "");
-///     if (!isValid(value, &why)) vxErrMsgIdAndTxt(why.identifier().c_str(), "%s",
-///     why.text().c_str());
+///     if (!isValid(value, &why)) std::cerr << why.identifier() << ": " << why.text();
 class ErrorMessage {
  public:
   ErrorMessage(std::string identifier, std::string text)

@@ -45,8 +45,8 @@ class VGDT_API OnOffBooleanSC final : public vcos::COSTypeConversion {
  public:
   /// "on" or "off": a constant, which the caller must not free.
   vcos::COSValue to(vcos::COSValue value) const override;
-  /// Takes "on", "off" and "of" in any case, without blanks around them. Any other text raises
-  /// "VORTIL:datatypes:onoffboolean:UnknownOnOffBooleanValue".
+  /// Takes "on", "off" and "of" in any case, without blanks around them. Any other text, and null,
+  /// raises "VORTIL:datatypes:onoffboolean:UnknownOnOffBooleanValue".
   vcos::COSValue from(vcos::COSValue text) const override;
 };
 
@@ -55,9 +55,9 @@ class VGDT_API OnOffBooleanVC final : public vcos::COSTypeConversion {
  public:
   /// A char array, "on" or "off", which belongs to the caller and shares its data.
   vcos::COSValue to(vcos::COSValue value) const override;
-  /// Takes a char array, which must not be null, with the texts of OnOffBooleanSC::from. An array
-  /// of another class raises "VORTIL:datatypes:onoffboolean:IncorrectValue", any failure to read
-  /// its text "VORTIL:vg:datatypes:OutOfMemory".
+  /// Takes a char array with the texts of OnOffBooleanSC::from. An array of another class, and
+  /// null, raises "VORTIL:datatypes:onoffboolean:IncorrectValue", any failure to read its text
+  /// "VORTIL:vg:datatypes:OutOfMemory".
   vcos::COSValue from(vcos::COSValue array) const override;
 };
 

@@ -8,13 +8,10 @@ namespace graphics::datatype {
 
 class Tick;
 
-// From numbers to ticks and back:
-//
-//     const Tick ticks = convertVectorToTickData({0, 0.5, 1});
-//     const std::vector<double> places = convertTickDataToVector(ticks);
-
 /// A row of doubles; an empty vector gives a value without an array. Raises what the constructor of
 /// Tick does: "VORTIL:vg:shaped_arrays:TickPredicate" unless the values increase.
+///
+///     const Tick ticks = convertVectorToTickData({0, 0.5, 1});
 VGDT_API Tick convertVectorToTickData(const std::vector<double>& values);
 
 /// The values of a double or single array; none without an array, and of other classes.

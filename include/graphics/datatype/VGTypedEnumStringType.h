@@ -33,6 +33,14 @@ using NameRows = std::span<const EnumeratedName>;
 ///
 /// If the host knows another kind of type by that name, the table stays without one: it has no
 /// names and takes none.
+///
+///     VGTypedEnumStringType table("Answer");
+///     table.addElement(vcos::COSValue::fromInteger(1), "yes");
+///     table.addElement(vcos::COSValue::fromInteger(0), "no");
+///     table.getEnumValue(" Y").asInteger<int>();  // 1
+///
+/// A failed allocation is a std::bad_alloc, but a vcos::COSOutOfMemoryException where a table
+/// copies its names, which it does when it is first asked for one or given one.
 class VGDT_API VGTypedEnumStringType {
  public:
   /// Registers the host type, and its package, if there is none of that name yet. What the host

@@ -5,15 +5,13 @@
 
 namespace graphics::datatype {
 
-// The failures of the library that carry no message; a handler tells them by their class:
-//
-//     try {
-//       use(value.convert_to_string());
-//     } catch (const GenericException&) {
-//       use("an array of no class that can be listed");
-//     }
-
 /// A general failure.
+///
+///     try {
+///       use(value.convert_to_string());
+///     } catch (const GenericException&) {
+///       use("an array of no class that can be listed");
+///     }
 class VGDT_API GenericException : public Lindgrove::System::InternalException_DEPRECATED {
  public:
   ~GenericException() override;

@@ -9,12 +9,12 @@ namespace graphics::datatype {
 class Limits;
 class LimitsWithInfs;
 
-//     double ends[2];
-//     getLim(ends, limits);
-//     const double length = ends[1] - ends[0];
-
 /// The two numbers of a value, of whatever class, as doubles in `out[0]` and `out[1]`. Integers of
 /// 64 bits may lose digits. Always true.
+///
+///     double ends[2];
+///     getLim(ends, limits);
+///     const double length = ends[1] - ends[0];
 ///
 /// Errors: gui_objects::NullArrayException or gui_objects::InvalidArrayClassException for a value
 /// without an array.

@@ -10,10 +10,6 @@ class COSDataType;
 class COSPackage;
 }  // namespace vcos
 
-// A type of another library joins those of this one:
-//
-//     graphics::datatype::registerDatatype(DashesDataType::getType());
-
 namespace graphics::datatype {
 
 /// The one queue of type initialisers. It is made on first use, which may be before any other
@@ -22,6 +18,8 @@ VGDT_API gui_objects::InitializationCallbackRegistrar* get_initialization_callba
 
 /// Adds a type, which must live as long as the process, to the package "vortil.graphics.datatype",
 /// which is made if necessary.
+///
+///     registerDatatype(DashesDataType::getType());  // a type of another library
 ///
 /// Errors: "VORTIL:vg:VCOSPackageNotFound" if the package cannot be found even then; a
 /// vcos::COSException if the type is known already.

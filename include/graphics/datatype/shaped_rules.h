@@ -177,8 +177,8 @@ struct Finding {
 };
 
 /// Tests an array by one predicate, of whatever classes, ranges and rules. A null array has the
-/// wrong size. Elements that pass cost one look at memory speed where a range is one of those that
-/// the rows of shaped_types.def may have.
+/// wrong size. Elements that pass are read once, at memory speed, where a range is one of those
+/// that the rows of shaped_types.def may have.
 ///
 ///     const shaped::ShapedType& colorMap = *shaped::findShapedType("ColorMap");
 ///     const shaped::Finding finding = shaped::examine(colorMap.predicates[0], array);

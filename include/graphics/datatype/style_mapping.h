@@ -5,12 +5,11 @@
 
 namespace graphics::datatype {
 
-//     const PrimLineStyle primitive =
-//     convertLineStyleToPrimLineStyle(LineStyle(LineStyle::kDotted)); primitive.isDotted();  //
-//     true: ":" is "dotted" to a primitive
-
 /// What a drawing primitive calls the style that a user writes: "plus" for "+". A value that is
 /// none of the type's gives "none".
+///
+///     const MarkerStyle style(MarkerStyle::kPlus);
+///     convertMarkerStyleToPrimMarkerStyle(style).isPlus();  // true
 VGDT_API PrimMarkerStyle convertMarkerStyleToPrimMarkerStyle(const MarkerStyle& style);
 
 /// "dashed" for "--", and so on. A value that is none of the type's gives "solid".

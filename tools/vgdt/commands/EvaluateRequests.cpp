@@ -13,7 +13,7 @@ ExitStatus evaluateStream(const Console& console, std::istream& input, const std
                           bool asTable) {
   const ExitStatus status =
       asTable ? tabulateLines(input, console.output) : evaluateLines(input, console.output);
-  // Where the output has failed, the rest of the input was not asked for.
+  // Reading stops where the output cannot be written; main() reports that.
   if (console.output && !input.eof())
     reportProblem(console, fmt::format("{} cannot be read", name));
   return status;

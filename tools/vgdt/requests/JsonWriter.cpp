@@ -137,7 +137,8 @@ void JsonWriter::number(double value) {
   const bool negativeZero = value == 0 && std::signbit(value);
   if (std::trunc(value) == value && std::abs(value) < kIntegersEnd && !negativeZero)
     return whole(static_cast<std::int64_t>(value));
-  // std::to_chars now and then has other digits: the same JSON library has always written replies.
+  // Replies have always been written with the digits of this JSON library. std::to_chars would
+  // choose others for some numbers, although both read back to the same bits.
   char digits[kMaxDigits];
   token({digits, nlohmann::detail::to_chars(std::begin(digits), std::end(digits), value)});
 }
