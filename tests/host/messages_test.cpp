@@ -13,11 +13,11 @@
 
 #include <set>
 #include <string>
+#include <tuple>
 
 namespace {
 
 using resource_core::MessageDefinition;
-using test::identifierRaisedBy;
 using testing::HasSubstr;
 namespace messages = vghost::messages;
 
@@ -87,12 +87,7 @@ TEST(Translation, TextOfAUserArrivesUnchanged) {
 }
 
 TEST(Errors, CarryTheirIdentifierAndTextToWhoeverCatchesThem) {
-  const struct {
-    const char* locale;
-    void (*raise)();
-    const char* identifier;
-    const char* text;
-  } rows[] = {
+  const std::tuple<const char*, void (*)(), const char*, const char*> rows[] = {
       {"en", [] { vxErrMsgId(VORTIL::array::IndexOutOfRange("5", "3")); },
        "VORTIL:array:IndexOutOfRange", "Element 5 does not exist in an array of 3 elements."},
       {"de", [] { vxErrMsgId(component_VORTIL::catalog_vg::key_VCOSPackageNotFound()); },
@@ -102,28 +97,21 @@ TEST(Errors, CarryTheirIdentifierAndTextToWhoeverCatchesThem) {
        "\u00FC%s{0}\U0001F600 has 3 %"},
       {"en", [] { vxErrMsg(17); }, "VORTIL:host:NumberToText",
        "A number could not be converted to text."},
+      {"en", [] { vxErrMsg(18); }, "VORTIL:host:UnknownMessage", "Error number 18."},
   };
-  for (const auto& row : rows) {
-    messages::setLocale(row.locale);
+  for (const auto& [locale, raise, identifier, text] : rows) {
+    messages::setLocale(locale);
     try {
-      row.raise();
-      ADD_FAILURE() << row.identifier;
+      raise();
+      ADD_FAILURE() << identifier;
     } catch (const Lindgrove::System::utErrorException_DEPRECATED& error) {
-      EXPECT_STREQ(error.what(), row.text);
-      EXPECT_EQ(test::identifierRaisedBy([&] { throw error; }), row.identifier);
+      EXPECT_STREQ(error.what(), text);
+      EXPECT_EQ(test::identifierRaisedBy([&] { throw error; }), identifier);
     }
-    const char* identifier = nullptr;
-    const char* text = nullptr;
-    vxGetLastErrIdAndMsg(&identifier, &text);
-    EXPECT_STREQ(identifier, row.identifier);
-    EXPECT_STREQ(text, row.text);
+    EXPECT_STREQ(test::lastError().identifier, identifier);
+    EXPECT_STREQ(test::lastError().text, text);
   }
   messages::setLocale("en");
-}
-
-TEST(Errors, NumbersOfTheHostAreMessagesToo) {
-  EXPECT_EQ(identifierRaisedBy([] { vxErrMsg(17); }), "VORTIL:host:NumberToText");
-  EXPECT_EQ(identifierRaisedBy([] { vxErrMsg(18); }), "VORTIL:host:UnknownMessage");
 }
 
 TEST(Warnings, GoToTheInnermostCaptureAndWithoutOneToTheConsole) {

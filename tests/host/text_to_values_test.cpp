@@ -1,6 +1,7 @@
 // Numbers in brackets, read into arrays and scalars.
 
 #include "support/Arrays.h"
+#include "support/GlobalLocale.h"
 
 #include <gmock/gmock.h>
 #include <gui_objects/convert_from_string_utils.h>
@@ -9,7 +10,6 @@
 #include <chrono>
 #include <cstdint>
 #include <limits>
-#include <locale>
 #include <optional>
 #include <string>
 #include <tuple>
@@ -101,11 +101,11 @@ TEST(TextToValues, IntegersSaturateAndRound) {
     const auto expectRead = [&](const std::string& text, T number) {
       const ArrayOwner array(parse_mxn(1, 1, classID, ("[" + text + "]").c_str()));
       EXPECT_EQ(*static_cast<const T*>(vxGetData(array.get())), number) << text;
+      EXPECT_EQ(vxGetScalar(array.get()), static_cast<double>(number));
     };
-    for (const std::string& text : {max, max + "9", std::string("1e30"), std::string("Inf")})
+    for (const std::string& text : std::vector<std::string>{max, max + "9", "1e30", "Inf"})
       expectRead(text, std::numeric_limits<T>::max());
-    for (const std::string& text :
-         {min, "-" + max + "9", std::string("-1e30"), std::string("-Inf")})
+    for (const std::string& text : std::vector<std::string>{min, "-" + max + "9", "-1e30", "-Inf"})
       expectRead(text, std::numeric_limits<T>::min());
     EXPECT_EQ(numbersIn("[0.4 0.6 1.5 2.5 3.4999 -0.4]", classID), (Numbers{0, 1, 2, 3, 3, 0}));
     EXPECT_EQ(numbersIn("[-0.6]", classID), Numbers{std::is_signed_v<T> ? -1.0 : 0.0});
@@ -166,16 +166,9 @@ TEST(TextToValues, LongTextsTakeLinearTime) {
 }
 
 TEST(TextToValues, TheLocaleOfTheProcessPlaysNoPart) {
-  struct Commas : std::numpunct<char> {
-    char do_decimal_point() const override { return ','; }
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-  };
-  const std::locale before = std::locale::global(std::locale(std::locale(), new Commas));
-  EXPECT_EQ(numbersIn("[1.5 1234,5]"), (Numbers{1.5, 1234, 5}));
-  EXPECT_EQ(numbersIn("[1.234.5]"), std::nullopt);
-  EXPECT_EQ(numbersIn("[12.6]", vxINT16_CLASS), Numbers{13});
-  std::locale::global(before);
+  const test::GlobalLocale locale(new test::Grouping("\3"));
+  EXPECT_EQ(numbersIn("[1.5 1,234]"), (Numbers{1.5, 1, 234}));
+  EXPECT_EQ(numbersIn("[12,345]", vxINT16_CLASS), (Numbers{12, 345}));
 }
 
 }  // namespace
