@@ -11,9 +11,7 @@
 #include <ut/memory.h>
 #include <vcos/TypeAccess.h>
 
-#include <algorithm>
 #include <array>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -209,10 +207,10 @@ Cost costOf(Work&& work) {
     return Cost{test::newCount(), vghost::faults::allocationCount(), vghost::liveBlocks(),
                 vghost::liveArrays()};
   };
-  const Cost before = now();
-  work();
   Cost cost = now();
-  std::ranges::transform(cost, before, cost.begin(), std::minus());
+  work();
+  for (std::size_t i = 0; i < cost.size(); ++i)
+    cost[i] = now()[i] - cost[i];
   return cost;
 }
 

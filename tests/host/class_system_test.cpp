@@ -134,28 +134,25 @@ TEST(TypeAccess, LeavesATextToTheValueThatTakesIt) {
 // --- packages -----------------------------------------------------------------------------------
 
 /// A package whose hooks add what they are asked for, once it may load.
-class LoadingInfo final : public COSPackageInfo {
- public:
-  explicit LoadingInfo(std::string name) : name_(std::move(name)) {}
+struct LoadingInfo final : COSPackageInfo {
+  explicit LoadingInfo(std::string ownName) : name(std::move(ownName)) {}
 
-  const char* getPackageName() const override { return name_.c_str(); }
+  const char* getPackageName() const override { return name.c_str(); }
   const char* getPackageDescription() const override { return ""; }
   const char* getPackageDetails() const override { return ""; }
-  void setOwningPackage(COSPackage* package) override { package_ = package; }
-  bool attemptToLoadSubPackage(const char* name) override {
-    if (++asked == 2) package_->addSubPackageInfo(new LoadingInfo(name));
+  void setOwningPackage(COSPackage* package) override { owner = package; }
+  bool attemptToLoadSubPackage(const char* member) override {
+    if (++asked == 2) owner->addSubPackageInfo(new LoadingInfo(member));
     return asked == 2;
   }
-  bool attemptToLoadType(const char* name) override {
-    if (++asked == 2) package_->addDataType(addEnumeration(name));
+  bool attemptToLoadType(const char* member) override {
+    if (++asked == 2) owner->addDataType(addEnumeration(member));
     return asked == 2;
   }
 
   int asked = 0;
-
- private:
-  std::string name_;
-  COSPackage* package_ = nullptr;
+  std::string name;
+  COSPackage* owner = nullptr;
 };
 
 TEST(Package, MembersAreAskedForUntilTheyAreThere) {

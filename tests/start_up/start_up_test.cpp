@@ -73,7 +73,6 @@ const test::Progress kNone = {{"complete", 0}, {"in part", 0}, {"missing", kType
 
 TEST(StartUp, LoadingAloneRegistersNothing) {
   inChildProcess([] {
-    EXPECT_EQ(typeNamed(kOnOff), nullptr);
     EXPECT_EQ(test::progress(), kNone);
     for (const char* package : {kDataTypes, kTables, "vortil"})
       EXPECT_EQ(COSPackage::getPackage(COSNameID(package)), nullptr) << package;
@@ -224,7 +223,6 @@ TEST(RegisterPackage, MakesMissingPackagesFromTheOutsideInAndAsksForTheWholeName
 
 TEST(FunctionTable, IsEmptyAndNamesTheBuild) {
   const VLFcnTableRecord* record = QueryVLFcnTable_vgdatatypes();
-  EXPECT_EQ(record, QueryVLFcnTable_vgdatatypes());
   ASSERT_NE(record->functions, nullptr);
   EXPECT_EQ(record->functions[0], nullptr);
   EXPECT_STREQ(record->version, VGDT_TEST_VERSION);
