@@ -155,15 +155,6 @@ TEST(ArrayText, ComesInAndOutWithReplacementsForWhatIsBroken) {
   EXPECT_EQ(vxArrayToStdString(text.get()), std::string("\uFFFD\uFFFD\U0001F600\0\uFFFD", 14));
 }
 
-TEST(ArrayText, CStringsComeFromTheAllocatorAndAreNullWhereItFails) {
-  const ArrayOwner array(vxCreateString("\u00DFx"));
-  char* text = vxCreateCStrFromArray(array.get(), vxMallocEx);
-  EXPECT_STREQ(text, "\u00DFx");
-  vxFreeEx(text);
-  const auto fail = [](std::size_t) -> void* { return nullptr; };
-  EXPECT_EQ(vxCreateCStrFromArray(array.get(), fail), nullptr);
-}
-
 TEST(ArrayText, MatricesArePaddedWithNuls) {
   const char* lines[] = {"ab", "", "\u00E9"};
   const ArrayOwner matrix(vxCreateCharMatrixFromStrings(3, lines));

@@ -35,11 +35,6 @@ void endContext(vxArrayListContext* context, std::vector<vxArray*> keep = {},
   vxExitArrayListContext(context, keep.data(), keep.size(), destroyRest);
 }
 
-vxArray* detached(vxArray* array) {
-  vxSetArrayScope(array, 0);
-  return array;
-}
-
 TEST(ArrayListContext, DestroysWhatWasNotDetached) {
   using Make = vxArray* (*)(const vxArray* outside);
   const std::tuple<const char*, Make, bool> rows[] = {
@@ -48,7 +43,6 @@ TEST(ArrayListContext, DestroysWhatWasNotDetached) {
       {"transpose", [](auto* a) { return vxTranspose(a); }, false},
       {"copy on no list", [](auto* a) { return vxCreateSharedCopyNotOnArrayList(a); }, true},
       {"protected copy", [](auto* a) { return Vprotected_vxArray_helper::copy(a); }, true},
-      {"detached", [](auto*) { return detached(vxCreateDoubleScalar(1)); }, true},
   };
   const ArrayOwner outside = counting(kCell, {1, 2});
   for (const auto& [name, make, survives] : rows) {

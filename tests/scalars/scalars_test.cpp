@@ -30,10 +30,6 @@ using gui_objects::convert_from_string_utils::ParseException;
 using vcos::COSTypeConversion;
 using vcos::COSValue;
 
-COSTypeConversion* conversion(const char* inner) {
-  return vcos::COSTypeRepository::getConversion(vcos::COSNameID("string"), vcos::COSNameID(inner));
-}
-
 vcos::TypeAccess accessOf(const char* inner) {
   return vcos::TypeAccess::find(vcos::COSNameID(inner)).value();
 }
@@ -111,8 +107,9 @@ TEST(ScalarNames, AreRegisteredInOrderUntilOneIsTaken) {
       }
       std::set<const COSTypeConversion*> objects;
       for (std::size_t i = 0; i < std::size(kNames); ++i) {
-        EXPECT_EQ(conversion(kNames[i]) != nullptr, i <= taken) << kNames[i];
-        EXPECT_EQ(objects.insert(conversion(kNames[i])).second, i <= taken + 1) << kNames[i];
+        EXPECT_EQ(accessOf(kNames[i]).textConversion() != nullptr, i <= taken) << kNames[i];
+        EXPECT_EQ(objects.insert(accessOf(kNames[i]).textConversion()).second, i <= taken + 1)
+            << kNames[i];
       }
     });
   }
@@ -174,10 +171,8 @@ TEST_F(Scalars, EightBitIntegersAreCharacters) {
   for (const char* inner : {"int8 scalar", "uint8 scalar"}) {
     for (unsigned code = 1; code < 256; ++code) {
       const std::string text(1, static_cast<char>(code));
-      const std::optional<COSValue> word = wordOf(inner, text.c_str());
-      ASSERT_TRUE(word) << inner << " " << code;
-      EXPECT_EQ(word->asInteger<unsigned char>(), code);
-      EXPECT_EQ(textOf(inner, *word), text);
+      EXPECT_EQ(wordOf(inner, text.c_str()).value().asInteger<unsigned char>(), code) << inner;
+      EXPECT_EQ(textOf(inner, COSValue::fromInteger(code)), text);
     }
     EXPECT_EQ(textOf(inner, COSValue::fromInteger(0)), "");
   }
@@ -243,7 +238,7 @@ TEST_F(Scalars, LogicalsAreTrueAndFalse) {
 }
 
 TEST_F(Scalars, StringsAreCopied) {
-  const COSTypeConversion& strings = *conversion("string");
+  const COSTypeConversion& strings = *accessOf("string").textConversion();
   for (const char* text : {"", "some text", "\xC3\xA9 "}) {
     const COSValue word = COSValue::fromPointer(text);
     for (const COSValue copy : {strings.from(word), strings.to(word)}) {
@@ -264,7 +259,7 @@ TEST_F(Scalars, AllocateTheTextThatTheyGiveAndNothingElse) {
       {"logical scalar", "false"},
   };
   for (const auto& [inner, text] : cases) {
-    const COSTypeConversion& scalar = *conversion(inner);
+    const COSTypeConversion& scalar = *accessOf(inner).textConversion();
     const std::uint64_t news = test::newCount();
     const std::uint64_t allocations = vghost::faults::allocationCount();
     const COSValue word = scalar.from(COSValue::fromPointer(text));
@@ -278,7 +273,8 @@ TEST_F(Scalars, AllocateTheTextThatTheyGiveAndNothingElse) {
 
   // Where the stream's own memory fails the text is not to blame.
   test::failNew(1);
-  EXPECT_THROW(conversion("double scalar")->from(COSValue::fromPointer("1.5")), std::bad_alloc);
+  EXPECT_THROW(accessOf("double scalar").textConversion()->from(COSValue::fromPointer("1.5")),
+               std::bad_alloc);
 }
 
 }  // namespace
