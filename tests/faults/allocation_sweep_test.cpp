@@ -4,8 +4,7 @@
 #include "registry/RegisteredTypes.h"
 #include "support/ChildProcess.h"
 
-#include <graphics/datatype/OnOffBooleanDataType.h>
-#include <graphics/datatype/enumerated_types.h>
+#include <graphics/datatype/EnumStringType.h>
 #include <graphics/datatype/vgdatatypes.h>
 #include <gtest/gtest.h>
 #include <ut/memory.h>

@@ -131,7 +131,7 @@ TEST(Arrays, WrongArgumentsAreNamed) {
         << "row " << &row - rows;
 }
 
-TEST(ArrayText, ComesInAndOutWithReplacementsForWhatIsBroken) {
+TEST(Arrays, TakeTextAndGiveItWithReplacementsForWhatIsBroken) {
   const std::tuple<std::string, std::vector<vxChar>, std::string> rows[] = {
       {"", {}, ""},
       {"a\u00DF\u07FF\u0800\uFFFF", {'a', 0xDF, 0x7FF, 0x800, 0xFFFF}, "a\u00DF\u07FF\u0800\uFFFF"},
@@ -153,9 +153,7 @@ TEST(ArrayText, ComesInAndOutWithReplacementsForWhatIsBroken) {
   const ArrayOwner text(vxCreateString_UTF16(unpaired, std::size(unpaired)));
   EXPECT_EQ(vxGetScalar(text.get()), 0xDE00) << "characters have no sign";
   EXPECT_EQ(vxArrayToStdString(text.get()), std::string("\uFFFD\uFFFD\U0001F600\0\uFFFD", 14));
-}
 
-TEST(ArrayText, MatricesArePaddedWithNuls) {
   const char* lines[] = {"ab", "", "\u00E9"};
   const ArrayOwner matrix(vxCreateCharMatrixFromStrings(3, lines));
   EXPECT_EQ(sizeOf(matrix.get()), (Size{3, 2}));

@@ -69,9 +69,7 @@ TEST(Translation, TheLocaleAloneDecidesTheLanguage) {
   for (const char* locale : {"de", "de_CH", "de-AT"})
     EXPECT_EQ(messages::text(message, locale), "Der Wert muss \"on\" oder \"off\" sein.") << locale;
   uloc_setDefault(before.c_str(), &status);
-}
-
-TEST(Translation, WhatIsMissingFallsBackToEnglishAndThenToTheIdentifier) {
+  // What is missing falls back to English, and then to the identifier.
   const VORTIL::host::InjectedFailure untranslated("createArray");
   EXPECT_EQ(messages::text(untranslated, "de"), "createArray was told to fail.");
   EXPECT_EQ(messages::pattern("VORTIL:no:Such", "de"), "VORTIL:no:Such");

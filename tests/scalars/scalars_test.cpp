@@ -77,8 +77,7 @@ void expectProbes(const std::vector<Probe>& probes) {
       for (const std::string& pair : split(probe.reads, ' ')) {
         const std::size_t equals = pair.find('=');
         const std::optional<COSValue> word = wordOf(inner, pair.substr(0, equals).c_str());
-        ASSERT_TRUE(word) << pair;
-        EXPECT_EQ(textOf(inner, *word), pair.substr(equals + 1)) << pair;
+        EXPECT_EQ(word ? textOf(inner, *word) : "refused", pair.substr(equals + 1)) << pair;
       }
       for (const char* text : probe.refuses)
         EXPECT_FALSE(wordOf(inner, text)) << "'" << text << "'";
