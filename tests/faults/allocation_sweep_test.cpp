@@ -18,13 +18,7 @@
 
 namespace {
 
-using test::kObstacles;
-using test::Obstacle;
-using test::Obstacles;
-using test::Outcome;
-using test::outcomeOf;
-using test::RegisteredType;
-using vcos::ArrayOwner;
+using namespace test;
 using vcos::COSValue;
 using vcos::OwnedValue;
 
@@ -57,8 +51,8 @@ std::string describe(const Subject& subject, Product product) {
   std::string words = product.text.value_or("");
   if (product.array)
     words += vxGetClassName(product.array.get()) +
-             testing::PrintToString(test::sizeOf(product.array.get())) +
-             testing::PrintToString(test::numbersOf(product.array.get()));
+             testing::PrintToString(sizeOf(product.array.get())) +
+             testing::PrintToString(numbersOf(product.array.get()));
   const OwnedValue value(subject.type, product.value);
   if (!product.value.isNull())
     words += describe(
@@ -119,9 +113,9 @@ bool sweep(const Subject& subject, const Work& work, const Obstacle& obstacle, b
 }
 
 TEST(Sweep, ConversionsFailCleanlyAtEveryAllocationAndHostCall) {
-  test::inChildProcess([] {
+  inChildProcess([] {
     VLInitialize_vgdatatypes();
-    for (const RegisteredType& row : test::registeredTypes()) {
+    for (const RegisteredType& row : registeredTypes()) {
       const Subject subject(row);
       for (const Work& work : kWorks) {
         SCOPED_TRACE(row.name + ", " + work.name);
@@ -158,7 +152,7 @@ std::string valuesInATable() {
 TEST(Sweep, WhatIsKeptFromItsFirstUseOnMayFailThereAndIsMadeAtTheNext) {
   for (const Obstacle& obstacle : kObstacles) {
     for (std::uint64_t nth = 1; nth < 30; ++nth) {
-      test::inChildProcess([&] {
+      inChildProcess([&] {
         VLInitialize_vgdatatypes();
         const auto expectAtTheNext = [&](std::string_view words, const auto& work) {
           obstacle.fail(nth, false);
@@ -177,15 +171,15 @@ TEST(Sweep, WhatIsKeptFromItsFirstUseOnMayFailThereAndIsMadeAtTheNext) {
 }
 
 TEST(Sweep, NamesAndDefaultsSayThatMemoryHasRunOut) {
-  test::inChildProcess([] {
+  inChildProcess([] {
     VLInitialize_vgdatatypes();
     // The names of a type are copied when it is first asked for one, in two blocks.
     const vcos::TypeAccess names = accessOf("AutoManual");
     for (const std::uint64_t nth : {1, 2}) {
-      test::failNew(nth);
+      failNew(nth);
       EXPECT_THROW(names.fromText("manual"), vcos::COSOutOfMemoryException);
     }
-    for (const RegisteredType& row : test::registeredTypes()) {
+    for (const RegisteredType& row : registeredTypes()) {
       if (row.storageType == 0) continue;
       const vcos::COSDataType& type = accessOf(row.name).dataType();
       vghost::faults::failAllocation(1, vghost::faults::Repeat::Once);
@@ -203,7 +197,7 @@ using Cost = std::array<std::uint64_t, 4>;
 template <class Work>
 Cost costOf(Work&& work) {
   const auto now = [] {
-    return Cost{test::newCount(), vghost::faults::allocationCount(), vghost::liveBlocks(),
+    return Cost{newCount(), vghost::faults::allocationCount(), vghost::liveBlocks(),
                 vghost::liveArrays()};
   };
   Cost cost = now();
@@ -237,17 +231,17 @@ void expectCosts(const vcos::TypeAccess& access, const vxArray* given, const cha
 }
 
 TEST(AllocationCount, ConversionsAllocateNothingButTheirResultsWhateverTheirSize) {
-  test::inChildProcess([] {
+  inChildProcess([] {
     VLInitialize_vgdatatypes();
     constexpr Cost kText{0, 2, 1, 0};  // the value, and the text in between
     constexpr Cost kName{0, 1, 1, 0};
     constexpr Cost kArray{0, 2, 1, 1};  // the value, and the header of its array
-    for (const RegisteredType& row : test::registeredTypes()) {
+    for (const RegisteredType& row : registeredTypes()) {
       SCOPED_TRACE(row.name);
       const ArrayOwner given = row.array();
-      if (row.family == test::Family::kEnumerated)
+      if (row.family == Family::kEnumerated)
         expectCosts(accessOf(row.name), given.get(), row.text.c_str(), kText, kName);
-      if (row.family == test::Family::kShaped)
+      if (row.family == Family::kShaped)
         expectCosts(accessOf(row.name), given.get(), nullptr, kArray, kArray);
     }
     const char* large[][2] = {{"ColorMap", "400000x3 double"},

@@ -7,7 +7,6 @@
 #include <gmock/gmock.h>
 #include <ut/faults.h>
 #include <ut/memory.h>
-#include <vx/protected_array.h>
 #include <vx/scopes.h>
 
 #include <functional>
@@ -42,7 +41,6 @@ TEST(ArrayListContext, DestroysWhatWasNotDetached) {
       {"shared copy", [](auto* a) { return vxCreateSharedDataCopy(a); }, false},
       {"transpose", [](auto* a) { return vxTranspose(a); }, false},
       {"copy on no list", [](auto* a) { return vxCreateSharedCopyNotOnArrayList(a); }, true},
-      {"protected copy", [](auto* a) { return Vprotected_vxArray_helper::copy(a); }, true},
   };
   const ArrayOwner outside = counting(kCell, {1, 2});
   for (const auto& [name, make, survives] : rows) {

@@ -163,9 +163,12 @@ TEST(TextToValues, LongTextsTakeLinearTime) {
 }
 
 TEST(TextToValues, TheLocaleOfTheProcessPlaysNoPart) {
-  const test::GlobalLocale locale(new test::Grouping("\3"));
-  EXPECT_EQ(numbersIn("[1.5 1,234]"), (Numbers{1.5, 1, 234}));
-  EXPECT_EQ(numbersIn("[12,345]", vxINT16_CLASS), (Numbers{12, 345}));
+  struct Commas : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+  };
+  const test::GlobalLocale locale(new Commas);
+  EXPECT_EQ(numbersIn("[1.5 1234,5]"), (Numbers{1.5, 1234, 5}));
+  EXPECT_EQ(numbersIn("[12.6 1,234]", vxINT16_CLASS), (Numbers{13, 1, 234}));
 }
 
 }  // namespace
