@@ -175,7 +175,7 @@ TEST(Sweep, NamesAndDefaultsSayThatMemoryHasRunOut) {
     VLInitialize_vgdatatypes();
     // The names of a type are copied when it is first asked for one, in two blocks.
     const vcos::TypeAccess names = accessOf("AutoManual");
-    for (const std::uint64_t nth : {1, 2}) {
+    for (const std::uint64_t nth : {1U, 2U}) {
       failNew(nth);
       EXPECT_THROW(names.fromText("manual"), vcos::COSOutOfMemoryException);
     }
