@@ -11,6 +11,8 @@
 
 namespace test {
 
+namespace faults = vghost::faults;
+
 /// Something that can be counted and told to fail.
 struct Obstacle {
   char letter;  ///< as in Obstacles
@@ -20,27 +22,21 @@ struct Obstacle {
   void (*heal)();
 };
 
-inline constexpr auto kRepeat = [](bool fromThenOn) {
-  return fromThenOn ? vghost::faults::Repeat::FromThenOn : vghost::faults::Repeat::Once;
-};
+/// An operation of the host's faults as an Obstacle has it.
+template <auto operation, auto... more>
+void failHost(std::uint64_t nth, bool fromThenOn) {
+  using faults::Repeat;
+  operation(nth, fromThenOn ? Repeat::FromThenOn : Repeat::Once, more...);
+}
 
 inline constexpr Obstacle kObstacles[] = {
     {'n', "operator new", newCount, failNew, failNoNew},
-    {'a', "host allocation", vghost::faults::allocationCount,
-     [](std::uint64_t nth, bool fromThenOn) {
-       vghost::faults::failAllocation(nth, kRepeat(fromThenOn));
-     },
-     vghost::faults::disarm},
-    {'c', "host call", vghost::faults::hostCallCount,
-     [](std::uint64_t nth, bool fromThenOn) {
-       vghost::faults::failHostCall(nth, kRepeat(fromThenOn));
-     },
-     vghost::faults::disarm},
-    {'s', "call that the class system refuses", vghost::faults::hostCallCount,
-     [](std::uint64_t nth, bool fromThenOn) {
-       vghost::faults::failHostCall(nth, kRepeat(fromThenOn), vghost::faults::Failure::ClassSystem);
-     },
-     vghost::faults::disarm},
+    {'a', "host allocation", faults::allocationCount, failHost<faults::failAllocation>,
+     faults::disarm},
+    {'c', "host call", faults::hostCallCount,
+     failHost<faults::failHostCall, faults::Failure::HostError>, faults::disarm},
+    {'s', "call that the class system refuses", faults::hostCallCount,
+     failHost<faults::failHostCall, faults::Failure::ClassSystem>, faults::disarm},
 };
 
 enum class Outcome { kSucceeded, kOutOfMemory, kClassSystemOutOfMemory, kClassSystem, kHostError };

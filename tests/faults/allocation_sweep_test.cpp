@@ -4,16 +4,13 @@
 #include "registry/RegisteredTypes.h"
 #include "support/ChildProcess.h"
 
-#include <graphics/datatype/OnOffBooleanDataType.h>
-#include <graphics/datatype/enumerated_types.h>
+#include <graphics/datatype/EnumStringType.h>
 #include <graphics/datatype/vgdatatypes.h>
 #include <gtest/gtest.h>
 #include <ut/memory.h>
 #include <vcos/TypeAccess.h>
 
-#include <algorithm>
 #include <array>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,18 +18,13 @@
 
 namespace {
 
-using test::kObstacles;
-using test::Obstacle;
-using test::Obstacles;
-using test::Outcome;
-using test::outcomeOf;
-using test::RegisteredType;
-using vcos::ArrayOwner;
+using namespace test;
 using vcos::COSValue;
 using vcos::OwnedValue;
 
-vcos::TypeAccess accessOf(const RegisteredType& row) {
-  return vcos::TypeAccess::find(vcos::COSNameID(row.dottedName().c_str())).value();
+vcos::TypeAccess accessOf(const std::string& name) {
+  const std::string dottedName = "vortil.graphics.datatype." + name;
+  return vcos::TypeAccess::find(vcos::COSNameID(dottedName.c_str())).value();
 }
 
 /// A type with a value to work on.
@@ -40,7 +32,7 @@ struct Subject {
   explicit Subject(const RegisteredType& ownRow) : row(ownRow) {}
 
   const RegisteredType& row;
-  const vcos::TypeAccess access = accessOf(row);
+  const vcos::TypeAccess access = accessOf(row.name);
   const vcos::COSDataType& type = access.dataType();
   const ArrayOwner array = row.array();
   const OwnedValue value{type, access.fromArray(array.get())};
@@ -59,8 +51,8 @@ std::string describe(const Subject& subject, Product product) {
   std::string words = product.text.value_or("");
   if (product.array)
     words += vxGetClassName(product.array.get()) +
-             testing::PrintToString(test::sizeOf(product.array.get())) +
-             testing::PrintToString(test::numbersOf(product.array.get()));
+             testing::PrintToString(sizeOf(product.array.get())) +
+             testing::PrintToString(numbersOf(product.array.get()));
   const OwnedValue value(subject.type, product.value);
   if (!product.value.isNull())
     words += describe(
@@ -107,12 +99,10 @@ bool sweep(const Subject& subject, const Work& work, const Obstacle& obstacle, b
     const Outcome outcome = outcomeOf([&] { product.emplace(work.run(subject)); });
     const bool isOver = obstacle.count() - before < nth;
     obstacle.heal();
-    if (product) {
-      EXPECT_EQ(describe(subject, *std::exchange(product, {})), expected);
-    }
-    if (work.meets == &Obstacles::possibleValues) {
-      EXPECT_TRUE(outcome == Outcome::kSucceeded || outcome == Outcome::kClassSystemOutOfMemory);
-    }
+    const std::string given = product ? describe(subject, *std::exchange(product, {})) : expected;
+    EXPECT_EQ(given, expected);
+    EXPECT_TRUE(work.meets != &Obstacles::possibleValues || outcome == Outcome::kSucceeded ||
+                outcome == Outcome::kClassSystemOutOfMemory);
     EXPECT_EQ(describe(subject, work.run(subject)), expected) << "after the failure";
     EXPECT_EQ(vghost::liveArrays(), arrays);
     EXPECT_EQ(vghost::liveBlocks(), blocks);
@@ -123,9 +113,9 @@ bool sweep(const Subject& subject, const Work& work, const Obstacle& obstacle, b
 }
 
 TEST(Sweep, ConversionsFailCleanlyAtEveryAllocationAndHostCall) {
-  test::inChildProcess([] {
+  inChildProcess([] {
     VLInitialize_vgdatatypes();
-    for (const RegisteredType& row : test::registeredTypes()) {
+    for (const RegisteredType& row : registeredTypes()) {
       const Subject subject(row);
       for (const Work& work : kWorks) {
         SCOPED_TRACE(row.name + ", " + work.name);
@@ -142,75 +132,60 @@ TEST(Sweep, ConversionsFailCleanlyAtEveryAllocationAndHostCall) {
   });
 }
 
-TEST(Sweep, TheFirstArrayOfAValueMayFailAndIsMadeAtTheNextCall) {
-  const auto expectNames = [](const vcos::COSTypeConversion& conversion, const Obstacle& obstacle,
-                              std::uint64_t nth, COSValue first, COSValue second,
-                              std::string_view names) {
-    const auto nameOf = [&](COSValue value) {
-      return vxArrayToStdString(ArrayOwner(conversion.to(value).asPointer<vxArray>()).get());
-    };
-    obstacle.fail(nth, false);
-    static_cast<void>(outcomeOf([&] { nameOf(second); }));
-    obstacle.heal();
-    EXPECT_EQ(nameOf(first) + " " + nameOf(second), names);
-  };
+/// The names that two texts stand for, by way of values and their arrays.
+std::string namesOf(const vcos::TypeAccess& access, const char* first, const char* second) {
+  std::string names;
+  for (const char* text : {first, second}) {
+    const OwnedValue value(access.dataType(), access.fromText(text));
+    names += vxArrayToStdString(access.toArray(value.get()).get()) + ",";
+  }
+  return names;
+}
+
+std::string valuesInATable() {
+  graphics::datatype::EnumStringType table("Sweep");
+  table.addEnumValue("one", 1);
+  table.addEnumValue("two", 2);
+  return std::to_string(table.getEnumValue("t").asInteger<int>());
+}
+
+TEST(Sweep, WhatIsKeptFromItsFirstUseOnMayFailThereAndIsMadeAtTheNext) {
   for (const Obstacle& obstacle : kObstacles) {
-    for (std::uint64_t nth = 1; nth <= 8; ++nth) {
-      test::inChildProcess([&] {
-        using namespace graphics::datatype;
+    for (std::uint64_t nth = 1; nth < 30; ++nth) {
+      inChildProcess([&] {
         VLInitialize_vgdatatypes();
-        expectNames(OnOffBooleanVC(), obstacle, nth, COSValue::fromLogical(true),
-                    COSValue::fromLogical(false), "on off");
-        const LineStyle solid;
-        const LineStyle dashed(LineStyle::kDashed);
-        expectNames(
-            LineStyleVC(dynamic_cast<const LineStyleDataType&>(*LineStyleDataType::getType())),
-            obstacle, nth, COSValue::fromPointer(&solid), COSValue::fromPointer(&dashed), "- --");
+        const auto expectAtTheNext = [&](std::string_view words, const auto& work) {
+          obstacle.fail(nth, false);
+          static_cast<void>(outcomeOf(work));
+          obstacle.heal();
+          EXPECT_EQ(work(), words) << obstacle.name << " number " << nth;
+        };
+        const auto onOff = accessOf("on_off");
+        expectAtTheNext("off,on,", [&] { return namesOf(onOff, "off", "on"); });
+        const auto style = accessOf("LineStyle");
+        expectAtTheNext("--,-,", [&] { return namesOf(style, "--", "-"); });
+        expectAtTheNext("2", valuesInATable);
       });
     }
   }
 }
 
-TEST(Sweep, TheDefaultMayFailAndIsMadeAtTheNextCall) {
-  test::inChildProcess([] {
+TEST(Sweep, NamesAndDefaultsSayThatMemoryHasRunOut) {
+  inChildProcess([] {
     VLInitialize_vgdatatypes();
-    for (const RegisteredType& row : test::registeredTypes()) {
+    // The names of a type are copied when it is first asked for one, in two blocks.
+    const vcos::TypeAccess names = accessOf("AutoManual");
+    for (const std::uint64_t nth : {1U, 2U}) {
+      failNew(nth);
+      EXPECT_THROW(names.fromText("manual"), vcos::COSOutOfMemoryException);
+    }
+    for (const RegisteredType& row : registeredTypes()) {
       if (row.storageType == 0) continue;
-      const vcos::COSDataType& type = accessOf(row).dataType();
+      const vcos::COSDataType& type = accessOf(row.name).dataType();
       vghost::faults::failAllocation(1, vghost::faults::Repeat::Once);
       const Outcome outcome = outcomeOf([&] { type.getDefaultValue(); });
       EXPECT_TRUE(outcome == Outcome::kOutOfMemory || outcome == Outcome::kClassSystemOutOfMemory);
       EXPECT_FALSE(type.getDefaultValue().isNull());
-      EXPECT_EQ(type.getDefaultValue(), type.getDefaultValue());
-    }
-  });
-}
-
-TEST(Sweep, ATableThatCouldNotBeMadeIsMadeInFullLater) {
-  test::inChildProcess([] {
-    VLInitialize_vgdatatypes();
-    // The names of a type are copied when it is first asked for one, in two blocks.
-    const vcos::COSNameID name("vortil.graphics.datatype.AutoManual");
-    const auto type = vcos::TypeAccess::find(name).value();
-    for (const std::uint64_t nth : {1, 2}) {
-      test::failNew(nth);
-      EXPECT_THROW(type.fromText("manual"), vcos::COSOutOfMemoryException);
-    }
-    const vcos::OwnedValue value(type.dataType(), type.fromText("manual"));
-    EXPECT_EQ(type.toText(value.get()), "manual");
-    const auto makeTable = [] {
-      graphics::datatype::EnumStringType table("Sweep");
-      table.addEnumValue("one", 1);
-      table.addEnumValue("two", 2);
-      return table.getEnumValue("t");
-    };
-    for (const Obstacle& obstacle : kObstacles) {
-      for (std::uint64_t nth = 1; nth < 30; ++nth) {
-        obstacle.fail(nth, false);
-        static_cast<void>(outcomeOf(makeTable));
-        obstacle.heal();
-        EXPECT_EQ(makeTable(), COSValue::fromInteger(2)) << obstacle.name << " number " << nth;
-      }
     }
   });
 }
@@ -222,13 +197,13 @@ using Cost = std::array<std::uint64_t, 4>;
 template <class Work>
 Cost costOf(Work&& work) {
   const auto now = [] {
-    return Cost{test::newCount(), vghost::faults::allocationCount(), vghost::liveBlocks(),
+    return Cost{newCount(), vghost::faults::allocationCount(), vghost::liveBlocks(),
                 vghost::liveArrays()};
   };
-  const Cost before = now();
-  work();
   Cost cost = now();
-  std::ranges::transform(cost, before, cost.begin(), std::minus());
+  work();
+  for (std::size_t i = 0; i < cost.size(); ++i)
+    cost[i] = now()[i] - cost[i];
   return cost;
 }
 
@@ -256,27 +231,25 @@ void expectCosts(const vcos::TypeAccess& access, const vxArray* given, const cha
 }
 
 TEST(AllocationCount, ConversionsAllocateNothingButTheirResultsWhateverTheirSize) {
-  test::inChildProcess([] {
+  inChildProcess([] {
     VLInitialize_vgdatatypes();
     constexpr Cost kText{0, 2, 1, 0};  // the value, and the text in between
     constexpr Cost kName{0, 1, 1, 0};
     constexpr Cost kArray{0, 2, 1, 1};  // the value, and the header of its array
-    for (const RegisteredType& row : test::registeredTypes()) {
+    for (const RegisteredType& row : registeredTypes()) {
       SCOPED_TRACE(row.name);
       const ArrayOwner given = row.array();
-      if (row.family == test::Family::kEnumerated)
-        expectCosts(accessOf(row), given.get(), row.text.c_str(), kText, kName);
-      if (row.family == test::Family::kShaped)
-        expectCosts(accessOf(row), given.get(), nullptr, kArray, kArray);
+      if (row.family == Family::kEnumerated)
+        expectCosts(accessOf(row.name), given.get(), row.text.c_str(), kText, kName);
+      if (row.family == Family::kShaped)
+        expectCosts(accessOf(row.name), given.get(), nullptr, kArray, kArray);
     }
     const char* large[][2] = {{"ColorMap", "400000x3 double"},
                               {"ColorMap", "400000x3 uint8"},
                               {"PatchFaces", "1000000x1 single"},
                               {"PrimitiveStripData", "1x1000000 uint32"}};
-    for (const auto& [name, words] : large) {
-      const vcos::COSNameID id((std::string("vortil.graphics.datatype.") + name).c_str());
-      expectCosts(*vcos::TypeAccess::find(id), test::array(words).get(), nullptr, kArray, kArray);
-    }
+    for (const auto& [name, words] : large)
+      expectCosts(accessOf(name), test::array(words).get(), nullptr, kArray, kArray);
   });
 }
 

@@ -13,11 +13,11 @@
 
 #include <set>
 #include <string>
+#include <tuple>
 
 namespace {
 
 using resource_core::MessageDefinition;
-using test::identifierRaisedBy;
 using testing::HasSubstr;
 namespace messages = vghost::messages;
 
@@ -69,9 +69,7 @@ TEST(Translation, TheLocaleAloneDecidesTheLanguage) {
   for (const char* locale : {"de", "de_CH", "de-AT"})
     EXPECT_EQ(messages::text(message, locale), "Der Wert muss \"on\" oder \"off\" sein.") << locale;
   uloc_setDefault(before.c_str(), &status);
-}
-
-TEST(Translation, WhatIsMissingFallsBackToEnglishAndThenToTheIdentifier) {
+  // What is missing falls back to English, and then to the identifier.
   const VORTIL::host::InjectedFailure untranslated("createArray");
   EXPECT_EQ(messages::text(untranslated, "de"), "createArray was told to fail.");
   EXPECT_EQ(messages::pattern("VORTIL:no:Such", "de"), "VORTIL:no:Such");
@@ -87,12 +85,7 @@ TEST(Translation, TextOfAUserArrivesUnchanged) {
 }
 
 TEST(Errors, CarryTheirIdentifierAndTextToWhoeverCatchesThem) {
-  const struct {
-    const char* locale;
-    void (*raise)();
-    const char* identifier;
-    const char* text;
-  } rows[] = {
+  const std::tuple<const char*, void (*)(), const char*, const char*> rows[] = {
       {"en", [] { vxErrMsgId(VORTIL::array::IndexOutOfRange("5", "3")); },
        "VORTIL:array:IndexOutOfRange", "Element 5 does not exist in an array of 3 elements."},
       {"de", [] { vxErrMsgId(component_VORTIL::catalog_vg::key_VCOSPackageNotFound()); },
@@ -102,28 +95,21 @@ TEST(Errors, CarryTheirIdentifierAndTextToWhoeverCatchesThem) {
        "\u00FC%s{0}\U0001F600 has 3 %"},
       {"en", [] { vxErrMsg(17); }, "VORTIL:host:NumberToText",
        "A number could not be converted to text."},
+      {"en", [] { vxErrMsg(18); }, "VORTIL:host:UnknownMessage", "Error number 18."},
   };
-  for (const auto& row : rows) {
-    messages::setLocale(row.locale);
+  for (const auto& [locale, raise, identifier, text] : rows) {
+    messages::setLocale(locale);
     try {
-      row.raise();
-      ADD_FAILURE() << row.identifier;
+      raise();
+      ADD_FAILURE() << identifier;
     } catch (const Lindgrove::System::utErrorException_DEPRECATED& error) {
-      EXPECT_STREQ(error.what(), row.text);
-      EXPECT_EQ(test::identifierRaisedBy([&] { throw error; }), row.identifier);
+      EXPECT_STREQ(error.what(), text);
+      EXPECT_EQ(test::identifierRaisedBy([&] { throw error; }), identifier);
     }
-    const char* identifier = nullptr;
-    const char* text = nullptr;
-    vxGetLastErrIdAndMsg(&identifier, &text);
-    EXPECT_STREQ(identifier, row.identifier);
-    EXPECT_STREQ(text, row.text);
+    EXPECT_STREQ(test::lastError().identifier, identifier);
+    EXPECT_STREQ(test::lastError().text, text);
   }
   messages::setLocale("en");
-}
-
-TEST(Errors, NumbersOfTheHostAreMessagesToo) {
-  EXPECT_EQ(identifierRaisedBy([] { vxErrMsg(17); }), "VORTIL:host:NumberToText");
-  EXPECT_EQ(identifierRaisedBy([] { vxErrMsg(18); }), "VORTIL:host:UnknownMessage");
 }
 
 TEST(Warnings, GoToTheInnermostCaptureAndWithoutOneToTheConsole) {

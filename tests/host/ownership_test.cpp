@@ -7,10 +7,10 @@
 #include <gmock/gmock.h>
 #include <ut/faults.h>
 #include <ut/memory.h>
-#include <vx/protected_array.h>
 #include <vx/scopes.h>
 
 #include <functional>
+#include <tuple>
 
 namespace {
 
@@ -34,41 +34,24 @@ void endContext(vxArrayListContext* context, std::vector<vxArray*> keep = {},
   vxExitArrayListContext(context, keep.data(), keep.size(), destroyRest);
 }
 
-/// What a property holds that is set to the array.
-vxArray* valueOf(const vxArray* array) {
-  const vcos::COSDataTypePtr type = vcos::COSTypeRepository::getType(vcos::COSNameID("any"));
-  return type.getObject()->copy(vcos::COSValue::fromPointer(array)).asPointer<vxArray>();
-}
-
-vxArray* detached(vxArray* array) {
-  vxSetArrayScope(array, 0);
-  return array;
-}
-
 TEST(ArrayListContext, DestroysWhatWasNotDetached) {
-  const struct {
-    const char* name;
-    vxArray* (*make)(const vxArray* outside);
-    bool survives;
-  } rows[] = {
+  using Make = vxArray* (*)(const vxArray* outside);
+  const std::tuple<const char*, Make, bool> rows[] = {
       {"new", [](auto*) { return vxCreateDoubleScalar(1); }, false},
       {"shared copy", [](auto* a) { return vxCreateSharedDataCopy(a); }, false},
       {"transpose", [](auto* a) { return vxTranspose(a); }, false},
       {"copy on no list", [](auto* a) { return vxCreateSharedCopyNotOnArrayList(a); }, true},
-      {"protected copy", [](auto* a) { return Vprotected_vxArray_helper::copy(a); }, true},
-      {"value", [](auto* a) { return valueOf(a); }, true},
-      {"detached", [](auto*) { return detached(vxCreateDoubleScalar(1)); }, true},
   };
   const ArrayOwner outside = counting(kCell, {1, 2});
-  for (const auto& row : rows) {
+  for (const auto& [name, make, survives] : rows) {
     const Survivors survivors;
     vxArrayListContext* context = vxEnterNewArrayListContext();
     vxDestroyArray(vxCreateDoubleScalar(0));
-    vxArray* array = row.make(outside.get());
+    vxArray* array = make(outside.get());
     endContext(context);
-    EXPECT_EQ(survivors.arrays() != 0, row.survives) << row.name;
-    if (row.survives) vxDestroyArray(array);
-    EXPECT_EQ(survivors.arrays(), 0U) << row.name;
+    EXPECT_EQ(survivors.arrays() != 0, survives) << name;
+    if (survives) vxDestroyArray(array);
+    EXPECT_EQ(survivors.arrays(), 0U) << name;
   }
   EXPECT_THAT(numbersOf(outside.get()), ElementsAre(1, 2));
 }

@@ -54,19 +54,14 @@ COSPackage* COSPackage::getPackage(COSNameID name) {
 
 namespace {
 
-vcos::COSDataType* typeNamed(const char* name) {
-  return vcos::COSTypeRepository::getType(COSNameID(name)).getObject();
-}
-
 void startByJava(test::FakeJavaEnvironment& env) {
-  Java_com_lindgrove_test_vg_types_Utils_initializeVgdatatypesLib(env.get(), nullptr);
+  Java_com_lindgrove_test_vg_types_Utils_initializeVgdatatypesLib(&env, nullptr);
 }
 
 constexpr const char* kOnOff = "vortil.graphics.datatype.on_off";
 constexpr const char* kLineStyle = "vortil.graphics.datatype.LineStyle";
 constexpr const char* kDataTypes = "vortil.graphics.datatype";
 constexpr const char* kTables = "vortil.graphics.enumstyletypes";
-constexpr const char* kInjected = "VORTIL:host:InjectedFailure";
 
 const std::size_t kTypes = test::registeredTypes().size();
 const test::Progress kAll = {{"complete", kTypes}, {"in part", 0}, {"missing", 0}};
@@ -74,7 +69,6 @@ const test::Progress kNone = {{"complete", 0}, {"in part", 0}, {"missing", kType
 
 TEST(StartUp, LoadingAloneRegistersNothing) {
   inChildProcess([] {
-    EXPECT_EQ(typeNamed(kOnOff), nullptr);
     EXPECT_EQ(test::progress(), kNone);
     for (const char* package : {kDataTypes, kTables, "vortil"})
       EXPECT_EQ(COSPackage::getPackage(COSNameID(package)), nullptr) << package;
@@ -90,8 +84,7 @@ TEST(StartUp, RegistersFeaturePackagesTypesAndConversions) {
     const svFeatureEntry* feature = svFindFeatureEntry("VG2DoubleConversionWarning");
     ASSERT_NE(feature, nullptr);
     EXPECT_EQ(feature->state, 0);
-    EXPECT_EQ(feature->onChange, nullptr);
-    EXPECT_EQ(feature->command, nullptr);
+    EXPECT_TRUE(!feature->onChange && !feature->command);
 
     for (const char* name : {kDataTypes, kTables}) {
       COSPackage* package = COSPackage::getPackage(COSNameID(name));
@@ -103,13 +96,7 @@ TEST(StartUp, RegistersFeaturePackagesTypesAndConversions) {
       EXPECT_TRUE(package->getInfo().isDestructible());
       EXPECT_TRUE(package->getInfo().isLocked());
     }
-    const auto& types = COSPackage::getPackage(COSNameID(kDataTypes))->getDataTypes();
-    EXPECT_THAT(types, testing::Contains(OnOffBooleanDataType::getType()));
-    EXPECT_THAT(types, testing::Contains(LineStyleDataType::getType()));
     EXPECT_EQ(test::progress(), kAll);
-
-    EXPECT_EQ(typeNamed(kOnOff), OnOffBooleanDataType::getType());
-    EXPECT_NE(test::conversion("string", "int"), nullptr);
     EXPECT_EQ(test::conversion("any", "bool"), nullptr);
   });
 }
@@ -126,22 +113,12 @@ TEST(StartUp, RunsOnceWhicheverEntryComesFirst) {
       VLInitialize_vgdatatypes();
       startByJava(env);
       VLTerminate_vgdatatypes();
-      Java_com_lindgrove_test_vg_types_Utils_cleanupVgdatatypesLib(env.get(), nullptr);
+      Java_com_lindgrove_test_vg_types_Utils_cleanupVgdatatypesLib(&env, nullptr);
       EXPECT_EQ(vghost::faults::hostCallCount(), calls);
       EXPECT_EQ(test::conversion("any", kOnOff), first);
-      EXPECT_FALSE(env.pending());
+      EXPECT_FALSE(env.pending);
     });
   }
-}
-
-TEST(StartUp, IsNotRetriedAfterAFailure) {
-  inChildProcess([] {
-    vghost::faults::failHostCall(1, vghost::faults::Repeat::Once);  // svRegisterFeature
-    EXPECT_EQ(identifierRaisedBy(VLInitialize_vgdatatypes), kInjected);
-    VLInitialize_vgdatatypes();
-    EXPECT_EQ(svFindFeatureEntry("VG2DoubleConversionWarning"), nullptr);
-    EXPECT_EQ(typeNamed(kOnOff), nullptr);
-  });
 }
 
 TEST(StartUp, ACallbackThatRunsAgainMeetsATypeThatIsKnown) {
@@ -157,7 +134,8 @@ TEST(StartUp, ACallbackThatRunsAgainMeetsATypeThatIsKnown) {
     EXPECT_TRUE(init_datatypes_OnOffBooleanDataType());
     EXPECT_EQ(identifierRaisedBy([] { get_initialization_callback_registry()->initialize(); }),
               "VORTIL:datatypes:onoffboolean:MultipleRegistry");
-    EXPECT_EQ(typeNamed(kOnOff), OnOffBooleanDataType::getType());
+    EXPECT_EQ(vcos::COSTypeRepository::getType(COSNameID(kOnOff)).getObject(),
+              OnOffBooleanDataType::getType());
   });
 }
 
@@ -177,23 +155,18 @@ TEST(StartUp, ReportsAPackageThatCannotBeFoundAfterItWasAdded) {
 }
 
 TEST(StartUp, JavaEntryTurnsNativeExceptionsIntoJavaOnes) {
-  struct Case {
-    void (*callback)();
-    const char* text;
+  const std::pair<void (*)(), std::string> cases[] = {
+      {[] { throw std::runtime_error("what"); }, "what in file src/vgdatatypes_init line 91"},
+      {[] { throw 1; }, "Unknown exception in native code in file src/vgdatatypes_init line 96"},
   };
-  for (const Case& each : {Case{[] { throw std::runtime_error("broken"); },
-                                "broken in file src/vgdatatypes_init line 91"},
-                           Case{[] { throw 1; },
-                                "Unknown exception in native code in file src/vgdatatypes_init "
-                                "line 96"}}) {
+  for (const auto& each : cases) {
     inChildProcess([&] {
       test::FakeJavaEnvironment env;
-      env.setPending();  // is replaced
-      get_initialization_callback_registry()->addCallback(each.callback);
+      env.pending = true;  // is replaced
+      get_initialization_callback_registry()->addCallback(each.first);
       startByJava(env);
-      EXPECT_TRUE(env.pending());
-      EXPECT_EQ(env.thrownClass(), "java/lang/RuntimeException");
-      EXPECT_EQ(env.text(), each.text);
+      EXPECT_TRUE(env.pending);
+      EXPECT_EQ(env.thrown, "java/lang/RuntimeException: " + each.second);
     });
   }
 }
@@ -223,13 +196,15 @@ const char* askedDetails(const char* name) {
 
 TEST(RegisterPackage, MakesMissingPackagesFromTheOutsideInAndAsksForTheWholeName) {
   inChildProcess([] {
-    register_package("one", askedDescription, askedDetails);
+    vghost::faults::failAllocation(1, vghost::faults::Repeat::Once);
+    EXPECT_THROW(register_package("one", askedDescription, askedDetails),
+                 vcos::COSOutOfMemoryException);
+    EXPECT_NE(register_package("one", askedDescription, askedDetails), nullptr);
     asked.clear();
     COSPackage* leaf = register_package("one.two.three", askedDescription, askedDetails);
     EXPECT_THAT(asked, ElementsAre("description of one.two", "details of one.two",
                                    "description of one.two.three", "details of one.two.three"));
     ASSERT_NE(leaf, nullptr);
-    EXPECT_STREQ(leaf->getNameID().c_str(), "one.two.three");
     EXPECT_STREQ(leaf->getInfo().getPackageName(), "three");
     EXPECT_STREQ(leaf->getInfo().getPackageDescription(), "described");
     EXPECT_STREQ(leaf->getInfo().getPackageDetails(), "detailed");
@@ -241,20 +216,8 @@ TEST(RegisterPackage, MakesMissingPackagesFromTheOutsideInAndAsksForTheWholeName
   });
 }
 
-TEST(RegisterPackage, ThrowsWhereTheHostHasNoMemoryForTheDescription) {
-  inChildProcess([] {
-    vghost::faults::failAllocation(1, vghost::faults::Repeat::Once);
-    EXPECT_THROW(register_package("one", askedDescription, askedDetails),
-                 vcos::COSOutOfMemoryException);
-    EXPECT_EQ(COSPackage::getPackage(COSNameID("one")), nullptr);
-    EXPECT_NE(register_package("one", askedDescription, askedDetails), nullptr);
-  });
-}
-
 TEST(FunctionTable, IsEmptyAndNamesTheBuild) {
   const VLFcnTableRecord* record = QueryVLFcnTable_vgdatatypes();
-  EXPECT_EQ(record, QueryVLFcnTable_vgdatatypes());
-  ASSERT_NE(record->functions, nullptr);
   EXPECT_EQ(record->functions[0], nullptr);
   EXPECT_STREQ(record->version, VGDT_TEST_VERSION);
   EXPECT_GT(record->buildTime, 1'700'000'000);

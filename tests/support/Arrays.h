@@ -127,6 +127,12 @@ inline Size sizeOf(const vxArray* array) {
   return {dimensions, dimensions + vxGetNumberOfDimensions(array)};
 }
 
+/// The size and the numbers.
+using Content = std::pair<Size, Numbers>;
+inline Content contentOf(const ArrayOwner& array) {
+  return {sizeOf(array.get()), numbersOf(array.get())};
+}
+
 /// 1, 2, 3, ... in storage order.
 inline ArrayOwner counting(const Kind& kind, const Size& size) {
   ArrayOwner array = zeros(kind, size);

@@ -8,8 +8,8 @@ namespace {
 constexpr std::uint64_t kNever = UINT64_MAX;
 
 constinit std::uint64_t count = 0;
-constinit std::uint64_t failFrom = kNever;
-constinit bool failOnce = true;
+constinit std::uint64_t firstToFail = kNever;
+constinit std::uint64_t lastToFail = kNever;
 
 }  // namespace
 
@@ -20,24 +20,21 @@ std::uint64_t newCount() noexcept {
 }
 
 void failNew(std::uint64_t nth, bool fromThenOn) noexcept {
-  failFrom = count + nth;
-  failOnce = !fromThenOn;
+  firstToFail = count + nth;
+  lastToFail = fromThenOn ? kNever : firstToFail;
 }
 
 void failNoNew() noexcept {
-  failFrom = kNever;
+  firstToFail = kNever;
 }
 
 }  // namespace test
 
 void* operator new(std::size_t size) {
-  void* block = nullptr;
-  if (++count < failFrom)
-    block = std::malloc(size == 0 ? 1 : size);
-  else if (failOnce)
-    failFrom = kNever;
-  if (!block) throw std::bad_alloc();
-  return block;
+  ++count;
+  if (firstToFail <= count && count <= lastToFail) throw std::bad_alloc();
+  if (void* block = std::malloc(size == 0 ? 1 : size)) return block;
+  throw std::bad_alloc();
 }
 
 void operator delete(void* block) noexcept {

@@ -16,19 +16,15 @@ TEST(Unloading, LeavesTheTypesWhereTheHostReachesThem) {
   initialize();
   ASSERT_EQ(dlclose(library), 0);
 
-  const struct {
-    const char* name;
-    const char* text;
-    const char* printed;
-  } rows[] = {{"LineStyle", "NON", "none"}, {"Limits", "[1 2]", "[ 1 2 ]"}, {"on_off", "On", "on"}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
-    const std::string name = std::string("vortil.graphics.datatype.") + row.name;
-    const auto type = vcos::TypeAccess::find(vcos::COSNameID(name.c_str()));
-    ASSERT_TRUE(type);
-    const vcos::OwnedValue value(type->dataType(), type->fromText(row.text));
-    EXPECT_EQ(type->toText(value.get()), row.printed);
-    EXPECT_ANY_THROW(type->fromText("neither"));
+  const char* const rows[][3] = {
+      {"LineStyle", "NON", "none"}, {"Limits", "[1 2]", "[ 1 2 ]"}, {"on_off", "On", "on"}};
+  for (const auto& [name, text, printed] : rows) {
+    SCOPED_TRACE(name);
+    const std::string dottedName = std::string("vortil.graphics.datatype.") + name;
+    const auto type = vcos::TypeAccess::find(vcos::COSNameID(dottedName.c_str())).value();
+    const vcos::OwnedValue value(type.dataType(), type.fromText(text));
+    EXPECT_EQ(type.toText(value.get()), printed);
+    EXPECT_ANY_THROW(type.fromText("neither"));
   }
 }
 
