@@ -142,13 +142,12 @@ TEST_F(Registry, HasTheTypesOfTheTableAndNoOther) {
 
 TEST_F(Registry, TypesDescribeThemselves) {
   forEachType([](const RegisteredType& row, const TypeAccess&, const vcos::COSDataType& type) {
-    EXPECT_EQ(type.getName(), row.name);
-    EXPECT_EQ(type.getDeclarationName(), row.declarationName);
+    EXPECT_EQ(std::tuple(std::string(type.getName()), std::string(type.getDeclarationName()),
+                         type.getStorageType(), type.getSizeInBits(), type.getValueSizeInBytes({}),
+                         type.isPossibleValuesFinite()),
+              std::tuple(row.name, row.declarationName, row.storageType, 8 * row.bytes, row.bytes,
+                         row.isFinite));
     EXPECT_STREQ(type.getCategoryName(), "Fundamental");
-    EXPECT_EQ(type.getStorageType(), row.storageType);
-    EXPECT_EQ(type.getSizeInBits(), 8 * row.bytes);
-    EXPECT_EQ(type.getValueSizeInBytes({}), row.bytes);
-    EXPECT_EQ(type.isPossibleValuesFinite(), row.isFinite);
   });
 }
 
@@ -180,19 +179,11 @@ TEST_F(Registry, CopiesAreEqualAndOutliveWhatTheyWereMadeFrom) {
   });
 }
 
-TEST_F(Registry, TextsAndArraysGoInAndComeBack) {
-  forEachType([](const RegisteredType& row, const TypeAccess& access, vcos::COSDataType& type) {
-    const OwnedValue value(type, access.fromText(row.text.c_str()));
-    EXPECT_EQ(access.toText(value.get()), row.printed);
-    const OwnedValue other(type, access.fromArray(row.array().get()));
-    expectSame(access.toArray(other.get()), row.array());
-  });
-}
-
-TEST_F(Registry, DifferentValuesCompareAsTheTypeSays) {
+TEST_F(Registry, TextsComeBackAndDifferentValuesCompareAsTheTypeSays) {
   forEachType([](const RegisteredType& row, const TypeAccess& access, vcos::COSDataType& type) {
     const OwnedValue one(type, access.fromArray(row.array().get()));
     const OwnedValue other(type, access.fromText(row.text.c_str()));
+    EXPECT_EQ(access.toText(other.get()), row.printed);
     EXPECT_FALSE(type.isEqual(one.get(), other.get()));
     EXPECT_EQ(type.compare(one.get(), other.get()), row.order);
     EXPECT_EQ(type.compare(other.get(), one.get()), row.reverseOrder);

@@ -109,16 +109,7 @@ void expectAgreements(const ElementScan& scan) {
   const auto below = [&](std::size_t count) { return random() % count; };
   const std::vector<T> critical = criticalNumbers<T>();
   const auto anyCritical = [&] { return critical[below(critical.size())]; };
-  // Short ones, with up to four critical numbers.
-  for (std::size_t count = 1; count <= 600; ++count) {
-    std::vector<T> numbers = goodNumbers<T>(scan, count);
-    T* const elements = numbers.data() + count % 3;
-    for (int planted = 0; planted <= 4; ++planted) {
-      expectAgreement(scan, elements, count);
-      elements[below(count)] = anyCritical();
-    }
-  }
-  // Long ones, with a bad number wherever a block may end, or with two critical ones.
+  // With a bad number wherever a block may end, or with two critical ones.
   constexpr std::size_t kBlock = screens::kLargeBlock / sizeof(T);
   const T bad = *std::ranges::find_if(critical, [&](T number) { return fails(scan, number); });
   for (const std::size_t count : {kBlock - 1, kBlock + 64 / sizeof(T), 2 * kBlock + 37}) {
@@ -154,20 +145,24 @@ TEST(ElementScans, AgreeWithPlainLoops) {
       []<class T>(vxClassID, std::type_identity<T>) { expectAgreements<T>(kFaces); });
 }
 
-TEST(ElementScans, AgreeWithPlainLoopsForRangesThatNoTypeHas) {
+/// Of scans of the types and of any others, with up to four critical numbers.
+TEST(ElementScans, AgreeWithPlainLoopsOverFewElementsForRangesThatNoTypeHas) {
   constexpr double kBounds[] = {-kInf, -2, -1.5, -1, -0.5, -0.0, 0, 0.1, 0.5, 1, 1.5, 2, 5, kInf};
   constexpr ElementTest kTests[] = {kSkipNaN, kNotNaN, kWhole32, kNotInf, kRange, kEnd};
   std::mt19937 random{5};
   const auto any = [&random](const auto& list) { return list[random() % std::size(list)]; };
   const auto expectRight = [&]<class T>(vxClassID, std::type_identity<T>) {
     static const std::vector<T> critical = criticalNumbers<T>();
-    for (int round = 0; round < 400; ++round) {
-      const ElementTest start = kTests[random() % 5];
-      const ElementScan scan{{start, kRange, any(kTests)}, any(kBounds), any(kBounds)};
-      std::vector<T> numbers(1 + random() % 400, random() % 2 ? T(1) : any(critical));
-      for (int planted = 0; planted < 2; ++planted) {
-        numbers[random() % numbers.size()] = any(critical);
-        expectAgreement(scan, numbers.data(), numbers.size());
+    for (std::size_t round = 0; round < 2000; ++round) {
+      ElementScan scan{{any(kTests), kRange, any(kTests)}, any(kBounds), any(kBounds)};
+      if (scan.isEmpty()) scan = any(kFloatScans);
+      const std::size_t count = 1 + round % 600;
+      std::vector<T> numbers(count + 3, random() % 2 ? T(1) : any(critical));
+      if (round % 2) numbers = goodNumbers<T>(any(kFloatScans), count);
+      T* const elements = numbers.data() + random() % 3;
+      for (int planted = 0; planted <= 4; ++planted) {
+        expectAgreement(scan, elements, count);
+        elements[random() % count] = any(critical);
       }
     }
   };
