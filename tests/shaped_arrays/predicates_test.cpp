@@ -35,16 +35,14 @@ struct Row {
   const char* type;
   const char* name;
   Test holds;
-  const char* form;     ///< S: refuses sparse arrays, C: complex ones
-  const char* taken;    ///< sizes
-  const char* refused;  ///< sizes
+  std::string_view form;  ///< S: refuses sparse arrays, C: complex ones
+  const char* taken;      ///< sizes
+  const char* refused;    ///< sizes
   const char* classes;
   ElementScan scan{};
   shaped::WholeArrayRule rule = kNone;
 
-  bool refuses(char letter) const {
-    return std::string_view(form).find(letter) != std::string::npos;
-  }
+  bool refuses(char letter) const { return form.find(letter) != form.npos; }
   const shaped::Predicate& predicate() const {
     return *std::ranges::find(shaped::findShapedType(type)->predicates, std::string_view(name),
                               &shaped::Predicate::name);

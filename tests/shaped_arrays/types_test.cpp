@@ -19,8 +19,6 @@ using test::ArrayOwner;
 using test::kShapedTypes;
 using test::ShapedType;
 using test::Size;
-using vcos::COSNameID;
-using vcos::COSValue;
 using vcos::OwnedValue;
 using vcos::TypeAccess;
 
