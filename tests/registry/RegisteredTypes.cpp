@@ -62,7 +62,7 @@ RegisteredType registered(const ShapedType& type) {
           .bytes = 8,
           .text = type.sampleText,
           .printed = isEmpty ? std::nullopt : Text(type.printed),
-          .array = [&type] { return type.sampleArray(); },
+          .array = [&type] { return test::array(type.sample, type.elements); },
           .defaultArray =
               [&type, words = isDefaultEmpty ? noElements : row] {
                 return test::array(words, type.defaultRow);

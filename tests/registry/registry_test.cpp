@@ -11,7 +11,6 @@
 #include <vcos/COSPackage.h>
 #include <vcos/TypeAccess.h>
 
-#include <algorithm>
 #include <string>
 #include <tuple>
 #include <vector>

@@ -44,9 +44,8 @@ Finding plainFinding(const ElementScan& scan, const T* elements, std::size_t cou
     }
     if (!isOutOfRange && end == Failure::kNone) continue;
     if (!finding.firstElement) finding.firstElement = finding.decidingElement = i;
-    finding.failure = Failure::kRange;
+    finding.failure = end == Failure::kNone ? Failure::kRange : end;
     if (end == Failure::kNone) continue;
-    finding.failure = end;
     finding.decidingElement = i;
     break;
   }

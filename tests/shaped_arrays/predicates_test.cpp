@@ -32,8 +32,8 @@ std::string seenBy(Test holds, const ArrayOwner& array) {
 }
 
 struct Row {
-  const char* type;
-  const char* name;
+  std::string type;
+  std::string_view name;
   Test holds;
   std::string_view form;  ///< S: refuses sparse arrays, C: complex ones
   const char* taken;      ///< sizes
@@ -44,7 +44,7 @@ struct Row {
 
   bool refuses(char letter) const { return form.find(letter) != form.npos; }
   const shaped::Predicate& predicate() const {
-    return *std::ranges::find(shaped::findShapedType(type)->predicates, std::string_view(name),
+    return *std::ranges::find(shaped::findShapedType(type)->predicates, name,
                               &shaped::Predicate::name);
   }
 };
@@ -170,7 +170,7 @@ void forEachArray(std::size_t every, Check&& check) {
       for (std::string size; words >> size;)
         for (const std::string kind : kKinds) {
           if (kind.starts_with("sparse") && std::ranges::count(size, 'x') > 1) continue;
-          SCOPED_TRACE(std::string(row.type) + "::" + row.name + " " + size + " " + kind);
+          SCOPED_TRACE(row.type + " " + row.predicate().name + " " + size + " " + kind);
           const auto lists = elementsOf(kind.substr(kind.rfind(' ') + 1));
           for (std::size_t i = 0; i < lists.size(); i += every)
             check(row, fitsSize, array(size + " " + kind, lists[i]));
@@ -201,7 +201,7 @@ TEST(Predicates, DecideInTheirOrderWhetherATypeTakesAnArray) {
     // Each that fails before one holds leaves its message.
     Verdict expected;
     for (const Row& row : kRows) {
-      if (expected.first || std::string_view(row.type) != asked.type) continue;
+      if (expected.first || row.type != asked.type) continue;
       const std::string message = seenBy(row.holds, given);
       expected = {message.empty(), message.empty() ? expected.second : message};
     }

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <vg/ArrayDispatcher.h>
 
+#include <algorithm>
 #include <concepts>
 #include <cstdint>
 #include <limits>
@@ -50,34 +51,34 @@ TEST(Rules, OfFloats) {
   const Rule vertical = FLOAT_RULE(kTicks, Tick::isVerticalIncreasing);
   const struct {
     std::vector<Rule> rules;
-    std::vector<std::pair<Numbers, std::vector<int>>> cases;  ///< a breach for each rule
+    std::vector<std::pair<Numbers, std::vector<int>>>
+        cases;  ///< a breach for each rule, the last for the rest
   } tables[] = {
       // clang-format off
       {{dataBounds, limits, withInfs}, {
-          {{1, 2}, {kHolds, kHolds, kHolds}}, {{1, 1}, {kHolds, 1, 1}},     {{2, 1}, {1, 1, 1}},
-          {{-0.0, 0.0}, {kHolds, 1, 1}},      {{0, kInf}, {kHolds, 1, kHolds}},
-          {{-kInf, 0}, {kHolds, 0, kHolds}},  {{-kInf, kInf}, {1, 0, kHolds}},
-          {{kInf, kInf}, {1, 0, 1}},          {{kInf, -kInf}, {1, 0, 1}},   {{kNaN, 1}, {0, 0, 0}},
-          {{1, kNaN}, {1, 1, 1}},             {{}, {0, 0, 0}},              {{1}, {1, 1, 1}},
-          {{1, 2, 3}, {3, 3, 3}}}},
+          {{1, 2}, {kHolds}},                   {{1, 1}, {kHolds, 1}},       {{2, 1}, {1}},
+          {{-0.0, 0.0}, {kHolds, 1}},           {{kInf, -kInf}, {1, 0, 1}},  {{1, kNaN}, {1}},
+          {{0, kInf}, {kHolds, 1, kHolds}},     {{kInf, kInf}, {1, 0, 1}},   {{kNaN, 1}, {0}},
+          {{-kInf, kInf}, {1, 0, kHolds}},      {{1, 2, 3}, {3}},            {{1}, {1}},
+          {{-kInf, 0}, {kHolds, 0, kHolds}},    {{}, {0}}}},
       {{normalized}, {
           {{}, {kHolds}},            {{0, 1, 0.5}, {kHolds}},        {{kNaN, -0.0, kNaN}, {kHolds}},
           {{0, 1}, {2}},             {{0, 0, 0, 1}, {4}},            {{0, 0, 0, 1, 1, 1}, {kHolds}},
           {{0, 0, -1e-30}, {2}},     {{1, 1.0000001, 1}, {1}},       {{1, 1, kInf}, {2}},
           {{-kInf, 1, 1}, {0}}}},
       {{horizontal, vertical}, {
-          {{kNaN}, {kHolds, kHolds}},              {{kInf}, {kHolds, kHolds}},
-          {{1, 2, 3}, {kHolds, kHolds}},           {{-kInf, 0, kInf}, {kHolds, kHolds}},
-          {{0, kInf}, {kHolds, kHolds}},           {{1, 1}, {1, 1}},       {{2, 1}, {1, 1}},
-          {{-kInf, kInf}, {1, 1}},                 {{0, kNaN}, {1, 1}},    {{kNaN, 0}, {0, 0}},
-          {{0, 1, kNaN}, {2, 2}},                  {{0, 1, kNaN, 2}, {2, 2}},
-          {{0, 1, 1}, {2, 2}},                     {{1, 2, kInf, kInf}, {3, 3}}}},
+          {{kNaN}, {kHolds}},       {{-kInf, 0, kInf}, {kHolds}},  {{1, 2, 3}, {kHolds}},
+          {{kInf}, {kHolds}},       {{0, kInf}, {kHolds}},         {{-kInf, kInf}, {1}},
+          {{1, 1}, {1}},            {{2, 1}, {1}},                 {{0, kNaN}, {1}},
+          {{kNaN, 0}, {0}},         {{0, 1, kNaN}, {2}},           {{0, 1, kNaN, 2}, {2}},
+          {{0, 1, 1}, {2}},         {{1, 2, kInf, kInf}, {3}}}},
       // clang-format on
   };
   for (const auto& [rules, cases] : tables)
     for (const auto& [numbers, breaches] : cases)
       for (std::size_t i = 0; i < rules.size(); ++i)
-        EXPECT_EQ(rules[i](numbers), breaches[i]) << i << testing::PrintToString(numbers);
+        EXPECT_EQ(rules[i](numbers), breaches[std::min(i, breaches.size() - 1)])
+            << i << testing::PrintToString(numbers);
   const double number = 0;
   for (const std::size_t count : {0U, 1U, 2U})
     EXPECT_FALSE(Tick::isHorizontalIncreasing(static_cast<const double*>(nullptr), count));
