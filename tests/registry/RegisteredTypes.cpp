@@ -49,31 +49,28 @@ RegisteredType registered(const EnumeratedType& type) {
 }
 
 RegisteredType registered(const ShapedType& type) {
-  const std::string size = "1x" + std::to_string(type.defaultRow.size());
-  const std::string storage = type.storageClass;
-  const auto noElements = [storage] { return test::array("0x0 " + storage); };
+  const std::string noElements = std::string("0x0 ") + type.storageClass;
+  const std::string row = "1x" + std::to_string(type.defaultRow.size()) + " " + type.storageClass;
+  const bool isDefaultEmpty = type.defaultRow.empty();
   std::ostringstream printed;
   for (const double number : type.defaultRow)
     printed << number << ' ';
   // A text without numbers becomes a value without a text, and meets less on its way.
   const bool isEmpty = !type.printed;
-  RegisteredType row{.name = type.name,
-                     .bytes = 8,
-                     .text = type.sampleText,
-                     .printed = isEmpty ? std::nullopt : std::optional<std::string>(type.printed),
-                     .array = [&type] { return type.sampleArray(); },
-                     .defaultArray = noElements,
-                     .defaultPrinted = std::nullopt,
-                     .nullArray = noElements,
-                     .obstacles = {isEmpty ? "a" : "ac", "ac", "nac", "ac", "", "ac"},
-                     .family = Family::kShaped};
-  if (!type.defaultRow.empty()) {
-    row.defaultArray = [&type, size, storage] {
-      return test::array(size + " " + storage, type.defaultRow);
-    };
-    row.defaultPrinted = "[ " + printed.str() + "]";
-  }
-  return row;
+  using Text = std::optional<std::string>;
+  return {.name = type.name,
+          .bytes = 8,
+          .text = type.sampleText,
+          .printed = isEmpty ? std::nullopt : Text(type.printed),
+          .array = [&type] { return test::array(type.sample, type.elements); },
+          .defaultArray =
+              [&type, words = isDefaultEmpty ? noElements : row] {
+                return test::array(words, type.defaultRow);
+              },
+          .defaultPrinted = isDefaultEmpty ? std::nullopt : Text("[ " + printed.str() + "]"),
+          .nullArray = [noElements] { return test::array(noElements); },
+          .obstacles = {isEmpty ? "a" : "ac", "ac", "nac", "ac", "", "ac"},
+          .family = Family::kShaped};
 }
 
 }  // namespace

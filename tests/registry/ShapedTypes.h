@@ -17,8 +17,6 @@ struct ShapedType {
   Numbers elements;
   const char* sampleText;            ///< a value, too
   const char* printed = sampleText;  ///< what that prints as; null if it has no text
-
-  ArrayOwner sampleArray() const { return array(sample, elements); }
 };
 
 // clang-format off

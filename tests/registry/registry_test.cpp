@@ -11,9 +11,8 @@
 #include <vcos/COSPackage.h>
 #include <vcos/TypeAccess.h>
 
-#include <algorithm>
-#include <iterator>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -48,6 +47,7 @@ class Taken final : public vcos::COSTypeConversion {
 
 /// Takes the place of one step of the registration, 0 being the type.
 void take(const RegisteredType& row, std::size_t step) {
+  if (step > row.conversions.size()) return;
   if (step == 0)
     COSTypeRepository::addType(COSNameID(row.dottedName().c_str()),
                                graphics::datatype::OnOffBooleanDataType::getType());
@@ -59,6 +59,7 @@ void take(const RegisteredType& row, std::size_t step) {
 
 /// What was registered before a step that the class system refuses stays, the rest is left out.
 void expectRefusedAt(const RegisteredType& row, std::size_t step) {
+  if (step > row.conversions.size()) return;
   SCOPED_TRACE(row.name + ", step " + std::to_string(step));
   const COSNameID name(row.dottedName().c_str());
   auto* type = COSTypeRepository::findType(name).getObject();
@@ -79,24 +80,15 @@ TEST(Registration, AddsTheTypeAndItsConversionsInOrderUntilOneIsRefused) {
   std::vector<Types> groups(1);
   for (const RegisteredType& row : allTypes())
     row.refusalRaises.empty() ? groups[0].push_back(row) : groups.push_back(Types{row});
-  constexpr std::size_t kMostConversions = 3;
-  for (const Types& all : groups) {
-    for (std::size_t step = 0; step <= kMostConversions; ++step) {
-      Types refused;
-      std::ranges::copy_if(all, std::back_inserter(refused), [step](const RegisteredType& row) {
-        return step <= row.conversions.size();
-      });
+  for (const Types& group : groups)
+    for (const std::size_t step : {0U, 1U, 2U, 3U})
       test::inChildProcess([&] {
-        for (const RegisteredType& row : refused)
+        for (const RegisteredType& row : group)
           take(row, step);
-        const std::string raised = test::identifierRaisedBy(VLInitialize_vgdatatypes);
-        for (const RegisteredType& row : refused) {
-          EXPECT_EQ(raised, row.refusalRaises);
+        EXPECT_EQ(test::identifierRaisedBy(VLInitialize_vgdatatypes), group.front().refusalRaises);
+        for (const RegisteredType& row : group)
           expectRefusedAt(row, step);
-        }
       });
-    }
-  }
 }
 
 class Registry : public testing::Test {
@@ -142,13 +134,12 @@ TEST_F(Registry, HasTheTypesOfTheTableAndNoOther) {
 
 TEST_F(Registry, TypesDescribeThemselves) {
   forEachType([](const RegisteredType& row, const TypeAccess&, const vcos::COSDataType& type) {
-    EXPECT_EQ(type.getName(), row.name);
-    EXPECT_EQ(type.getDeclarationName(), row.declarationName);
+    EXPECT_EQ(std::tuple(std::string(type.getName()), std::string(type.getDeclarationName()),
+                         type.getStorageType(), type.getSizeInBits(), type.getValueSizeInBytes({}),
+                         type.isPossibleValuesFinite()),
+              std::tuple(row.name, row.declarationName, row.storageType, 8 * row.bytes, row.bytes,
+                         row.isFinite));
     EXPECT_STREQ(type.getCategoryName(), "Fundamental");
-    EXPECT_EQ(type.getStorageType(), row.storageType);
-    EXPECT_EQ(type.getSizeInBits(), 8 * row.bytes);
-    EXPECT_EQ(type.getValueSizeInBytes({}), row.bytes);
-    EXPECT_EQ(type.isPossibleValuesFinite(), row.isFinite);
   });
 }
 
@@ -180,19 +171,11 @@ TEST_F(Registry, CopiesAreEqualAndOutliveWhatTheyWereMadeFrom) {
   });
 }
 
-TEST_F(Registry, TextsAndArraysGoInAndComeBack) {
-  forEachType([](const RegisteredType& row, const TypeAccess& access, vcos::COSDataType& type) {
-    const OwnedValue value(type, access.fromText(row.text.c_str()));
-    EXPECT_EQ(access.toText(value.get()), row.printed);
-    const OwnedValue other(type, access.fromArray(row.array().get()));
-    expectSame(access.toArray(other.get()), row.array());
-  });
-}
-
-TEST_F(Registry, DifferentValuesCompareAsTheTypeSays) {
+TEST_F(Registry, TextsComeBackAndDifferentValuesCompareAsTheTypeSays) {
   forEachType([](const RegisteredType& row, const TypeAccess& access, vcos::COSDataType& type) {
     const OwnedValue one(type, access.fromArray(row.array().get()));
     const OwnedValue other(type, access.fromText(row.text.c_str()));
+    EXPECT_EQ(access.toText(other.get()), row.printed);
     EXPECT_FALSE(type.isEqual(one.get(), other.get()));
     EXPECT_EQ(type.compare(one.get(), other.get()), row.order);
     EXPECT_EQ(type.compare(other.get(), one.get()), row.reverseOrder);

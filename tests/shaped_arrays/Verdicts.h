@@ -7,7 +7,6 @@
 #include <vcos/TypeAccess.h>
 #include <boost/shared_ptr.hpp>
 
-#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -16,15 +15,8 @@ namespace test {
 
 using MessagePtr = boost::shared_ptr<resource_core::BaseMsgID>;
 
-/// The message that stands for a failure of a type: "ColorMapSize", "NaN(ColorMap)"; "" for "".
-inline std::string messageOf(const std::string& type, const std::string& failure) {
-  static const std::set<std::string> kNamingTheType = {"Sparse", "Complex", "NaN", "Inf"};
-  if (failure.empty()) return {};
-  return kNamingTheType.contains(failure) ? failure + "(" + type + ")" : type + failure;
-}
-
-/// What a test says of an array: whether it takes it, and the message that it leaves in the same
-/// words as above, "" where it leaves the one that was there.
+/// What a test says of an array: whether it takes it, and the message that it leaves, as in
+/// "ColorMapSize" or "NaN(ColorMap)"; "" where it leaves the one that was there.
 using Verdict = std::pair<bool, std::string>;
 
 /// Of `isValid(message)`.

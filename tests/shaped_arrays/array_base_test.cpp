@@ -18,6 +18,7 @@
 #include <string>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -33,78 +34,39 @@ struct Limited : ArrayBase {
   std::size_t getMaxNumberOfValuesToCompare() const override { return 32000; }
 };
 
-TEST(ArrayBase, SharesTheElementsOfWhatHasSome) {
-  for (const char* words : {"2x3 double", "1x2x3 uint8", "complex 2x2 single", "1x4 char",
-                            "3x1 logical", "sparse 2x2 double", "1x2 cell"}) {
-    const ArrayOwner given = array(words);
-    const ArrayBase value(given.get());
-    const ArrayBase copy(value);
-    const auto shared = copy.getSharedDataCopy();
-    for (const vxArray* held : {value.getPtr(), copy.getPtr(), std::as_const(copy).getPtr(),
-                                static_cast<const vxArray*>(shared.get())}) {
-      EXPECT_NE(held, given.get());
-      EXPECT_EQ(vxGetData(held), vxGetData(given.get())) << words;
-      EXPECT_EQ(vxGetImagData(held), vxGetImagData(given.get())) << words;
-      EXPECT_EQ(vxGetClassID(held), vxGetClassID(given.get()));
-      EXPECT_EQ(test::sizeOf(held), test::sizeOf(given.get()));
-      EXPECT_FALSE(vxIsSparse(held)) << words;
-    }
-  }
-}
-
-TEST(ArrayBase, CopiesWhatHasNoElementsByClassAndSize) {
-  const std::tuple<const char*, Size, vxClassID> rows[] = {
-      {"0x3 double", {0, 3}, vxDOUBLE_CLASS},  {"complex 2x0 single", {2, 0}, vxSINGLE_CLASS},
-      {"2x0x4 int8", {2, 0, 4}, vxINT8_CLASS}, {"0 uint16", {0, 0}, vxUINT16_CLASS},
-      {"1x0 cell", {1, 0}, vxCELL_CLASS},      {"0x0x1x2 logical", {0, 0, 1, 2}, vxLOGICAL_CLASS},
-      {"0x5 char", {0, 0}, vxCHAR_CLASS},      {"sparse 0x2 double", {0, 2}, vxDOUBLE_CLASS},
-      {"0x2 struct", {0, 2}, vxSTRUCT_CLASS},
-  };
-  for (const auto& [words, size, classID] : rows) {
-    const ArrayBase value(array(words).get());
-    const ArrayBase copy(value);
-    EXPECT_NE(copy.getPtr(), value.getPtr());
-    EXPECT_EQ(test::sizeOf(copy.getPtr()), size) << words;
-    EXPECT_EQ(vxGetClassID(copy.getPtr()), classID) << words;
-    EXPECT_FALSE(vxIsComplex(copy.getPtr()) || vxIsSparse(copy.getPtr())) << words;
-  }
-}
-
-TEST(ArrayBase, MayHaveNoArray) {
-  const ArrayBase none;
-  const ArrayBase fromNull(nullptr);
-  const ArrayBase copy(none);
-  for (const ArrayBase* value : {&none, &fromNull, &copy}) {
-    EXPECT_EQ(value->getPtr(), nullptr);
-    EXPECT_EQ(value->getSharedDataCopy(), nullptr);
-    EXPECT_EQ(value->convert_to_string(), nullptr);
-    EXPECT_TRUE(*value == none);
-  }
-  for (const char* words : {"0x0 double", "1x1 double", "0x0 char"}) {
-    const Limited some(array(words).get());
-    EXPECT_FALSE(some == none || none == some) << words;
-  }
-  EXPECT_TRUE(ArrayBase::isEmpty(nullptr));
-  EXPECT_TRUE(ArrayBase::isEmpty(array("3x0 cell").get()));
-  EXPECT_FALSE(ArrayBase::isEmpty(array("1x1 cell").get()));
-}
-
-TEST(ArrayBase, OutlivesTheContextOfItsArray) {
-  for (const char* words : {"2x2 double", "0x3 double", "0x0 char", "sparse 1x2 double"}) {
+TEST(ArrayBase, SharesElementsAndOutlivesTheContextOfItsArray) {
+  for (const char* words :
+       {"2x3 double", "1x2x3 uint8", "complex 2x2 single", "1x4 char", "3x1 logical",
+        "sparse 2x2 double", "1x2 cell", "0x3 double", "complex 2x0 single", "2x0x4 int8",
+        "0 uint16", "1x0 cell", "0x0x1x2 logical", "0x5 char", "sparse 0x2 double", "0x2 struct"}) {
+    SCOPED_TRACE(words);
     const std::size_t arrays = vghost::liveArrays();
     {
       std::optional<ArrayBase> value;
       std::optional<ArrayBase> copy;
       vxArrayListContext* context = vxEnterNewArrayListContext();
-      value.emplace(array(words).release());
+      const vxArray* given = array(words).release();
+      // An array without elements is copied by class and size, and none is sparse.
+      const bool isComplex = vxIsComplex(given) && !vxIsEmpty(given);
+      Size size = test::sizeOf(given);
+      if (size.size() == 1 || size == Size{0, 5}) size = {0, 0};
+      value.emplace(given);
       copy.emplace(*value);
-      const vxArray* inContext = value->getSharedDataCopy().release();
-      EXPECT_NE(inContext, nullptr);
+      for (const vxArray* held :
+           {std::as_const(*value).getPtr(), std::as_const(*copy).getPtr(),
+            static_cast<const vxArray*>(copy->getSharedDataCopy().release())}) {
+        EXPECT_NE(held, given);
+        EXPECT_EQ(
+            std::tuple(vxGetData(held), vxGetClassID(held), vxIsComplex(held), vxIsSparse(held)),
+            std::tuple(vxGetData(given), vxGetClassID(given), isComplex, false));
+        EXPECT_EQ(vxGetImagData(held), vxGetImagData(given));
+        EXPECT_EQ(test::sizeOf(held), size);
+      }
       vxExitArrayListContext(context, nullptr, 0, true);
-      EXPECT_EQ(vghost::liveArrays() - arrays, 2U) << words;
+      EXPECT_GE(vghost::liveArrays() - arrays, 2U);
       EXPECT_EQ(test::sizeOf(value->getPtr()), test::sizeOf(copy->getPtr()));
     }
-    EXPECT_EQ(vghost::liveArrays(), arrays) << words;
+    EXPECT_EQ(vghost::liveArrays(), arrays);
   }
 }
 
@@ -116,97 +78,77 @@ TEST(ArrayBase, IsAssignedByCopyAndSwap) {
   const std::uint64_t calls = vghost::faults::hostCallCount();
   first.swap(second);
   EXPECT_EQ(vghost::faults::hostCallCount(), calls);
-  EXPECT_EQ(first.getPtr(), nullptr);
+  EXPECT_EQ(first.getSharedDataCopy(), nullptr);
   EXPECT_EQ(second.getPtr(), held);
   EXPECT_EQ(&(first = second), &first);
   EXPECT_NE(first.getPtr(), held);
-  EXPECT_EQ(vxGetData(first.getPtr()), vxGetData(given.get()));
   first = *&first;
   EXPECT_EQ(vxGetData(first.getPtr()), vxGetData(given.get()));
-
   const vxArray* kept = first.getPtr();
   vghost::faults::failAllocation(1, vghost::faults::Repeat::Once);
   EXPECT_THROW(first = second, Lindgrove::System::OutOfMemoryException_DEPRECATED);
   EXPECT_EQ(first.getPtr(), kept);
 }
 
-struct Pair {
-  const char* left;
-  Numbers leftElements;
-  const char* right;
-  Numbers rightElements;
-  bool areEqual;
+struct Side {
+  const char* words = nullptr;  ///< null: no array
+  Numbers elements = {1};
+
+  Limited value() const { return Limited(words ? array(words, elements).get() : nullptr); }
 };
 
 TEST(ArrayBaseEquality, ComparesSizeClassAndRealParts) {
-  // clang-format off
-  const Pair rows[] = {
-      {"1x2 double",  {1, 2},      "1x2 double",  {1, 2},      true},
-      {"1x2 double",  {1, 2},      "1x2 double",  {1, 3},      false},
-      {"1x2 double",  {1, 2},      "1x2 single",  {1, 2},      false},
-      {"1x2 double",  {1, 2},      "2x1 double",  {1, 2},      false},
-      {"2x6 double",  {1},         "2x3x2 double", {1},        false},
-      {"2x2x3 double", {1},        "2x3x2 double", {1},        true},
-      {"1x1 double",  {NAN},       "1x1 double",  {NAN},       false},
-      {"1x2 single",  {0, NAN},    "1x2 single",  {0, NAN},    false},
-      {"1x1 double",  {0.0},       "1x1 double",  {-0.0},      true},
-      {"1x1 single",  {-0.0},      "1x1 single",  {0.0},       true},
-      {"1x2 logical", {1, 0},      "1x2 logical", {1, 0},      true},
-      {"1x2 logical", {1, 0},      "1x2 logical", {1, 1},      false},
-      {"1x2 double",  {1, 2},      "complex 1x2 double", {1, 2}, true},
-      {"0x3 double",  {1},         "0x3 double",  {1},         true},
-      {"0x3 double",  {1},         "0x3 single",  {1},         false},
-      {"0x3 double",  {1},         "0x4 double",  {1},         false},
+  const std::tuple<Side, std::vector<Side>, std::vector<Side>> rows[] = {
+      // equal, different
+      // clang-format off
+      {{"1x2 double", {1, 2}},
+       {{"1x2 double", {1, 2}}, {"complex 1x2 double", {1, 2}}, {"1x3 char", {4, 5}}, {"1x1 cell"}},
+       {{"1x2 double", {1, 3}}, {"1x2 single", {1, 2}}, {"2x1 double", {1, 2}}}},
+      {{"1x1 double", {NAN}},     {},                           {{"1x1 double", {NAN}}}},
+      {{"1x2 single", {0, NAN}},  {},                           {{"1x2 single", {0, NAN}}}},
+      {{"1x1 double", {0.0}},     {{"1x1 double", {-0.0}}},     {}},
+      {{"1x1 single", {-0.0}},    {{"1x1 single", {0.0}}},      {}},
+      {{"1x2 logical", {1, 0}},   {{"1x2 logical", {1, 0}}},    {{"1x2 logical", {1, 1}}}},
+      {{"2x2x3 double"},          {{"2x3x2 double"}},           {{"2x6 double"}}},
+      {{"0x3 double"},            {{"0x3 double"}},             {{"0x3 single"}, {"0x4 double"}, {}}},
+      {{},                        {{}},                         {{"0x0 double"}, {"0x0 char"}}},
       // The class of the right one decides.
-      {"1x2 char",    {1, 2},      "1x3 char",    {4, 5},      true},
-      {"1x2 double",  {1, 2},      "1x3 char",    {4, 5},      true},
-      {"1x3 char",    {4, 5},      "1x2 double",  {1, 2},      false},
-      {"1x2 double",  {1, 2},      "1x1 cell",    {1},         true},
-      {"0x2 struct",  {1},         "1x1 double",  {1},         false},
+      {{"1x2 char", {1, 2}},      {{"1x3 char", {4, 5}}},       {{"1x2 double", {1, 2}}}},
+      {{"0x2 struct"},            {{"0x0 cell"}},               {{"1x1 double"}}},
+      // clang-format on
   };
-  // clang-format on
-  for (const Pair& row : rows) {
-    const Limited left(array(row.left, row.leftElements).get());
-    const Limited right(array(row.right, row.rightElements).get());
-    EXPECT_EQ(left == right, row.areEqual)
-        << row.left << " " << testing::PrintToString(row.leftElements) << ", " << row.right << " "
-        << testing::PrintToString(row.rightElements);
+  for (const auto& [left, equal, different] : rows) {
+    SCOPED_TRACE(testing::PrintToString(std::pair(left.words, left.elements)));
+    for (const Side& right : equal)
+      EXPECT_TRUE(left.value() == right.value()) << right.words;
+    for (const Side& right : different)
+      EXPECT_FALSE(left.value() == right.value()) << right.words;
   }
   test::forEachIntegerClass([](vxClassID classID, auto) {
     const std::string words = std::string("1x2 ") + vxClassName(classID);
     const auto valueOf = [&](double last) { return Limited(array(words, {1, last}).get()); };
-    EXPECT_TRUE(valueOf(100) == valueOf(100)) << words;
-    EXPECT_FALSE(valueOf(100) == valueOf(101)) << words;
+    EXPECT_TRUE(valueOf(100) == valueOf(100) && !(valueOf(100) == valueOf(101))) << words;
   });
-}
-
-ArrayOwner logicalOf(unsigned char byte) {
-  ArrayOwner result = array("1x1 logical");
-  *static_cast<unsigned char*>(vxGetWritableData(result.get())) = byte;
-  return result;
-}
-
-TEST(ArrayBaseEquality, ComparesLogicalsAsBytes) {
-  EXPECT_TRUE(Limited(logicalOf(2).get()) == Limited(logicalOf(2).get()));
-  EXPECT_FALSE(Limited(logicalOf(2).get()) == Limited(logicalOf(1).get()));
+  const auto logicalOf = [](unsigned char byte) {
+    const ArrayOwner result = array("1x1 logical");
+    *static_cast<unsigned char*>(vxGetWritableData(result.get())) = byte;
+    return Limited(result.get());
+  };
+  EXPECT_TRUE(logicalOf(2) == logicalOf(2));
+  EXPECT_FALSE(logicalOf(2) == logicalOf(1)) << "logicals are compared as bytes";
 }
 
 TEST(ArrayBaseEquality, IsBoundByTheLimitOfTheLeftOne) {
   for (const char* className : {"double", "uint8", "logical"}) {
-    const auto valueOf = [&](const char* size) {
-      return Limited(array(std::string(size) + " " + className).get());
-    };
-    const Limited longest = valueOf("1x32000");
-    EXPECT_TRUE(longest == valueOf("1x32000")) << className;
+    SCOPED_TRACE(className);
+    const Limited longest(array(std::string("1x32000 ") + className).get());
+    EXPECT_TRUE(longest == Limited(longest));
     EXPECT_FALSE(static_cast<ArrayBase>(longest) == longest) << "the limit is 0";
     EXPECT_TRUE(longest == static_cast<ArrayBase>(longest));
-    const Limited longer = valueOf("1x32001");
-    EXPECT_FALSE(longer == longer) << className;
-    EXPECT_FALSE(longer == Limited(longer)) << className;
+    const Limited longer(array(std::string("1x32001 ") + className).get());
+    EXPECT_FALSE(longer == longer);
   }
-  EXPECT_EQ(ArrayBase().getMaxNumberOfValuesToCompare(), 0U);
   EXPECT_TRUE(ArrayBase(array("0x3 double").get()) == ArrayBase(array("0x3 double").get()));
-  EXPECT_TRUE(ArrayBase(array("1x3 char").get()) == ArrayBase(array("1x3 char").get()));
   EXPECT_EQ(graphics::datatype::ColorMap().getMaxNumberOfValuesToCompare(), 32000U);
 }
 
@@ -229,28 +171,17 @@ TEST(ArrayBaseText, ListsShortRowsAndGivesTheSizeOfOthers) {
       {"1x10 double", {1}, "[1x10 array]"},          {"4x3 double", {1}, "[4x3 array]"},
       {"2x3x4 uint8", {1}, "[2x12 array]"},          {"0x0 double", {1}, "[0x0 array]"},
       {"2x1 cell", {1}, "[2x1 array]"},              {"2x2 char", {65, 66, 67, 68}, "ABCD"},
+      {"1x1234 int8", {1}, "[1x1234 array]"},        {"1x1 uint64", {0x1p63}, "[ 9223372036854775808 ]"},
       {"0x0 char", {1}, ""},
   };
   // clang-format on
-  for (const auto& [words, elements, text] : rows)
-    EXPECT_EQ(textOf(ArrayBase(array(words, elements).get())), text) << words;
-
-  const ArrayOwner largest = array("1x1 uint64");
-  *static_cast<std::uint64_t*>(vxGetWritableData(largest.get())) = UINT64_MAX;
-  EXPECT_EQ(textOf(ArrayBase(largest.get())), "[ 18446744073709551615 ]");
-}
-
-TEST(ArrayBaseText, IsTheSameInEveryLocale) {
   struct Commas : test::Grouping {
     Commas() : Grouping("\3") {}
     char do_decimal_point() const override { return ','; }
   };
-  const test::GlobalLocale locale(new Commas);
-  EXPECT_EQ(textOf(ArrayBase(array("1x2 double", {0.5, 12345}).get())), "[ 0.5 12345 ]");
-  EXPECT_EQ(textOf(ArrayBase(array("1x1234 int8").get())), "[1x1234 array]");
-}
-
-TEST(ArrayBaseText, HasNoWordsForShortRowsOfOtherClasses) {
+  const test::GlobalLocale locale(new Commas);  // which has no say in it
+  for (const auto& [words, elements, text] : rows)
+    EXPECT_EQ(textOf(ArrayBase(array(words, elements).get())), text) << words;
   for (const char* words : {"1x1 cell", "1x9 struct", "1x0 cell"})
     EXPECT_THROW(ArrayBase(array(words).get()).convert_to_string(),
                  graphics::datatype::GenericException)
