@@ -206,7 +206,7 @@ TEST_F(Eval, TakesLinesAsLongAndJsonAsDeepAsTheLimit) {
   const std::string line = request + std::string(kLongest - request.size(), ' ');
   EXPECT_EQ(repliesTo(line + '\n' + line).size(), 2U);
   EXPECT_EQ(status_, kDone);
-  expectRefusedAndTheNextServed(line + std::string(2U << 20U, ' '), "{", "8 MiB");
+  expectRefusedAndTheNextServed(line + std::string(2U << 20U, 'x'), "{", "8 MiB");
   expectRefusedAndTheNextServed(line + ' ', "{", "8 MiB");
   const std::string id = std::string(63, '[') + std::string(63, ']');
   EXPECT_THAT(replyTo(R"({"id":)" + id + R"(,"type":"on_off","text":"on"})"),

@@ -10,6 +10,7 @@
 #include <ut/memory.h>
 #include <vcos/COSTypeRepository.h>
 #include <vcos/TypeAccess.h>
+#include <vx/scopes.h>
 
 #include <climits>
 #include <cstring>
@@ -204,9 +205,18 @@ TEST_F(Values, OnOffReportsUnreadableTextAsOutOfMemory) {
   vghost::faults::disarm();
 }
 
-TEST_F(Values, OnOffSharesTheDataOfItsArraysButNeverTheArrayItself) {
-  const ArrayOwner first(OnOffBooleanVC().to(kOn).asPointer<vxArray>());
-  const ArrayOwner second(OnOffBooleanVC().to(kOn).asPointer<vxArray>());
+TEST_F(Values, OnOffGivesArraysThatOutliveAScopeAndShareTheirDataButNotThemselves) {
+  const auto arrayOf = [](COSValue value) {
+    return OnOffBooleanVC().to(value).asPointer<vxArray>();
+  };
+  vxArrayListContext* context = vxEnterNewArrayListContext();
+  for (const COSValue value : {kOn, kOff})
+    arrayOf(value);  // left to the context
+  vxExitArrayListContext(context, nullptr, 0, true);
+  const ArrayOwner first(arrayOf(kOn));
+  const ArrayOwner second(arrayOf(kOn));
+  EXPECT_EQ(vxArrayToStdString(first.get()), "on");
+  EXPECT_EQ(vxArrayToStdString(ArrayOwner(arrayOf(kOff)).get()), "off");
   EXPECT_NE(first.get(), second.get());
   EXPECT_EQ(vxGetData(first.get()), vxGetData(second.get()));
 }
