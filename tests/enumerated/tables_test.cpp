@@ -52,39 +52,6 @@ vcos::COSDataType* hostTypeOf(const char* table) {
   return COSTypeRepository::getType(COSNameID(name.c_str())).getObject();
 }
 
-TEST(EnumTable, FindsANameByWhatFitsNoOther) {
-  const Table colours = {"colormapped", "truecolor", "truecoloralpha", "red", "redder", "- -"};
-  const std::pair<const char*, const char*> kCases[] = {{"truecolor", "truecolor"},
-                                                        {"truecolora", "truecoloralpha"},
-                                                        {"true", ""},
-                                                        {"c", "colormapped"},
-                                                        {"red", "red"},
-                                                        {"redd", "redder"},
-                                                        {"re", ""},
-                                                        {"truecoloralphas", ""},
-                                                        {"ruecolor", ""},
-                                                        {"- -", "- -"},
-                                                        {"-", "- -"},
-                                                        {"- ", "- -"},
-                                                        {"--", ""},
-                                                        {"true color", ""},
-                                                        {"", ""},
-                                                        {"   ", ""},
-                                                        {"\xFF", ""},
-                                                        {"TrueColorA", "truecoloralpha"}};
-  for (const auto& [text, name] : kCases)
-    EXPECT_EQ(found(colours, text), name) << text;
-  EXPECT_FALSE(colours.isValidEnumName(nullptr));
-}
-
-TEST(EnumTable, TakesNothingForTheOnlyName) {
-  EXPECT_EQ(found(Table{"alone"}, ""), "alone");
-  EXPECT_EQ(found(Table{"alone"}, " \t"), "alone");
-  EXPECT_EQ(found(Table{}, ""), "");
-  EXPECT_EQ(found(Table{"@", "not alone"}, ""), "");
-  EXPECT_EQ(found(Table{"not alone", "@"}, ""), "");
-}
-
 TEST(EnumTable, TrimsWhatTheGlobalLocaleCallsWhiteSpaceInTheLoweredText) {
   const Table table = {"auto", "manual"};
   const auto find = [&] {
@@ -128,6 +95,7 @@ TEST(EnumTable, DoesNotKeepANameThatTheHostRefuses) {
 
 TEST(EnumTable, AsksTheHostForAmbiguityAndVisibility) {
   const Table table = {"auto", "automatic", "manual"};
+  EXPECT_FALSE(table.isValidEnumName(nullptr));
   EXPECT_TRUE(table.isEnumNameAmbiguous("AU"));
   for (const char* text : {"auto", "AUTO", " au", "m", "x"})
     EXPECT_FALSE(table.isEnumNameAmbiguous(text)) << text;
@@ -161,12 +129,10 @@ TEST(EnumTable, StaysEmptyWhereAnotherKindOfTypeHasItsName) {
   COSTypeRepository::addType(name, other);
   {
     const Table table = {"auto", "manual"};
-    EXPECT_EQ(table.getEnumLength(), 0U);
-    EXPECT_THAT(table.getEnumStrings(), IsEmpty());
+    EXPECT_TRUE(table.getEnumLength() == 0 && table.getEnumStrings().empty());
     EXPECT_EQ(found(table, "auto"), "");
     EXPECT_EQ(table.getEnumString(COSValue::fromInteger(10)), nullptr);
-    EXPECT_FALSE(table.isEnumNameAmbiguous("a"));
-    EXPECT_FALSE(table.getEnumVisibility("auto"));
+    EXPECT_FALSE(table.isEnumNameAmbiguous("a") || table.getEnumVisibility("auto"));
   }
   EXPECT_EQ(hostTypeOf("Test"), other);
   COSTypeRepository::removeType(name);
@@ -222,46 +188,22 @@ TEST(EnumTable, FindsWhatLookingAtAllNamesFinds) {
   }
 }
 
-struct Number final : EnumBase {
-  explicit Number(int value) : number(value) {}
-  int getIntValue() const override { return number; }
-  int number;
-};
-
-ArrayOwner nameOf(EnumCache& cache, const EnumBase* value) {
-  return ArrayOwner(cache.getVxArrayStringFor(COSValue::fromPointer(value)));
-}
-
-TEST(EnumCache, MakesEachNameOnceAndGivesSharedCopies) {
+TEST(EnumCache, KeepsNamesBeyondTheScopeInWhichTheyWereMadeAndNoLongerThanItself) {
   const Table table = {"auto", "manual"};
-  const Number manual(11);
+  const struct : EnumBase {
+    int getIntValue() const override { return 11; }
+  } manual;
   const std::size_t before = vghost::liveArrays();
   {
     EnumCache cache(table);
-    for (int i = 0; i < 2; ++i)
-      EXPECT_TRUE(vxIsEmpty(nameOf(cache, nullptr).get()));
-    EXPECT_EQ(vghost::liveArrays(), before);
-
-    ArrayOwner first = nameOf(cache, &manual);
-    const ArrayOwner second = nameOf(cache, &manual);
-    EXPECT_EQ(vxArrayToStdString(second.get()), "manual");
-    EXPECT_NE(first.get(), second.get());
-    EXPECT_EQ(vxGetData(first.get()), vxGetData(second.get()));
-    static_cast<vxChar*>(vxGetWritableData(first.get()))[0] = 'x';
-    EXPECT_EQ(vxArrayToStdString(nameOf(cache, &manual).get()), "manual");
-    EXPECT_EQ(vghost::liveArrays(), before + 3);
+    const auto name = [&] { return cache.getVxArrayStringFor(COSValue::fromPointer(&manual)); };
+    vxArrayListContext* context = vxEnterNewArrayListContext();
+    name();  // left to the context
+    vxExitArrayListContext(context, nullptr, 0, true);
+    EXPECT_EQ(vxArrayToStdString(ArrayOwner(name()).get()), "manual");
+    EXPECT_EQ(vghost::liveArrays(), before + 1);
   }
   EXPECT_EQ(vghost::liveArrays(), before);
-}
-
-TEST(EnumCache, KeepsNamesBeyondTheScopeInWhichTheyWereMade) {
-  const Table table = {"auto", "manual"};
-  const Number automatic(10);
-  EnumCache cache(table);
-  vxArrayListContext* context = vxEnterNewArrayListContext();
-  static_cast<void>(nameOf(cache, &automatic).release());  // left to the context
-  vxExitArrayListContext(context, nullptr, 0, true);
-  EXPECT_EQ(vxArrayToStdString(nameOf(cache, &automatic).get()), "auto");
 }
 
 }  // namespace

@@ -1,12 +1,16 @@
+#include "support/GlobalLocale.h"
 #include "support/HostError.h"
 
+#include <graphics/datatype/OnOffBooleanDataType.h>
 #include <graphics/datatype/enumerated_types.h>
 #include <graphics/datatype/style_mapping.h>
 #include <graphics/datatype/vgdatatypes.h>
 #include <gtest/gtest.h>
+#include <ut/faults.h>
 #include <ut/memory.h>
 #include <vcos/COSTypeRepository.h>
 #include <vcos/TypeAccess.h>
+#include <vx/scopes.h>
 
 #include <climits>
 #include <cstring>
@@ -18,13 +22,17 @@
 namespace {
 
 using namespace graphics::datatype;
+using test::identifierRaisedBy;
 using vcos::ArrayOwner;
 using vcos::COSValue;
 using vcos::OwnedValue;
 
-constexpr const char* kInvalid = "VORTIL:datatypes:InvalidEnumValue";
+const COSValue kOn = COSValue::fromLogical(true);
+const COSValue kOff = COSValue::fromLogical(false);
+const std::string kInvalidName = "VORTIL:datatypes:InvalidEnumValue";
+const std::string kUnknownOnOff = "VORTIL:datatypes:onoffboolean:UnknownOnOffBooleanValue";
 
-class EnumeratedValues : public testing::Test {
+class Values : public testing::Test {
  protected:
   static void SetUpTestSuite() { VLInitialize_vgdatatypes(); }
 };
@@ -44,7 +52,7 @@ void expectTests(const std::vector<bool (Value::*)() const noexcept>& tests, int
     }
 }
 
-TEST_F(EnumeratedValues, TestsAreNamedAfterTheNamesBarSome) {
+TEST_F(Values, TestsAreNamedAfterTheNamesBarSome) {
   using L = LineStyle;
   expectTests<L>({&L::isSolid, &L::isDashed, &L::isDotted, &L::isDashdot, &L::isNone});
   using M = MarkerStyle;
@@ -67,11 +75,6 @@ TEST_F(EnumeratedValues, TestsAreNamedAfterTheNamesBarSome) {
   expectTests<ColorbarCDataMapping>({&ColorbarCDataMapping::isDirect0based}, 3);
 }
 
-TEST_F(EnumeratedValues, CompareByNumber) {
-  EXPECT_EQ(LineStyle(), valueOf<LineStyle>(0));
-  EXPECT_NE(LineStyle(), valueOf<LineStyle>(1));
-}
-
 template <class Type, class Value, class Style>
 void expectShape() {
   static_assert(sizeof(Value) == 24 && std::is_base_of_v<EnumBase, Value>);
@@ -84,24 +87,20 @@ void expectShape() {
   EXPECT_NE(static_cast<void*>(Type::getType()), whole);
 }
 
-TEST_F(EnumeratedValues, TypesAreTheirTables) {
+TEST_F(Values, TypesAreTheirTables) {
   expectShape<LineStyleDataType, LineStyle, LineStyleStyle>();
   expectShape<VG1DrawStyleDataType, VG1DrawStyle, VG1BaseDrawStyle>();
 }
 
-TEST_F(EnumeratedValues, ATableOfATypeBesideItFindsNothing) {
+TEST_F(Values, ATableOfATypeBesideItFindsNothing) {
   const VG1BaseDrawStyle* table = VG1BaseDrawStyle::getInstance();
   EXPECT_EQ(VG1BaseDrawStyle::getInstance(), table);
-  const auto* type = dynamic_cast<VG1DrawStyleDataType*>(VG1DrawStyleDataType::getType());
-  ASSERT_NE(type, nullptr);
-  EXPECT_NE(static_cast<const VG1BaseDrawStyle*>(type), table);
   EXPECT_FALSE(table->isValidEnumName("fast"));
   EXPECT_EQ(table->getEnumLength(), 2U);
   EXPECT_TRUE(table->getEnumStrings().empty());
-  EXPECT_TRUE(type->isValidEnumName("fast"));
 }
 
-TEST_F(EnumeratedValues, StylesMapToThoseOfPrimitives) {
+TEST_F(Values, StylesMapToThoseOfPrimitives) {
   for (const int number :
        {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, -1, INT_MAX, INT_MIN}) {
     const PrimMarkerStyle marker =
@@ -125,16 +124,26 @@ ArrayOwner charArray(const std::vector<std::size_t>& size, const std::u16string&
   return array;
 }
 
-TEST_F(EnumeratedValues, CharArraysOfAnyShapeAreReadInStorageOrderUpToANul) {
+COSValue onOff(const ArrayOwner& array) {
+  return OnOffBooleanVC().from(COSValue::fromPointer(array.get()));
+}
+
+COSValue onOff(const char* text) {
+  return OnOffBooleanSC().from(COSValue::fromPointer(text));
+}
+
+TEST_F(Values, CharArraysOfAnyShapeAreReadInStorageOrderUpToANul) {
   using namespace std::string_literals;
   EXPECT_EQ(lineStyleOf(charArray({4, 1}, u"none")), 4);
   EXPECT_EQ(lineStyleOf(charArray({2, 2}, u"NONE")), 4);
   EXPECT_EQ(lineStyleOf(charArray({1, 2, 1, 2}, u"none")), 4);
   EXPECT_EQ(lineStyleOf(charArray({1, 6}, u"none\0x"s)), 4);
   EXPECT_EQ(lineStyleOf(charArray({1, 1'000'000}, std::u16string(999'998, u' ') + u"-.")), 3);
+  EXPECT_EQ(onOff(charArray({2, 1}, u"on")), kOn);
+  EXPECT_EQ(onOff(charArray({1, 4}, u"on\0x"s)), kOn);
 }
 
-TEST_F(EnumeratedValues, BadTextInAnArrayIsRefused) {
+TEST_F(Values, BadTextInAnArrayIsRefused) {
   using namespace std::string_literals;
   const std::u16string kBad[] = {
       u"\0none"s,
@@ -154,13 +163,62 @@ TEST_F(EnumeratedValues, BadTextInAnArrayIsRefused) {
   const std::size_t arrays = vghost::liveArrays();
   const std::size_t blocks = vghost::liveBlocks();
   for (const std::u16string& text : kBad)
-    EXPECT_EQ(test::identifierRaisedBy([&] {
+    EXPECT_EQ(identifierRaisedBy([&] {
                 lineStyleOf(charArray({1, text.size()}, text));
               }),
-              kInvalid)
+              kInvalidName)
         << text.size();
   EXPECT_EQ(vghost::liveArrays(), arrays);
   EXPECT_EQ(vghost::liveBlocks(), blocks);
+}
+
+TEST_F(Values, OnOffTakesEveryWordThatIsNotZeroForOn) {
+  const vcos::COSDataType& type = *OnOffBooleanDataType::getType();
+  const COSValue two = COSValue::fromInteger(2);
+  EXPECT_TRUE(type.isEqual(kOn, two));
+  EXPECT_FALSE(type.isEqual(kOff, two));
+  EXPECT_EQ(type.compare(two, kOn), 0);
+  EXPECT_EQ(type.compare(two, kOff), 1);
+  EXPECT_EQ(type.copy(two), two);
+  const auto text = [](COSValue value) { return OnOffBooleanSC().to(value).asPointer<char>(); };
+  EXPECT_STREQ(text(two), "on");
+  EXPECT_EQ(text(kOn), text(two)) << "a constant that nobody frees";
+}
+
+TEST_F(Values, OnOffTakesItsTextsInAnyCaseOfTheGlobalLocaleAndNoOtherAbbreviationThanOf) {
+  for (const char* text : {"on", "On", "oN", "ON"})
+    EXPECT_EQ(onOff(text), kOn) << text;
+  for (const char* text : {"off", "OFF", "oFf", "of", "OF"})
+    EXPECT_EQ(onOff(text), kOff) << text;
+  for (const char* text : {"", "o", "O", " on", "on ", "onn", "offf", "true", "1", "\xC3\xB6n"}) {
+    EXPECT_EQ(identifierRaisedBy([&] { onOff(text); }), kUnknownOnOff) << text;
+    EXPECT_EQ(identifierRaisedBy([&] { onOff(ArrayOwner(vxCreateString(text))); }), kUnknownOnOff);
+  }
+  const test::GlobalLocale locale(new test::OddCharacters);
+  EXPECT_EQ(onOff("!N"), kOn);
+}
+
+TEST_F(Values, OnOffReportsUnreadableTextAsOutOfMemory) {
+  const ArrayOwner array(vxCreateString("on"));
+  vghost::faults::failHostCall(1, vghost::faults::Repeat::Once);
+  EXPECT_EQ(identifierRaisedBy([&] { onOff(array); }), "VORTIL:vg:datatypes:OutOfMemory");
+  vghost::faults::disarm();
+}
+
+TEST_F(Values, OnOffGivesArraysThatOutliveAScopeAndShareTheirDataButNotThemselves) {
+  const auto arrayOf = [](COSValue value) {
+    return OnOffBooleanVC().to(value).asPointer<vxArray>();
+  };
+  vxArrayListContext* context = vxEnterNewArrayListContext();
+  for (const COSValue value : {kOn, kOff})
+    arrayOf(value);  // left to the context
+  vxExitArrayListContext(context, nullptr, 0, true);
+  const ArrayOwner first(arrayOf(kOn));
+  const ArrayOwner second(arrayOf(kOn));
+  EXPECT_EQ(vxArrayToStdString(first.get()), "on");
+  EXPECT_EQ(vxArrayToStdString(ArrayOwner(arrayOf(kOff)).get()), "off");
+  EXPECT_NE(first.get(), second.get());
+  EXPECT_EQ(vxGetData(first.get()), vxGetData(second.get()));
 }
 
 }  // namespace
