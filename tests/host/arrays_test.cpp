@@ -125,6 +125,7 @@ TEST(Arrays, WrongArgumentsAreNamed) {
       {"array:WrongShape", [&] { ArrayOwner(vxTranspose(real.get())); }},
       {"class:VORTILConversionError", [&] { vxArrayToStdString(real.get()); }},
       {"class:VORTILConversionError", [&] { vxArrayToStdString(cell.get()); }},
+      {"class:VORTILConversionError", [] { vxArrayToStdString(nullptr); }},
   };
   for (const auto& row : rows)
     EXPECT_EQ(identifierRaisedBy(row.second), std::string("VORTIL:") + row.first)

@@ -27,6 +27,8 @@ RegisteredType onOff() {
           .isFinite = true,
           .order = 1,
           .reverseOrder = -1,
+          .nullTextRaises = "VORTIL:datatypes:onoffboolean:UnknownOnOffBooleanValue",
+          .nullArrayRaises = "VORTIL:datatypes:onoffboolean:IncorrectValue",
           .conversions = {{"any", "vortil.graphics.datatype.on_off"},
                           {"string", "vortil.graphics.datatype.on_off"},
                           {"string", "bool"}},

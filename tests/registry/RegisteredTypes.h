@@ -45,7 +45,8 @@ struct RegisteredType {
   bool isFinite = false;  ///< as to its possible values
   int order = 2;          ///< of the value of the array and that of the text, if it is not equal
   int reverseOrder = 2;
-  std::string nullTextRaises = {};  ///< "" if a null text becomes a null word
+  std::string nullTextRaises = {};   ///< "" if a null text becomes a null word
+  std::string nullArrayRaises = {};  ///< the same of a null array
   /// In the order in which they are registered: the name outside, and that of the type.
   std::vector<std::pair<std::string, std::string>> conversions = {{"any", dottedName()},
                                                                   {"string", dottedName()}};

@@ -26,7 +26,8 @@ std::string& currentLocale() {
   return locale;
 }
 
-/// ICU does not throw where memory fails: it says so, or leaves a string that is none.
+// ICU does not throw where memory fails: it returns a status, a string that is none, or nothing.
+
 void requireMemory(const icu::UnicodeString& text, UErrorCode status) {
   if (text.isBogus() || status == U_MEMORY_ALLOCATION_ERROR) throw std::bad_alloc();
 }
@@ -35,6 +36,13 @@ icu::UnicodeString unicode(const std::string& utf8) {
   icu::UnicodeString text = icu::UnicodeString::fromUTF8(utf8);
   requireMemory(text, U_ZERO_ERROR);
   return text;
+}
+
+std::string utf8(const icu::UnicodeString& text) {
+  std::string bytes;
+  text.toUTF8String(bytes);
+  if (bytes.empty() && !text.isEmpty()) throw std::bad_alloc();
+  return bytes;
 }
 
 /// The bundles stand in vghost/messages beside the library, wherever that was loaded from.
@@ -55,10 +63,9 @@ std::string translation(const char* identifier, const std::string& locale) {
   const icu::ResourceBundle bundle(bundleDirectory().c_str(), icu::Locale(locale.c_str()), status);
   if (U_FAILURE(status) || status == U_USING_DEFAULT_WARNING) return {};
   status = U_ZERO_ERROR;
-  std::string utf8;
   const icu::UnicodeString text = bundle.getStringEx(identifier, status);
-  if (U_SUCCESS(status)) text.toUTF8String(utf8);
-  return utf8;
+  requireMemory(text, status);
+  return U_SUCCESS(status) ? utf8(text) : std::string();
 }
 
 std::string patternOr(const char* english, const char* identifier, const std::string& locale) {
@@ -102,9 +109,7 @@ std::string text(const resource_core::BaseMsgID& message, const std::string& loc
   if (U_SUCCESS(status))
     format.format(arguments.data(), static_cast<int32_t>(arguments.size()), text, ignored, status);
   requireMemory(text, status);
-  std::string utf8;
-  if (U_SUCCESS(status)) text.toUTF8String(utf8);
-  return U_SUCCESS(status) ? utf8 : chosen;
+  return U_SUCCESS(status) ? utf8(text) : chosen;
 }
 
 }  // namespace vghost::messages
