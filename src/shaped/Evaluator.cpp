@@ -16,7 +16,7 @@ bool isComplex(const vxArray* array) {
   return vxIsComplex(array) && vxGetImagData(array) != nullptr;
 }
 
-/// The host is not asked for what is open.
+/// The host is asked only about the dimensions that the rule restricts.
 bool fitsSize(const SizeRule& rule, const vxArray* array) {
   const auto fits = [array](std::size_t wanted, auto size) {
     return wanted == SizeRule::kAny || wanted == size(array);
