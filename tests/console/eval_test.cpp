@@ -6,6 +6,7 @@
 #include "commands/Commands.h"
 #include "requests/Eval.h"
 #include "support/FailingNew.h"
+#include "text/Examples.h"
 
 #include <boost/interprocess/streams/bufferstream.hpp>
 #include <nlohmann/json.hpp>
@@ -154,6 +155,15 @@ TEST_F(Eval, DescribesATypeWithEverythingTheClassSystemKnowsAndListsTheTypes) {
               HasSubstr(R"("possibleValuesDescription":null,"finite":false,"possibleValues":[],)"));
   EXPECT_THAT(replyTo(R"({"op":"types"})"), testing::MatchesRegex(R"(.*"on_off".*"Probe".*)"))
       << "by name whatever the case";
+}
+
+TEST_F(Eval, FindsTwoOrThreeValuesThatATypeTakesAndAsManyThatItRefuses) {
+  for (const Type& type : libraryTypes()) {
+    if (type.name == "Probe") continue;  // takes nearly everything
+    const Examples examples = findExamples(type);
+    for (const std::size_t count : {examples.taken.size(), examples.refused.size()})
+      EXPECT_THAT(count, testing::AllOf(testing::Ge(2U), testing::Le(3U))) << type.name;
+  }
 }
 
 TEST_F(Eval, RefusesARequestThatIsWrongAndServesTheNext) {
