@@ -1,5 +1,6 @@
 // Messages, and the errors and warnings that carry them.
 
+#include "support/ChildProcess.h"
 #include "support/HostError.h"
 
 #include <dlfcn.h>
@@ -7,10 +8,13 @@
 #include <messages/catalog.h>
 #include <messages/translation.h>
 #include <unicode/resbund.h>
+#include <unicode/uclean.h>
 #include <unicode/uloc.h>
 #include <ut/console.h>
 #include <vx/errors.h>
 
+#include <cstdlib>
+#include <new>
 #include <set>
 #include <string>
 #include <tuple>
@@ -130,6 +134,35 @@ TEST(Warnings, GoToTheInnermostCaptureAndWithoutOneToTheConsole) {
   utPrintf("%d\n\nlast", 2);
   EXPECT_EQ(console.lines(),
             (std::vector<std::string>{"Warning: Error number %s {0}.", "2", "", "last"}));
+}
+
+TEST(Messages, AreWholeOrSayThatMemoryHasRunOutForALongText) {
+  test::inChildProcess([] {
+    static int left = 0;  // how many large blocks there still are
+    static constexpr std::size_t kLarge = 4000;
+    const auto allocate = [](const void*, std::size_t size) -> void* {
+      return size > kLarge && left-- <= 0 ? nullptr : std::malloc(size);
+    };
+    const auto reallocate = [](const void*, void* block, std::size_t size) {
+      return size > kLarge && left-- <= 0 ? nullptr : std::realloc(block, size);
+    };
+    const component_VORTIL::catalog_datatypes::key_InvalidEnumValue message(std::string(5000, 'x'),
+                                                                            "Units");
+    const std::string whole = messages::text(message, "en");
+    UErrorCode status = U_ZERO_ERROR;
+    u_setMemoryFunctions(
+        nullptr, allocate, reallocate, [](const void*, void* block) { std::free(block); }, &status);
+    int failures = 0;
+    for (int before = 0; before < 10; ++before) {
+      left = before;
+      try {
+        EXPECT_EQ(messages::text(message, "en"), whole) << before;
+      } catch (const std::bad_alloc&) {
+        ++failures;
+      }
+    }
+    EXPECT_GT(failures, 1);
+  });
 }
 
 }  // namespace
