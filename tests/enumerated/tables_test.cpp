@@ -133,6 +133,11 @@ TEST(EnumTable, StaysEmptyWhereAnotherKindOfTypeHasItsName) {
     EXPECT_EQ(found(table, "auto"), "");
     EXPECT_EQ(table.getEnumString(COSValue::fromInteger(10)), nullptr);
     EXPECT_FALSE(table.isEnumNameAmbiguous("a") || table.getEnumVisibility("auto"));
+    struct Heir : EnumStringType {
+      using EnumStringType::EnumStringType;
+      const char* getEnumFromPartialMatch(std::string) const override { return "auto"; }
+    };
+    EXPECT_EQ(Heir("Test").findEnumValue("auto"), std::nullopt);
   }
   EXPECT_EQ(hostTypeOf("Test"), other);
   COSTypeRepository::removeType(name);

@@ -197,4 +197,11 @@ TEST(ArrayDispatcher, CallsTheOperationOfTheClassOrOnError) {
   static_assert(std::same_as<vg::MatrixTraits<4>::ElementType, vxChar>);
 }
 
+TEST(Rules, AreNotAskedOfElementsThatHaveEndedTheScan) {
+  shaped::Predicate predicate = shaped::findShapedType("Tick")->predicates.front();
+  predicate.scan.tests = {shaped::ElementTest::kNotNaN};
+  const auto given = test::array("1x3 double", {2, 1, NAN});
+  EXPECT_EQ(shaped::examine(predicate, given.get()).failure, shaped::Failure::kNaN);
+}
+
 }  // namespace
