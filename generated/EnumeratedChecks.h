@@ -9,7 +9,7 @@
 
 namespace graphics::datatype::checks {
 
-/// A row with all its columns. The label is empty in a table without a type.
+/// A row with all its columns.
 struct CheckedRow {
   std::string_view owner;
   std::string_view label;
@@ -64,7 +64,7 @@ constexpr bool canBeEntered(std::string_view name) {
     static constexpr std::string_view kEnd = #Type; \
   };
 #define VGDT_ENUM_TABLE(Style) VGDT_ENUM_TYPE(Style, Style, )
-#define VGDT_TABLE_NAME(Style, Name, Value) VGDT_ENUM_NAME(Style, , Name, Value)
+#define VGDT_TABLE_NAME(Style, Label, Name, Value) VGDT_ENUM_NAME(Style, Label, Name, Value)
 #define VGDT_TABLE_END(Style) VGDT_ENUM_END(Style)
 #include <graphics/datatype/enumerated_types.def>
 
@@ -75,18 +75,18 @@ constexpr bool canBeEntered(std::string_view name) {
   VGDT_CHECK(isUnique(RowsOf<Type>::kRows, &CheckedRow::name),                                \
              "two rows of " #Type " have the same name; rename one")                          \
   VGDT_CHECK(isUnique(RowsOf<Type>::kRows, &CheckedRow::value),                               \
-             "two rows of " #Type " have the same value; change one")
+             "two rows of " #Type " have the same value; change one")                         \
+  VGDT_CHECK(isUnique(RowsOf<Type>::kRows, &CheckedRow::label),                               \
+             "two rows of " #Type " have the same label; change one")
 #define VGDT_ENUM_TYPE(Type, Style, Default)                          \
   VGDT_CHECK_ROWS(Type)                                               \
-  VGDT_CHECK(isUnique(RowsOf<Type>::kRows, &CheckedRow::label),       \
-             "two rows of " #Type " have the same label; change one") \
   VGDT_CHECK(hasLabel(#Default, RowsOf<Type>::kRows),                 \
              "the default of " #Type " is not the label of one of its names: " #Default)
 #define VGDT_ENUM_NAME(Type, Label, Name, Value)                       \
   VGDT_CHECK(canBeEntered(Name), "write the name '" Name "' of " #Type \
              " in lower case, in ASCII and without blanks around it")
 #define VGDT_ENUM_TABLE(Style) VGDT_CHECK_ROWS(Style)
-#define VGDT_TABLE_NAME(Style, Name, Value) VGDT_ENUM_NAME(Style, , Name, Value)
+#define VGDT_TABLE_NAME(Style, Label, Name, Value) VGDT_ENUM_NAME(Style, Label, Name, Value)
 #include <graphics/datatype/enumerated_types.def>
 
 #define VGDT_ENUM_TYPE(Type, Style, Default) + 1

@@ -23,7 +23,7 @@ struct NamesOf;
     };                      \
   };
 #define VGDT_ENUM_TABLE(Style) VGDT_ENUM_TYPE(Style, Style, )
-#define VGDT_TABLE_NAME(Style, Name, Value) VGDT_ENUM_NAME(Style, , Name, Value)
+#define VGDT_TABLE_NAME(Style, Label, Name, Value) VGDT_ENUM_NAME(Style, Label, Name, Value)
 #define VGDT_TABLE_END(Style) VGDT_ENUM_END(Style)
 #include <graphics/datatype/enumerated_types.def>
 

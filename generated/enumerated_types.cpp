@@ -46,8 +46,8 @@ vcos::COSValue newValue(int enumerator) {
 
 #define VGDT_ENUM_TYPE(Type, Style, Default)                                                     \
   Type::~Type() = default;                                                                       \
-  template vcos::COSDataType* PropertyDataType<Type##DataType, Type>::getType();                 \
-  template const char* PropertyDataType<Type##DataType, Type>::getDataTypeName();                \
+  template vcos::COSDataType* NamedDataType<Type##DataType>::getType();                          \
+  template const char* NamedDataType<Type##DataType>::getDataTypeName();                         \
   Type##DataType::Type##DataType() = default;                                                    \
   Type##DataType::~Type##DataType() = default;                                                   \
   bool Type##DataType::isPossibleValuesFinite() const { return true; }                           \

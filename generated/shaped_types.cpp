@@ -62,8 +62,8 @@ Value* newDefault(const shaped::ShapedType& type) {
 #include <graphics/datatype/shaped_types.def>
 
 #define VGDT_SHAPED_TYPE(Type, Empty, Default, Storage, Stored)                                \
-  template vcos::COSDataType* PropertyDataType<Type##DataType, Type>::getType();               \
-  template const char* PropertyDataType<Type##DataType, Type>::getDataTypeName();              \
+  template vcos::COSDataType* NamedDataType<Type##DataType>::getType();                        \
+  template const char* NamedDataType<Type##DataType>::getDataTypeName();                       \
   Type##DataType::~Type##DataType() = default;                                                 \
   bool Type##DataType::areNonStringValuesAllowed() const { return true; }                      \
   Type##SC::~Type##SC() = default;                                                             \

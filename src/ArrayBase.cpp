@@ -1,10 +1,10 @@
+#include "HostText.h"
+
 #include <graphics/datatype/ArrayBase.h>
 #include <graphics/datatype/exceptions.h>
 #include <messages/BaseMsgID.h>
-#include <ut/memory.h>
 #include <vcos/COSNameID.h>
 #include <vcos/COSTypeRepository.h>
-#include <vcos/exceptions.h>
 #include <vg/ArrayDispatcher.h>
 #include <vx/scopes.h>
 #include <boost/shared_ptr.hpp>
@@ -165,9 +165,7 @@ char* ArrayBase::convert_to_string() const {
   } catch (...) {
     // Most arrays are no text: they are described.
   }
-  char* const text = utStrdup(describe(data_).c_str());
-  if (!text) throw vcos::COSOutOfMemoryException();
-  return text;
+  return copyText(describe(data_).c_str());
 }
 
 }  // namespace graphics::datatype

@@ -1,8 +1,8 @@
 #pragma once
 
-/// The bodies of PropertyDataType, for the unit that defines a type. That says which size the type
-/// reports and how its default is made, before it makes the template's members for it. A size that
-/// is not that of the value class has the word "kept" beside it:
+/// The bodies of NamedDataType and PropertyDataType, for the unit that defines a type. That says
+/// which size the type reports and how its default is made, before it makes the templates' members
+/// for it. A size that is not that of the value class has the word "kept" beside it:
 ///
 ///     template <>
 ///     struct PropertyTypeTraits<Rectangle2DataType> {
@@ -10,7 +10,10 @@
 ///       static_assert(sizeof(gui_objects::Rectangle2d) == kBytes);
 ///       static gui_objects::Rectangle2d* createDefault() { return new gui_objects::Rectangle2d; }
 ///     };
+///     template class NamedDataType<Rectangle2DataType>;
 ///     template class PropertyDataType<Rectangle2DataType, gui_objects::Rectangle2d>;
+///
+/// A type that derives from NamedDataType alone says only the size, and makes only its members.
 
 #include <graphics/datatype/PropertyDataType.h>
 
@@ -37,43 +40,48 @@ const Value* valueIn(vcos::COSValue word) {
 
 }  // namespace detail
 
-template <class Type, class Value>
-vcos::COSDataType* PropertyDataType<Type, Value>::getType() {
+template <class Type>
+vcos::COSDataType* NamedDataType<Type>::getType() {
   static constinit Type* type = nullptr;
   if (!type) type = new Type;
   return type;
 }
 
-template <class Type, class Value>
-const char* PropertyDataType<Type, Value>::getDataTypeName() {
+template <class Type>
+const char* NamedDataType<Type>::getDataTypeName() {
   static_assert(std::string_view(Type::kDottedName).starts_with(detail::kTypePrefix));
   return Type::kDottedName;
 }
 
-template <class Type, class Value>
-const char* PropertyDataType<Type, Value>::getDeclarationName() const {
+template <class Type>
+const char* NamedDataType<Type>::getDeclarationName() const {
   return detail::lastPart(Type::kDottedName);
 }
-template <class Type, class Value>
-const char* PropertyDataType<Type, Value>::getName() const {
+template <class Type>
+const char* NamedDataType<Type>::getName() const {
   return detail::lastPart(Type::kDottedName);
 }
-template <class Type, class Value>
-const char* PropertyDataType<Type, Value>::getCategoryName() const {
+template <class Type>
+const char* NamedDataType<Type>::getCategoryName() const {
   return "Fundamental";
 }
-template <class Type, class Value>
-int PropertyDataType<Type, Value>::getStorageType() const {
+template <class Type>
+int NamedDataType<Type>::getStorageType() const {
   return 7;
 }
 
-template <class Type, class Value>
-std::size_t PropertyDataType<Type, Value>::getSizeInBits() const {
+template <class Type>
+std::size_t NamedDataType<Type>::getSizeInBits() const {
   return 8 * PropertyTypeTraits<Type>::kBytes;
 }
-template <class Type, class Value>
-std::size_t PropertyDataType<Type, Value>::getValueSizeInBytes(vcos::COSValue) const {
+template <class Type>
+std::size_t NamedDataType<Type>::getValueSizeInBytes(vcos::COSValue) const {
   return PropertyTypeTraits<Type>::kBytes;
+}
+
+template <class Type>
+int NamedDataType<Type>::compare(vcos::COSValue a, vcos::COSValue b) const {
+  return isEqual(a, b) ? 0 : 2;
 }
 
 template <class Type, class Value>
@@ -88,11 +96,6 @@ template <class Type, class Value>
 bool PropertyDataType<Type, Value>::isEqual(vcos::COSValue a, vcos::COSValue b) const {
   if (a.isNull() || b.isNull()) return a == b;
   return *detail::valueIn<Value>(a) == *detail::valueIn<Value>(b);
-}
-
-template <class Type, class Value>
-int PropertyDataType<Type, Value>::compare(vcos::COSValue a, vcos::COSValue b) const {
-  return isEqual(a, b) ? 0 : 2;
 }
 
 template <class Type, class Value>

@@ -1,11 +1,10 @@
+#include "HostText.h"
 #include "TypeRegistration.h"
 
 #include <graphics/datatype/StringConversion.h>
 #include <gui_objects/convert_from_string_utils.h>
-#include <ut/memory.h>
 #include <vcos/COSNameID.h>
 #include <vcos/COSTypeRepository.h>
-#include <vcos/exceptions.h>
 
 #include <algorithm>
 #include <array>
@@ -107,9 +106,7 @@ template <class T>
 COSValue StringConversion<T>::to(COSValue value) const {
   Text text;
   if (!print(valueOf<T>(value), text)) throw ParseException();
-  char* result = utStrdup(text.data());
-  if (!result) throw vcos::COSOutOfMemoryException();
-  return COSValue::fromPointer(result);
+  return COSValue::fromPointer(copyText(text.data()));
 }
 
 template <class T>

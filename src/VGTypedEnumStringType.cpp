@@ -1,3 +1,4 @@
+#include "CaseFolding.h"
 #include "PackageTexts.h"
 
 #include <graphics/datatype/VGTypedEnumStringType.h>
@@ -8,7 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <locale>
 #include <memory>
 #include <new>
@@ -40,14 +40,7 @@ const CharacterClasses& characterClasses(const std::locale& locale) {
   return locale == classic.locale ? classic.classes : std::use_facet<CharacterClasses>(locale);
 }
 
-/// As tolower(), which is called only for a byte that may be a capital letter in some locale.
-char lowerCased(char c) {
-  const auto byte = static_cast<unsigned char>(c);
-  const bool mayBeCapital = (byte >= 'A' && byte <= 'Z') || byte >= 0x80;
-  return mayBeCapital ? static_cast<char>(std::tolower(byte)) : c;
-}
-
-std::string lowerCased(std::string_view text) {
+std::string inLowerCase(std::string_view text) {
   std::string lowered(text);
   for (char& c : lowered)
     c = lowerCased(c);
@@ -65,7 +58,7 @@ std::string normalized(std::string_view text) {
     text.remove_suffix(1);
   while (!text.empty() && isSpace(text.front()))
     text.remove_prefix(1);
-  return lowerCased(text);
+  return inLowerCase(text);
 }
 
 /// Byte by byte, which for texts this short is over before memcmp has begun.
@@ -165,7 +158,7 @@ VGTypedEnumStringType::Names& VGTypedEnumStringType::makeNames() const try {
 }
 
 void VGTypedEnumStringType::addElement(COSValue value, const char* name) {
-  std::string lowered = lowerCased(name);
+  std::string lowered = inLowerCase(name);
   if (!hostEnumType_ || hostEnumType_->isValidEnumName(lowered.c_str())) return;
   Names& own = names();
   own.add(std::move(lowered));
@@ -194,7 +187,7 @@ bool VGTypedEnumStringType::isValidEnumName(const char* name) const {
 }
 
 bool VGTypedEnumStringType::isEnumNameAmbiguous(const char* name) const {
-  return name && hostEnumType_ && hostEnumType_->isEnumNameAmbiguous(lowerCased(name).c_str());
+  return name && hostEnumType_ && hostEnumType_->isEnumNameAmbiguous(inLowerCase(name).c_str());
 }
 
 bool VGTypedEnumStringType::getEnumVisibility(const char* name) const {

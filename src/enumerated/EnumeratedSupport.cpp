@@ -1,9 +1,9 @@
 #include "enumerated/EnumeratedSupport.h"
 
+#include "HostText.h"
+
 #include <graphics/datatype/EnumBase.h>
 #include <messages/catalog.h>
-#include <ut/memory.h>
-#include <vcos/exceptions.h>
 #include <vx/array.h>
 #include <vx/errors.h>
 #include <vx/scopes.h>
@@ -52,10 +52,7 @@ vcos::Enumeration<COSValue> listValues(WordEnumeration* list, NameRows rows,
 COSValue copyName(const EnumStringType& table, COSValue value) {
   if (value.isNull()) return value;
   const int enumerator = value.asPointer<const EnumBase>()->getIntValue();
-  const char* name = table.getEnumString(COSValue::fromInteger(enumerator));
-  const char* copy = utStrdup(name);
-  if (name && !copy) throw vcos::COSOutOfMemoryException();
-  return COSValue::fromPointer(copy);
+  return COSValue::fromPointer(copyText(table.getEnumString(COSValue::fromInteger(enumerator))));
 }
 
 COSValue valueFromText(const EnumStringType& table, const char* typeName, MakeEnumerated makeValue,

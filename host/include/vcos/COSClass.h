@@ -16,11 +16,11 @@ class VGHOST_API COSPropInfo {
   virtual ~COSPropInfo();
   virtual const char* getName() const = 0;
   virtual COSDataTypePtr getDataType() const = 0;
-  /// The word as it is held: it stays the object's. A COSException if the
-  /// object is destroyed or has no such property.
+  /// The word as it is held: it stays the object's, and is null if the type's values have 0 bytes.
+  /// A COSException if the object is destroyed or has no such property.
   virtual COSValue getValue(const COSInterface* object) const = 0;
-  /// Copies the word in and destroys the old one. A failing copy leaves the old value in place. A
-  /// COSException if the object is destroyed or has no such property.
+  /// Copies the word in, by copyValue(), and then destroys the old one. A failing copy leaves the
+  /// old value in place. A COSException if the object is destroyed or has no such property.
   virtual void setValue(COSInterface* object, COSValue value) = 0;
 };
 

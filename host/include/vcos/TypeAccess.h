@@ -13,11 +13,17 @@ namespace vcos {
 
 using ArrayOwner = gui_objects::AutoPtr<vxArray, gui_objects::VxArrayDtor>;
 
-/// Owner of a value word: destroys it with its data type's destroy().
+/// A copy of a word as the class system makes it: by the data type's copy(). A type whose values
+/// have 0 bytes has nothing to hold: its words are never copied or destroyed, and the copy is null.
+VGHOST_API COSValue copyValue(const COSDataType& type, COSValue value);
+/// Ends a word as the class system does: by destroy(), or not at all if its type has 0 bytes.
+VGHOST_API void destroyValue(const COSDataType& type, COSValue value);
+
+/// Owner of a value word, which it ends with destroyValue().
 class VGHOST_API OwnedValue {
  public:
   OwnedValue(const COSDataType& type, COSValue value) noexcept : type_(&type), value_(value) {}
-  ~OwnedValue() { type_->destroy(value_); }
+  ~OwnedValue() { destroyValue(*type_, value_); }
   OwnedValue(const OwnedValue&) = delete;
   OwnedValue& operator=(const OwnedValue&) = delete;
 

@@ -143,6 +143,7 @@ VGHOST_API const vxArray* vxGetCell(const vxArray* array, std::size_t index);
 /// element is destroyed.
 VGHOST_API void vxSetCell(vxArray* array, std::size_t index, vxArray* element);
 
+/// 0 for an array that is no struct.
 VGHOST_API int vxGetNumberOfFields(const vxArray* array);
 VGHOST_API const char* vxGetFieldNameByNumber(const vxArray* array, int field);
 VGHOST_API const vxArray* vxGetFieldByNumber(const vxArray* array, std::size_t index, int field);

@@ -14,8 +14,8 @@
 /// By a literal identifier and a printf format.
 [[noreturn, gnu::format(printf, 2, 3)]] VGHOST_API void vxErrMsgIdAndTxt(const char* identifier,
                                                                          const char* format, ...);
-/// By a number of the host: 17 is "VORTIL:host:NumberToText", any other number
-/// "VORTIL:host:UnknownMessage".
+/// By a number of the host: 17 is "VORTIL:host:NumberToText", 18 "VORTIL:host:TooManyFields", any
+/// other number "VORTIL:host:UnknownMessage".
 [[noreturn]] VGHOST_API void vxErrMsg(int number);
 
 /// A warning goes to the innermost vghost::WarningCapture, or to the console as one line.

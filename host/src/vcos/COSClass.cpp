@@ -2,9 +2,11 @@
 
 #include <ut/faults.h>
 #include <vcos/COSClass.h>
+#include <vcos/TypeAccess.h>
 #include <vcos/exceptions.h>
 
 #include <memory>
+#include <utility>
 
 namespace vcos {
 
@@ -54,10 +56,9 @@ class Property final : public CountedObject, public COSPropInfo {
 
   void setValue(COSInterface* object, COSValue value) override {
     vghost::faults::countHostCall("setValue");
-    COSValue& old = held(object);
-    const COSValue copy = type().copy(value);
-    type().destroy(old);
-    old = copy;
+    COSValue& word = held(object);
+    const COSValue old = std::exchange(word, copyValue(type(), value));
+    destroyValue(type(), old);
   }
 
  private:
@@ -82,13 +83,13 @@ void Object::initialize() {
   values_.reserve(class_.properties().size());
   for (const COSInterfacePtr& property : class_.properties()) {
     const COSDataType& type = propertyOf(property).type();
-    values_.push_back(type.copy(type.getDefaultValue()));
+    values_.push_back(copyValue(type, type.getDefaultValue()));
   }
 }
 
 void Object::destroyValues() noexcept {
   for (std::size_t i = 0; i < values_.size(); ++i)
-    propertyOf(class_.properties()[i]).type().destroy(values_[i]);
+    destroyValue(propertyOf(class_.properties()[i]).type(), values_[i]);
   values_.clear();
   destroyed_ = true;
 }

@@ -22,7 +22,19 @@ struct FreeText {
   }
 };
 
+bool holdsNothing(const COSDataType& type, COSValue value) {
+  return type.getValueSizeInBytes(value) == 0;
+}
+
 }  // namespace
+
+COSValue copyValue(const COSDataType& type, COSValue value) {
+  return holdsNothing(type, value) ? COSValue() : type.copy(value);
+}
+
+void destroyValue(const COSDataType& type, COSValue value) {
+  if (!holdsNothing(type, value)) type.destroy(value);
+}
 
 TypeAccess::TypeAccess(COSNameID name, COSDataType& dataType)
     : name_(name),

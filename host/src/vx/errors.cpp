@@ -53,6 +53,7 @@ Lindgrove::System::utErrorException_DEPRECATED recordedError() {
 }
 
 constexpr int kNumberToText = 17;
+constexpr int kTooManyFields = 18;
 
 constinit std::atomic<vxErrorMode> errorMode = vxERROR_MODE_RAISE;
 constinit thread_local vghost::WarningCapture* innermostCapture = nullptr;
@@ -75,6 +76,7 @@ void vxErrMsgIdAndTxt(const char* identifier, const char* format, ...) {
 
 void vxErrMsg(int number) {
   if (number == kNumberToText) vxErrMsgId(VORTIL::host::NumberToText());
+  if (number == kTooManyFields) vxErrMsgId(VORTIL::host::TooManyFields());
   vxErrMsgId(VORTIL::host::UnknownMessage(std::to_string(number)));
 }
 

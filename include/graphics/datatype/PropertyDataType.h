@@ -30,6 +30,38 @@ class VGDT_API InheritedOperations : public vcos::COSDataType {
   bool isVORTILArrayType() const override;
 };
 
+/// What all data types have in common whatever their words are: names, sizes, the one instance. A
+/// type whose words are no pointers to value objects derives from this class, and says itself what
+/// its default is and how its words are compared, copied and destroyed:
+///
+///     class VGDT_API SecretDataType final : public NamedDataType<SecretDataType> {
+///      public:
+///       static constexpr const char* kDottedName = "vortil.graphics.datatype.Secret";
+///       vcos::COSValue getDefaultValue() const override;
+///       bool isEqual(vcos::COSValue a, vcos::COSValue b) const override;
+///       vcos::COSValue copy(vcos::COSValue value) const override;
+///       void destroy(vcos::COSValue value) const override;
+///     };
+///
+/// The bodies are in src/PropertyDataType.ipp, for the one unit that defines the type.
+template <class Type>
+class VGDT_API NamedDataType : public InheritedOperations {
+ public:
+  /// The one instance, made at the first call and never destroyed.
+  static vcos::COSDataType* getType();
+  static const char* getDataTypeName();  ///< the dotted name
+
+  const char* getDeclarationName() const override;  ///< as getName()
+  const char* getName() const override;             ///< the last part of the dotted name
+  const char* getCategoryName() const override;     ///< "Fundamental"
+  int getStorageType() const override;              ///< 7
+  /// What the type reports of the size of its values; not always the size of a value object.
+  std::size_t getSizeInBits() const override;
+  std::size_t getValueSizeInBytes(vcos::COSValue value) const override;
+  /// 0 if isEqual(), otherwise 2: values have no order.
+  int compare(vcos::COSValue a, vcos::COSValue b) const override;
+};
+
 /// The common shape of a data type whose words are pointers to value objects, or null. `Type` is
 /// the data type's own class, which derives from this one and holds what departs from it:
 ///
@@ -46,27 +78,14 @@ class VGDT_API InheritedOperations : public vcos::COSDataType {
 ///
 /// The bodies are in src/PropertyDataType.ipp, for the one unit that defines the type.
 template <class Type, class Value>
-class VGDT_API PropertyDataType : public InheritedOperations {
+class VGDT_API PropertyDataType : public NamedDataType<Type> {
  public:
   using ValueClass = Value;
 
-  /// The one instance, made at the first call and never destroyed.
-  static vcos::COSDataType* getType();
-  static const char* getDataTypeName();  ///< the dotted name
-
-  const char* getDeclarationName() const override;  ///< as getName()
-  const char* getName() const override;             ///< the last part of the dotted name
-  const char* getCategoryName() const override;     ///< "Fundamental"
-  int getStorageType() const override;              ///< 7
-  /// What the type reports of the size of its values; not always the size of a value object.
-  std::size_t getSizeInBits() const override;
-  std::size_t getValueSizeInBytes(vcos::COSValue value) const override;
   /// Made at the first call; every later call returns the same word, which is nobody's to destroy.
   vcos::COSValue getDefaultValue() const override;
   /// Two nulls are equal, and a null equals no value.
   bool isEqual(vcos::COSValue a, vcos::COSValue b) const override;
-  /// 0 if equal, otherwise 2: values have no order.
-  int compare(vcos::COSValue a, vcos::COSValue b) const override;
   vcos::COSValue copy(vcos::COSValue value) const override;  ///< null for null
   void destroy(vcos::COSValue value) const override;         ///< nothing for null
 };

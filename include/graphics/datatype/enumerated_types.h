@@ -103,14 +103,38 @@ namespace graphics::datatype {
 /// The tables of names. getInstance() makes a table at its first call, returns the same one from then
 /// on, and is for the four tables without a type. The table of a type is its data type: a second
 /// table of the same name finds no names, and if it is made first, the data type finds none.
-#define VGDT_ENUM_TABLE(Style)                   \
+#define VGDT_TABLE_CLASS(Style)                  \
   class VGDT_API Style : public EnumStringType { \
    public:                                       \
     Style();                                     \
     ~Style() override;                           \
-    static Style* getInstance();                 \
+    static Style* getInstance();
+#define VGDT_ENUM_TYPE(Type, Style, Default) \
+  VGDT_TABLE_CLASS(Style)                    \
   };
-#define VGDT_ENUM_TYPE(Type, Style, Default) VGDT_ENUM_TABLE(Style)
+#define VGDT_ENUM_TABLE(Style) \
+  VGDT_TABLE_CLASS(Style)      \
+    enum value : int {
+#define VGDT_TABLE_NAME(Style, Label, Name, Value) \
+      k##Label = (Value),
+#define VGDT_TABLE_END(Style) \
+    };                        \
+  };
+#include "enumerated_types.def"
+#undef VGDT_TABLE_CLASS
+
+/// For a value class with getStyle(), whose style is one of the names of a table without a type: one
+/// test for each name.
+#define VGDT_ENUM_TABLE(Style) \
+  template <class Owner>       \
+  class Style##Tests {         \
+   public:
+#define VGDT_TABLE_NAME(Style, Label, Name, Value) \
+    bool is##Label() const noexcept { return owner().getStyle() == Style::k##Label; }
+#define VGDT_TABLE_END(Style)                                                            \
+   private:                                                                              \
+    const Owner& owner() const noexcept { return static_cast<const Owner&>(*this); }     \
+  };
 #include "enumerated_types.def"
 
 /// The data types, which are tables of names; their conversions; and the functions that register

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <graphics/datatype/ColorBase.h>
+#include <graphics/datatype/PropertyDataType.h>
+#include <graphics/datatype/enumerated_types.h>
+#include <vcos/COSTypeConversion.h>
+
+namespace graphics::datatype {
+
+/// A colour, or none.
+///
+///     RGBAColor color(1, 0, 0, 1);
+///     color.setStyle(ColorStyle::kNone);
+///     color.isVisible();  // false
+class RGBAColor final : public StyledColor<ColorStyle> {
+  using StyledColor::StyledColor;
+};
+
+/// The type "RGBAColor": black and opaque by default.
+class VGDT_API RGBAColorDataType final : public PropertyDataType<RGBAColorDataType, RGBAColor> {
+ public:
+  static constexpr const char* kDottedName = "vortil.graphics.datatype.RGBAColor";
+  /// "VORTIL:datatypes:RGBAColorDataType:isEqual" if an exception passes through the comparison.
+  bool isEqual(vcos::COSValue a, vcos::COSValue b) const override;
+};
+
+/// Between a C string and a word.
+class VGDT_API RGBAColorSC final : public vcos::COSTypeConversion {
+ public:
+  /// "[ 1 0.5 0 ]" or the word of the style, to be freed with utFree; null for null. Alpha does not
+  /// show.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Takes "none" and its beginnings, and what ColorBase::setColorFromString takes; the word
+  /// "color" is no colour. Errors: those of setColorFromString, which null raises too, and
+  /// "VORTIL:datatypes:RGBAColor:AmbiguousName" for a beginning of "none" that is also one of a
+  /// colour name.
+  vcos::COSValue from(vcos::COSValue text) const override;
+};
+
+/// Between a host array and a word.
+class VGDT_API RGBAColorVC final : public vcos::COSTypeConversion {
+ public:
+  /// 1-by-3 double, red, green and blue, or the word of the style as a char array; 0-by-0 double
+  /// for null. Alpha does not show.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Takes three or four elements of class double or logical, whatever the shape, and a char array
+  /// with a text; null gives null.
+  ///
+  /// Errors: those of the text conversion; "VORTIL:vg:ColorBase:BadColorValue" for a number that is
+  /// not from 0 to 1; "VORTIL:vg:dt_conv:ValueMustBe3ElementVector" for another number of elements;
+  /// "VORTIL:datatypes:RGBAColor:ParseError" for an empty char array,
+  /// "VORTIL:vg:datatypes:OutOfMemory" for one that gives no text;
+  /// "VORTIL:vg:dt_conv:ValueMustBe3Double" for another class.
+  vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Queues the registration of the type; runs at load.
+VGDT_API bool init_VortilGraphicsDatatype_RGBAColorDataType();
+/// Registers the type; does nothing if it is known.
+VGDT_API void init_VortilGraphicsDatatype_RGBAColorDataType_callback();
+
+}  // namespace graphics::datatype

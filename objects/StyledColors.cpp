@@ -1,0 +1,258 @@
+// RGBAColor, MarkerColor and MeshColor: a colour, or a word of a table of styles.
+
+#include "HostText.h"
+#include "PropertyDataType.ipp"
+#include "ShortNumber.h"
+#include "TypeRegistration.h"
+
+#include <graphics/datatype/ColorNameTable.h>
+#include <graphics/datatype/MarkerColorDataType.h>
+#include <graphics/datatype/MeshColorDataType.h>
+#include <graphics/datatype/RGBAColorDataType.h>
+#include <messages/catalog.h>
+#include <vg/ArrayDispatcher.h>
+#include <vx/errors.h>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <type_traits>
+
+namespace graphics::datatype {
+
+using gui_objects::Color3d;
+using gui_objects::Color4b;
+using gui_objects::Color4d;
+using vcos::COSValue;
+using vg::TL::detail::ArrayDispatcherBase;
+
+namespace {
+
+namespace real = VORTIL::vg::dt_conv::Matrix_to_Real;
+
+/// The messages of each type. Those of ColorBase::setColorFromString are RGBAColor's for all.
+template <class Color>
+struct MessagesOf;
+template <>
+struct MessagesOf<RGBAColor> {
+  using AmbiguousName = VORTIL::datatypes::RGBAColor::AmbiguousName;
+  using ParseError = VORTIL::datatypes::RGBAColor::ParseError;
+  using IsEqual = VORTIL::datatypes::RGBAColorDataType::isEqual;
+};
+template <>
+struct MessagesOf<MarkerColor> {
+  using AmbiguousName = VORTIL::datatypes::MarkerColor::AmbiguousName;
+  using ParseError = VORTIL::datatypes::MarkerColor::ParseError;
+  using WrongCount = VORTIL::datatypes::MarkerColor::ValueMustBe3ElementVector;
+  using IsEqual = VORTIL::datatypes::MarkerColorDataType::isEqual;
+};
+template <>
+struct MessagesOf<MeshColor> {
+  using AmbiguousName = VORTIL::datatypes::MeshColor::AmbiguousName;
+  using ParseError = VORTIL::datatypes::MeshColor::ParseError;
+  using WrongCount = VORTIL::datatypes::MeshColor::ValueMustBe3ElementVector;
+  using IsEqual = VORTIL::datatypes::MeshColorDataType::isEqual;
+};
+
+/// "[ 1 0.5 0 ]".
+COSValue newText(const ColorBase& color) {
+  std::array<char, 8 + 3 * kLongestShortNumber> text;
+  char* end = text.data();
+  *end++ = '[';
+  for (const double channel : {color.getRed(), color.getGreen(), color.getBlue()}) {
+    *end++ = ' ';
+    end = writeShortNumber(end, channel);
+  }
+  std::ranges::copy(" ]", end);  // with its NUL
+  return COSValue::fromPointer(copyText(text.data()));
+}
+
+COSValue newArray(const ColorBase& color) {
+  gui_objects::AutoPtr<vxArray, gui_objects::VxArrayDtor> array(vxCreateDoubleMatrix(1, 3, vxREAL));
+  auto* const channels = static_cast<double*>(vxGetWritableData(array.get()));
+  channels[0] = color.getRed();
+  channels[1] = color.getGreen();
+  channels[2] = color.getBlue();
+  return COSValue::fromPointer(array.release());
+}
+
+/// The word of the style that stands in the place of a colour.
+template <class Color>
+const char* wordOf(const Color& color) {
+  return Color::StyleTable::getInstance()->getEnumString(
+      COSValue::fromInteger(int{color.getStyle()}));
+}
+
+template <class Color>
+bool isColor(const Color& color) {
+  return color.getStyle() == Color::StyleTable::kColor;
+}
+
+template <class Color>
+COSValue textOf(COSValue value) {
+  if (value.isNull()) return value;
+  const auto& color = *value.asPointer<const Color>();
+  return isColor(color) ? newText(color) : COSValue::fromPointer(copyText(wordOf(color)));
+}
+
+template <class Color>
+COSValue arrayOf(COSValue value) {
+  if (value.isNull()) return COSValue::fromPointer(vxCreateDoubleMatrix(0, 0, vxREAL));
+  const auto& color = *value.asPointer<const Color>();
+  return isColor(color) ? newArray(color) : COSValue::fromPointer(vxCreateString(wordOf(color)));
+}
+
+template <class Color>
+Color colorFromText(const char* text) {
+  using Style = typename Color::StyleTable;
+  Color color;
+  const std::optional<COSValue> style = Style::getInstance()->findEnumValue(text);
+  if (!style || style->asInteger<int>() == Style::kColor) {
+    color.setColorFromString(text);
+  } else {
+    if (ColorNameTable::getInstance()->isNameInTable(text))
+      vxErrMsgId(typename MessagesOf<Color>::AmbiguousName());
+    color.setStyle(static_cast<typename Style::value>(style->asInteger<int>()));
+  }
+  return color;
+}
+
+template <class Color>
+COSValue valueFromText(const char* text) {
+  return COSValue::fromPointer(new Color(colorFromText<Color>(text)));
+}
+
+template <class Color>
+COSValue valueFromCharArray(const vxArray* array) {
+  if (vxIsEmpty(array)) vxErrMsgId(typename MessagesOf<Color>::ParseError());
+  const HostText text(vxArrayToString(array));
+  if (!text || *text == '\0')
+    vxErrMsgId(component_VORTIL::component_vg::catalog_datatypes::key_OutOfMemory());
+  return valueFromText<Color>(text.get());
+}
+
+/// Reads the first three elements of an array: fractions, or levels of which the low eight bits
+/// count.
+struct ChannelExecutor {
+  Color3d color{0, 0, 0};
+
+  template <class Traits>
+  void run(const vxArray* array) {
+    using Element = typename Traits::ElementType;
+    const auto* const elements = static_cast<const Element*>(vxGetData(array));
+    if constexpr (std::is_floating_point_v<Element>) {
+      const Color4d fractions(elements[0], elements[1], elements[2], 1);
+      validateRGBAColorRange(fractions.red(), fractions.green(), fractions.blue(),
+                             fractions.alpha());
+      keep(fractions);
+    } else {
+      const auto byte = [elements](int i) { return static_cast<std::uint8_t>(elements[i]); };
+      keep(Color4b(byte(0), byte(1), byte(2), 255).asColor4d());
+    }
+  }
+  [[noreturn]] void onError(vxClassID) { vxErrMsgId(real::ExpectedNumeric()); }
+
+ private:
+  void keep(const Color4d& found) { color = Color3d(found.red(), found.green(), found.blue()); }
+};
+
+/// What MarkerColor and MeshColor do alike, for an array that is not null.
+template <class Color>
+COSValue valueFromArray(const vxArray* array) {
+  if (vxGetClassID(array) == vxCHAR_CLASS) return valueFromCharArray<Color>(array);
+  if (vxGetNumberOfElements(array) != 3) vxErrMsgId(typename MessagesOf<Color>::WrongCount());
+  ChannelExecutor executor;
+  vg::TL::ArrayDispatcher<ChannelExecutor, vg::TL::Numeric>::dispatchHelper(
+      array, ArrayDispatcherBase::getClassID(array), executor);
+  const Color3d& color = executor.color;
+  return COSValue::fromPointer(new Color(color.red(), color.green(), color.blue(), 1));
+}
+
+/// An RGBAColor of three or four numbers; a logical is any byte to whoever writes one.
+template <class Element>
+COSValue valueFromFractions(const vxArray* array) {
+  const auto* const elements = static_cast<const Element*>(vxGetData(array));
+  const std::size_t count = vxGetNumberOfElements(array);
+  if (!elements || (count != 3 && count != 4))
+    vxErrMsgIdAndTxt("VORTIL:vg:dt_conv:ValueMustBe3ElementVector", "%s",
+                     "Color value must be a 3 element double vector");  // kept: four are accepted
+  const auto channel = [elements](std::size_t i) -> double {
+    if constexpr (std::is_floating_point_v<Element>)
+      return elements[i];
+    else
+      return elements[i] == 0 ? 0 : 1;
+  };
+  return COSValue::fromPointer(
+      new RGBAColor(channel(0), channel(1), channel(2), count == 4 ? channel(3) : 1));
+}
+
+/// Reports a comparison that throws.
+template <class Message, class Compare>
+bool guarded(Compare&& compare) {
+  try {
+    return compare();
+  } catch (...) {
+    vxErrMsgId(Message());
+  }
+}
+
+}  // namespace
+
+COSValue RGBAColorVC::from(COSValue array) const {
+  if (array.isNull()) return array;
+  const auto* const given = array.asPointer<const vxArray>();
+  switch (vxGetClassID(given)) {
+    case vxCHAR_CLASS:
+      return valueFromCharArray<RGBAColor>(given);
+    case vxDOUBLE_CLASS:
+      return valueFromFractions<double>(given);
+    case vxLOGICAL_CLASS:
+      return valueFromFractions<unsigned char>(given);
+    default:
+      vxErrMsgId(component_VORTIL::component_vg::catalog_dt_conv::key_ValueMustBe3Double());
+  }
+}
+
+COSValue MarkerColorVC::from(COSValue array) const {
+  if (array.isNull()) return array;
+  return valueFromArray<MarkerColor>(array.asPointer<const vxArray>());
+}
+
+/// Unlike MarkerColor, refuses null, and looks at the class before the number of elements.
+COSValue MeshColorVC::from(COSValue array) const {
+  const auto* const given = array.asPointer<const vxArray>();
+  if (!given || (vxGetClassID(given) != vxCHAR_CLASS && !vxIsNumeric(given)))
+    vxErrMsgId(real::ExpectedNumeric1());
+  return valueFromArray<MeshColor>(given);
+}
+
+// clang-format off
+
+/// What the three types do alike.
+#define VGDT_STYLED_COLOR(Type)                                                                 \
+  template <>                                                                                   \
+  struct PropertyTypeTraits<Type##DataType> {                                                   \
+    static constexpr std::size_t kBytes = 40;                                                   \
+    static_assert(sizeof(Type) == kBytes);                                                      \
+    static Type* createDefault() { return new Type; }                                           \
+  };                                                                                            \
+  template class NamedDataType<Type##DataType>;                                                 \
+  template class PropertyDataType<Type##DataType, Type>;                                        \
+  bool Type##DataType::isEqual(COSValue a, COSValue b) const {                                  \
+    return guarded<MessagesOf<Type>::IsEqual>([&] { return PropertyDataType::isEqual(a, b); }); \
+  }                                                                                             \
+  COSValue Type##SC::to(COSValue value) const { return textOf<Type>(value); }                   \
+  COSValue Type##SC::from(COSValue text) const {                                                \
+    return valueFromText<Type>(text.asPointer<const char>());                                   \
+  }                                                                                             \
+  COSValue Type##VC::to(COSValue value) const { return arrayOf<Type>(value); }                  \
+  VGDT_REGISTER_TYPE(Type, init_VortilGraphicsDatatype_##Type##DataType,                        \
+                     init_VortilGraphicsDatatype_##Type##DataType_callback)
+VGDT_STYLED_COLOR(RGBAColor)
+VGDT_STYLED_COLOR(MarkerColor)
+VGDT_STYLED_COLOR(MeshColor)
+#undef VGDT_STYLED_COLOR
+
+// clang-format on
+
+}  // namespace graphics::datatype
