@@ -4,6 +4,7 @@
 #include "registry/RegisteredTypes.h"
 #include "support/ChildProcess.h"
 
+#include <graphics/datatype/ColorNameTable.h>
 #include <graphics/datatype/EnumStringType.h>
 #include <graphics/datatype/vgdatatypes.h>
 #include <gtest/gtest.h>
@@ -19,13 +20,9 @@
 namespace {
 
 using namespace test;
+using vcos::copyValue;
 using vcos::COSValue;
 using vcos::OwnedValue;
-
-vcos::TypeAccess accessOf(const std::string& name) {
-  const std::string dottedName = "vortil.graphics.datatype." + name;
-  return vcos::TypeAccess::find(vcos::COSNameID(dottedName.c_str())).value();
-}
 
 /// A type with a value to work on.
 struct Subject {
@@ -80,7 +77,7 @@ constexpr Work kWorks[] = {
     {"possible values", &Obstacles::possibleValues,
      [](const Subject& s) { return Product{.list = s.type.getPossibleValues()}; }},
     {"copy", &Obstacles::copy,
-     [](const Subject& s) { return Product{.value = s.type.copy(s.value.get())}; }},
+     [](const Subject& s) { return Product{.value = copyValue(s.type, s.value.get())}; }},
 };
 
 /// Runs the work with its first, second, ... obstacle in its way, until it meets no more of them;
@@ -165,6 +162,8 @@ TEST(Sweep, WhatIsKeptFromItsFirstUseOnMayFailThereAndIsMadeAtTheNext) {
         const auto style = accessOf("LineStyle");
         expectAtTheNext("--,-,", [&] { return namesOf(style, "--", "-"); });
         expectAtTheNext("2", valuesInATable);
+        expectAtTheNext("none,none,", [] { return namesOf(accessOf("RGBAColor"), "none", "N"); });
+        expectAtTheNext("flat,flat,", [] { return namesOf(accessOf("MeshAlpha"), "flat", "F"); });
       });
     }
   }
@@ -244,6 +243,15 @@ TEST(AllocationCount, ConversionsAllocateNothingButTheirResultsWhateverTheirSize
       if (row.family == Family::kShaped)
         expectCosts(accessOf(row.name), given.get(), nullptr, kArray, kArray);
     }
+    const auto color = accessOf("RGBAColor");
+    const auto make = [&color](const char* text) {
+      color.dataType().destroy(color.textConversion()->from(COSValue::fromPointer(text)));
+    };
+    make("none");  // and the tables of names
+    for (const char* text : {"red", "r", "none", "[0.1 0.2 0.3]"})
+      EXPECT_EQ(costOf([&] { make(text); }), (Cost{0, 1, 0, 0})) << text;
+    const auto& names = *graphics::datatype::ColorNameTable::getInstance();
+    EXPECT_EQ(costOf([&] { names.getColorValue("DefaultAxesBoxColor"); }), Cost{});
     const char* large[][2] = {{"ColorMap", "400000x3 double"},
                               {"ColorMap", "400000x3 uint8"},
                               {"PatchFaces", "1000000x1 single"},

@@ -99,7 +99,9 @@ TEST(Errors, CarryTheirIdentifierAndTextToWhoeverCatchesThem) {
        "\u00FC%s{0}\U0001F600 has 3 %"},
       {"en", [] { vxErrMsg(17); }, "VORTIL:host:NumberToText",
        "A number could not be converted to text."},
-      {"en", [] { vxErrMsg(18); }, "VORTIL:host:UnknownMessage", "Error number 18."},
+      {"en", [] { vxErrMsg(18); }, "VORTIL:host:TooManyFields",
+       "A struct has at most 2147483647 fields."},
+      {"en", [] { vxErrMsg(19); }, "VORTIL:host:UnknownMessage", "Error number 19."},
   };
   for (const auto& [locale, raise, identifier, text] : rows) {
     messages::setLocale(locale);

@@ -75,11 +75,60 @@ RegisteredType registered(const ShapedType& type) {
           .family = Family::kShaped};
 }
 
+RegisteredType color(const char* name) {
+  return {.name = name,
+          .bytes = 40,
+          .text = "[0.25 0.5 1]",
+          .printed = "[ 0.25 0.5 1 ]",
+          .array =
+              [] {
+                return array("1x3 double", {1, 0.5, 0});
+              },
+          .defaultArray = [] { return array("1x3 double", {0}); },
+          .defaultPrinted = "[ 0 0 0 ]",
+          .nullArray = [] { return array("0x0 double"); },
+          .obstacles = {"a", "a", "a", "ac", "", "a"},
+          .nullTextRaises = "VORTIL:datatypes:RGBAColor:ParseError"};
+}
+
+RegisteredType meshColor() {
+  RegisteredType row = color("MeshColor");
+  row.nullArrayRaises = "VORTIL:vg:dt_conv:Matrix_to_Real:ExpectedNumeric1";
+  return row;
+}
+
+RegisteredType meshAlpha() {
+  return {.name = "MeshAlpha",
+          .bytes = 16,
+          .text = "0.25",
+          .printed = "0.25",
+          .array = [] { return array("1x1 double", {0.5}); },
+          .defaultArray = [] { return array("1x1 double", {1}); },
+          .defaultPrinted = "1",
+          .nullArray = [] { return array("0x0 double"); },
+          .obstacles = {"na", "ac", "a", "ac", "", "a"}};
+}
+
+/// A door to the colour names: whatever the word, its array is a struct of these.
+RegisteredType colorTable() {
+  const auto names = [] { return array("1x1 struct", {0}); };
+  return {.name = "ColorTable",
+          .bytes = 0,
+          .text = "red",
+          .printed = std::nullopt,
+          .array = names,
+          .defaultArray = names,
+          .defaultPrinted = std::nullopt,
+          .nullArray = names,
+          .obstacles = {"a", "", "", "nac", "", ""}};
+}
+
 }  // namespace
 
 const std::vector<RegisteredType>& registeredTypes() {
   static const std::vector<RegisteredType> types = [] {
-    std::vector<RegisteredType> all = {onOff()};
+    std::vector<RegisteredType> all = {onOff(),     color("RGBAColor"), color("MarkerColor"),
+                                       meshColor(), meshAlpha(),        colorTable()};
     for (const EnumeratedType& type : kEnumeratedTypes)
       all.push_back(registered(type));
     for (const ShapedType& type : kShapedTypes)

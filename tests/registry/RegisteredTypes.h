@@ -29,7 +29,7 @@ enum class Family { kOwn, kEnumerated, kShaped };
 /// A type as callers know it, written by hand: never made from what the library is made from.
 struct RegisteredType {
   std::string name;                    ///< the last part of the dotted name
-  std::size_t bytes;                   ///< that the type reports
+  std::size_t bytes;                   ///< that the type reports; 0 if its words are no values
   std::string text;                    ///< a value
   std::optional<std::string> printed;  ///< what it prints as; none if it has no text
   std::function<ArrayOwner()> array;   ///< another value

@@ -19,6 +19,7 @@ namespace {
 
 using test::RegisteredType;
 using vcos::ArrayOwner;
+using vcos::copyValue;
 using vcos::COSNameID;
 using vcos::COSTypeRepository;
 using vcos::COSValue;
@@ -121,7 +122,7 @@ void expectSame(const ArrayOwner& actual, const ArrayOwner& expected) {
 }
 
 TEST_F(Registry, HasTheTypesOfTheTableAndNoOther) {
-  EXPECT_EQ(test::registeredTypes().size(), 80U);
+  EXPECT_EQ(test::registeredTypes().size(), 85U);
   std::vector<std::string> expected;
   for (const RegisteredType& row : allTypes())
     expected.push_back(row.name);
@@ -151,7 +152,7 @@ TEST_F(Registry, DefaultsAreMadeOnceAndAreValues) {
     EXPECT_EQ(access.toText(value), row.defaultPrinted);
     const ArrayOwner array = access.toArray(value);
     expectSame(array, row.defaultArray());
-    if (vxIsEmpty(array.get())) return;
+    if (vxIsEmpty(array.get()) || row.bytes == 0) return;
     const OwnedValue again(type, access.fromArray(array.get()));
     EXPECT_EQ(type.compare(again.get(), value), 0);
   });
@@ -159,13 +160,13 @@ TEST_F(Registry, DefaultsAreMadeOnceAndAreValues) {
 
 TEST_F(Registry, CopiesAreEqualAndOutliveWhatTheyWereMadeFrom) {
   forEachType([](const RegisteredType& row, const TypeAccess& access, vcos::COSDataType& type) {
-    std::optional<ArrayOwner> array(row.array());
+    ArrayOwner array = row.array();
     std::optional<OwnedValue> value;
-    value.emplace(type, access.fromArray(array->get()));
+    value.emplace(type, access.fromArray(array.get()));
     array.reset();
-    const OwnedValue copy(type, type.copy(value->get()));
+    const OwnedValue copy(type, copyValue(type, value->get()));
     EXPECT_EQ(copy.get() != value->get(), row.storageType == 7);
-    EXPECT_EQ(type.compare(value->get(), copy.get()), 0);
+    EXPECT_EQ(type.compare(value->get(), copy.get()), row.bytes == 0 ? row.order : 0);
     value.reset();
     expectSame(access.toArray(copy.get()), row.array());
   });
@@ -189,6 +190,7 @@ TEST_F(Registry, NullIsNoValue) {
     type.destroy(null);
     EXPECT_EQ(type.compare(null, null), 0);
     expectSame(access.toArray(null), row.nullArray());
+    if (row.bytes == 0) return;
     const auto raisedBy = [&](const vcos::COSTypeConversion* conversion) {
       return test::identifierRaisedBy([&] { EXPECT_TRUE(conversion->from(null).isNull()); });
     };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/Arrays.h"
 #include "support/HostError.h"
 
 #include <graphics/datatype/ArrayBase.h>
@@ -32,11 +33,6 @@ Verdict verdictOf(IsValid&& isValid) {
   for (const std::string& argument : message->arguments())
     words += "(" + argument + ")";
   return {isTaken, words};
-}
-
-inline vcos::TypeAccess accessOf(const std::string& type) {
-  const vcos::COSNameID name(("vortil.graphics.datatype." + type).c_str());
-  return vcos::TypeAccess::find(name).value();
 }
 
 inline graphics::datatype::ArrayBase& valueIn(vcos::COSValue word) {

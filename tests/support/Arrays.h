@@ -38,6 +38,12 @@ constexpr Kind kStruct{"struct", vxSTRUCT_CLASS};
 constexpr Kind kObject{"object", vxOBJECT_CLASS};
 constexpr Kind kKinds[] = {kReal, kComplex, kChar, kCell, kStruct, kObject};
 
+/// A type of the library's, by the last part of its name.
+inline vcos::TypeAccess accessOf(const std::string& type) {
+  const vcos::COSNameID name(("vortil.graphics.datatype." + type).c_str());
+  return vcos::TypeAccess::find(name).value();
+}
+
 /// A class with one property, "Number".
 inline const vcos::COSClass& numberedClass() {
   static auto& numbered = *new vcos::COSClass("Numbered", nullptr);

@@ -1,0 +1,345 @@
+// What the colour types take, and what they make of it.
+
+#include "support/Arrays.h"
+#include "support/ChildProcess.h"
+#include "support/GlobalLocale.h"
+#include "support/HostError.h"
+
+#include <gmock/gmock.h>
+#include <graphics/datatype/ColorNameTable.h>
+#include <graphics/datatype/ColorTableDataType.h>
+#include <graphics/datatype/MarkerColorDataType.h>
+#include <graphics/datatype/MeshAlphaDataType.h>
+#include <graphics/datatype/MeshColorDataType.h>
+#include <graphics/datatype/RGBAColorDataType.h>
+#include <graphics/datatype/vgdatatypes.h>
+#include <vx/scopes.h>
+
+#include <cmath>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using namespace graphics::datatype;
+using test::accessOf;
+using test::ArrayOwner;
+using test::identifierRaisedBy;
+using vcos::COSValue;
+using vcos::OwnedValue;
+using vcos::TypeAccess;
+
+class Colours : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { VLInitialize_vgdatatypes(); }
+};
+
+/// The text of the value that `make` gives, or the last parts of the identifier that it raises.
+template <class Make>
+std::string outcomeOf(const TypeAccess& access, Make&& make) {
+  std::string text;
+  std::string raised = identifierRaisedBy([&] {
+    const OwnedValue value(access.dataType(), make(access));
+    text = access.toText(value.get()).value_or("no text");
+  });
+  for (const std::string_view prefix : {"VORTIL:datatypes:", "VORTIL:vg:dt_conv:", "VORTIL:vg:"})
+    if (raised.starts_with(prefix)) raised.erase(0, prefix.size());
+  return raised.empty() ? text : raised;
+}
+
+/// In the order RGBAColor, MarkerColor, MeshColor, MeshAlpha.
+constexpr const char* kTypes[] = {"RGBAColor", "MarkerColor", "MeshColor", "MeshAlpha"};
+using Outcomes = std::vector<std::string>;
+
+template <class Make>
+Outcomes outcomesOf(Make&& make) {
+  Outcomes outcomes;
+  for (const char* type : kTypes)
+    outcomes.push_back(outcomeOf(accessOf(type), make));
+  return outcomes;
+}
+
+const std::string kElements = "ValueMustBe3ElementVector";
+const std::string kMarkerElements = "MarkerColor:ValueMustBe3ElementVector";
+const std::string kMeshElements = "MeshColor:ValueMustBe3ElementVector";
+const std::string kDouble = "ValueMustBe3Double";
+const std::string kNumeric = "Matrix_to_Real:ExpectedNumeric";
+const std::string kNumeric1 = "Matrix_to_Real:ExpectedNumeric1";
+const std::string kOutside = "Matrix_to_Real:ValueOutsideRange";
+const std::string kBadColor = "ColorBase:BadColorValue";
+const std::string kParse = "RGBAColor:ParseError";
+const std::string kAmbiguous = "RGBAColor:AmbiguousName";
+
+TEST_F(Colours, FromArraysAreTakenOrRefusedInTheOrderOfTheTypesTests) {
+  const Outcomes threeElements = {"[ 1 0.5 0 ]", "[ 1 0.5 0 ]", "[ 1 0.5 0 ]", kNumeric};
+  const Outcomes bad = {kBadColor, kBadColor, kBadColor, kNumeric};
+  const Outcomes noCount = {kElements, kMarkerElements, kMeshElements, kNumeric};
+  const Outcomes noText = {"RGBAColor:ParseError", "MarkerColor:ParseError", "MeshColor:ParseError",
+                           kNumeric1};
+  const std::string memory = "datatypes:OutOfMemory";
+  const auto scalar = [](const char* first, const std::string& alpha) {
+    return Outcomes{first, kMarkerElements, kMeshElements, alpha};
+  };
+  const std::tuple<const char*, test::Numbers, Outcomes> rows[] = {
+      {"1x3 double", {1, 0.5, 0}, threeElements},
+      {"3x1 double", {1, 0.5, 0}, threeElements},
+      {"1x1x3 double", {1, 0.5, 0}, threeElements},
+      {"sparse 1x3 double", {1, 0.5, 0}, threeElements},
+      {"complex 1x3 double", {1, 0.5, 0}, threeElements},
+      {"1x3 double", {-0.0, 1, 1}, {"[ -0 1 1 ]", "[ -0 1 1 ]", "[ -0 1 1 ]", kNumeric}},
+      {"1x3 double", {1, 0, std::nextafter(1, 2)}, bad},
+      {"1x3 double", {1, -1e-300, 0}, bad},
+      {"1x3 double", {NAN, 0, 0}, bad},
+      {"1x3 double", {0, 0, INFINITY}, bad},
+      {"2x2 double", {1, 0, 0, 0.5}, {"[ 1 0 0 ]", kMarkerElements, kMeshElements, kNumeric}},
+      {"1x4 double", {1, 0, 0, 2}, {kBadColor, kMarkerElements, kMeshElements, kNumeric}},
+      {"1x2 double", {1}, noCount},
+      {"1x5 double", {1}, noCount},
+      {"0x3 double", {}, noCount},
+      {"1x3 single", {1, 0.5, 0}, {kDouble, "[ 1 0.5 0 ]", "[ 1 0.5 0 ]", kNumeric}},
+      {"1x3 single", {2}, {kDouble, kBadColor, kBadColor, kNumeric}},
+      {"1x3 uint8", {255, 0, 51}, {kDouble, "[ 1 0 0.2 ]", "[ 1 0 0.2 ]", kNumeric}},
+      {"1x3 int32", {256, -1, 511}, {kDouble, "[ 0 1 1 ]", "[ 0 1 1 ]", kNumeric}},
+      {"1x3 int8", {-1, 0, 0}, {kDouble, "[ 1 0 0 ]", "[ 1 0 0 ]", kNumeric}},
+      {"1x3 uint64", {1e18, 0, 0}, {kDouble, "[ 0 0 0 ]", "[ 0 0 0 ]", kNumeric}},
+      {"1x2 uint16", {1}, {kDouble, kMarkerElements, kMeshElements, kNumeric}},
+      {"1x3 logical", {1, 0, 1}, {"[ 1 0 1 ]", kNumeric, kNumeric1, kNumeric}},
+      {"1x2 logical", {1}, {kElements, kMarkerElements, kNumeric1, kNumeric}},
+      {"1x3 cell", {1}, {kDouble, kNumeric, kNumeric1, kNumeric}},
+      {"1x1 struct", {1}, {kDouble, kMarkerElements, kNumeric1, kNumeric}},
+      {"0x0 char", {}, noText},
+      {"1x2 char", {0, 'r'}, {memory, memory, memory, kNumeric1}},
+      {"1x1 char", {'r'}, {"[ 1 0 0 ]", "[ 1 0 0 ]", "[ 1 0 0 ]", kNumeric1}},
+      {"1x1 double", {0.25}, scalar(kElements.c_str(), "0.25")},
+      {"1x1 double", {1}, scalar(kElements.c_str(), "1")},
+      {"1x1 double", {-0.5}, scalar(kElements.c_str(), kOutside)},
+      {"1x1 double", {NAN}, scalar(kElements.c_str(), kOutside)},
+      {"1x1 single", {INFINITY}, scalar(kDouble.c_str(), kOutside)},
+      {"1x1 uint8", {1}, scalar(kDouble.c_str(), "1")},
+      {"1x1 int16", {2}, scalar(kDouble.c_str(), kOutside)},
+      {"1x1 logical", {1}, {kElements, kMarkerElements, kNumeric1, kNumeric}},
+  };
+  for (const auto& [words, numbers, expected] : rows) {
+    const ArrayOwner array = test::array(words, numbers);
+    EXPECT_EQ(outcomesOf([&](const TypeAccess& access) { return access.fromArray(array.get()); }),
+              expected)
+        << words << testing::PrintToString(numbers);
+  }
+}
+
+TEST_F(Colours, FromTextsAreWordsNamesOrNumbers) {
+  const Outcomes noColor = {kParse, kParse, kParse, kNumeric1};
+  const Outcomes red = {"[ 1 0 0 ]", "[ 1 0 0 ]", "[ 1 0 0 ]", kNumeric1};
+  const Outcomes outside = {kBadColor, kBadColor, kBadColor, kNumeric1};
+  const std::pair<const char*, Outcomes> rows[] = {
+      {"red", red},
+      {"R", red},
+      {" red", noColor},
+      {"none", {"none", "none", "none", kNumeric1}},
+      {" N ", {"none", "none", "none", kNumeric1}},
+      {"color", noColor},
+      {"c", {"[ 0 1 1 ]", "[ 0 1 1 ]", "[ 0 1 1 ]", kNumeric1}},
+      {"a", {kParse, "auto", kParse, kNumeric1}},
+      {"alpha", noColor},
+      {"F", {kParse, "flat", "flat", "flat"}},
+      {"i", {kParse, kParse, "interp", "interp"}},
+      {"t", {kParse, kParse, "texturemap", "texturemap"}},
+      {"bl", {kAmbiguous, kAmbiguous, kAmbiguous, kNumeric1}},
+      {"[1, 0 0]", red},
+      {" [1 0 0 0.5]", red},
+      {"[0.1234567 1e-7 0]",
+       {"[ 0.123457 1e-07 0 ]", "[ 0.123457 1e-07 0 ]", "[ 0.123457 1e-07 0 ]", kNumeric1}},
+      {"[1 0]", noColor},
+      {"[1;0;0]", noColor},
+      {"[1 0 0 0 0]", noColor},
+      {"[1 0 2]", outside},
+      {"[NaN 0 0]", outside},
+      {"[0 0 0 -1]", outside},
+      {"0.5", {kParse, kParse, kParse, "0.5"}},
+      {" 0.5 and more", {kParse, kParse, kParse, "0.5"}},
+      {"0,5", {kParse, kParse, kParse, "0"}},
+      {"1.5", {kParse, kParse, kParse, kOutside}},
+      {"-1e-9", {kParse, kParse, kParse, kOutside}},
+      {"1e400", noColor},
+      {"nan", noColor},
+      {"hello", noColor},
+  };
+  struct DecimalComma : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+  };
+  const test::GlobalLocale locale(new DecimalComma);
+  for (const auto& [text, expected] : rows) {
+    EXPECT_EQ(outcomesOf([&](const TypeAccess& access) { return access.fromText(text); }), expected)
+        << text;
+    const ArrayOwner array(vxCreateString(text));
+    EXPECT_EQ(outcomesOf([&](const TypeAccess& access) { return access.fromArray(array.get()); }),
+              expected)
+        << text;
+  }
+  EXPECT_EQ(outcomesOf([](const TypeAccess& access) { return access.fromText(""); }),
+            (Outcomes{kAmbiguous, kAmbiguous, kAmbiguous, kNumeric1}));
+}
+
+TEST_F(Colours, WordsThatAreAlsoNamesAreAmbiguous) {
+  test::inChildProcess([] {
+    ColorNameTable::getInstance()->addNamedColor("nonesuch", 2, 0, 0, false);
+    for (const char* text : {"n", "none"})
+      EXPECT_EQ(outcomesOf([&](const TypeAccess& access) { return access.fromText(text); }),
+                (Outcomes{kAmbiguous, "MarkerColor:AmbiguousName", "MeshColor:AmbiguousName",
+                          kNumeric1}));
+    // The table takes any numbers, and a colour does not.
+    EXPECT_EQ(outcomeOf(accessOf("MeshColor"),
+                        [](const TypeAccess& access) { return access.fromText("nones"); }),
+              kBadColor);
+  });
+}
+
+TEST_F(Colours, NamesLeaveAlphaAloneAndNumbersSetIt) {
+  ColorBase color(0.1, 0.2, 0.3, 0.5);
+  color.setColorFromString("red");
+  EXPECT_EQ(color, ColorBase(1, 0, 0, 0.5));
+  color.setColorFromString("[0 1 0]");
+  EXPECT_EQ(color, ColorBase(0, 1, 0, 1));
+  color.setColorFromString("[0 0 1 0.25]");
+  EXPECT_EQ(color, ColorBase(0, 0, 1, 0.25));
+  // The channels are set one after the other, and none is taken back.
+  EXPECT_EQ(identifierRaisedBy([&] { color.setColorFromString("[0.5 2 0.5]"); }),
+            "VORTIL:vg:ColorBase:BadColorValue");
+  EXPECT_EQ(color, ColorBase(0.5, 0, 1, 0.25));
+  for (auto set :
+       {&ColorBase::setRed, &ColorBase::setGreen, &ColorBase::setBlue, &ColorBase::setAlpha}) {
+    (color.*set)(0.75);
+    for (const double channel : {-0.1, 1.1, double{NAN}})
+      EXPECT_EQ(identifierRaisedBy([&] { (color.*set)(channel); }),
+                "VORTIL:vg:ColorBase:BadColorValue");
+  }
+  EXPECT_EQ(color, ColorBase(0.75, 0.75, 0.75, 0.75));
+  for (const int bad : {0, 1, 2, 3}) {
+    const auto channel = [bad](int i) { return i == bad ? -1 : 1; };
+    EXPECT_EQ(
+        identifierRaisedBy([&] { ColorBase(channel(0), channel(1), channel(2), channel(3)); }),
+        "VORTIL:vg:ColorBase:BadColorValue");
+  }
+  // Alpha comes by four elements of an RGBAColor, and by no array of the other two.
+  const OwnedValue four(
+      *RGBAColorDataType::getType(),
+      RGBAColorVC().from(COSValue::fromPointer(test::array("1x4 double", {1, 0, 0, 0.5}).get())));
+  EXPECT_EQ(*four.get().asPointer<RGBAColor>(), RGBAColor(1, 0, 0, 0.5));
+  const test::Content bytes{{4, 1}, {255, 128, 0, 64}};
+  EXPECT_EQ(test::contentOf(ColorBase(1, 0.5, 0, 0.25).getColorAsArray()), bytes);
+  const gui_objects::Color4b clamped = gui_objects::Color4d(2, -1, NAN, 0.00196).asColor4b();
+  EXPECT_EQ(std::vector<int>(clamped.data(), clamped.data() + 4), (std::vector{255, 0, 0, 0}));
+}
+
+template <class Color, class Style = typename Color::StyleTable>
+void expectStyles() {
+  const Color color(1, 0, 0, 0.5);
+  const Color clear(1, 0, 0, 0);
+  EXPECT_TRUE(color.getStyle() == Style::kColor && color.isVisible() && !clear.isVisible());
+  EXPECT_FALSE(color == clear);
+  Color one = color;
+  Color other = clear;
+  for (int number = -1; number < 9; ++number) {
+    const auto style = static_cast<typename Style::value>(number);
+    one.setStyle(style);
+    other.setStyle(style);
+    EXPECT_EQ(one == other, style != Style::kColor) << number;
+    EXPECT_EQ(one == color, style == Style::kColor) << number;
+    EXPECT_EQ(one.isVisible(), style != Style::kNone) << number;
+    EXPECT_EQ(other.isVisible(), style != Style::kNone && style != Style::kColor) << number;
+  }
+}
+
+TEST_F(Colours, ChannelsCountOnlyInTheStyleThatStandsForThem) {
+  expectStyles<RGBAColor>();
+  expectStyles<MarkerColor>();
+  expectStyles<MeshColor>();
+  MarkerColor marker;
+  EXPECT_TRUE(marker.isColor());
+  marker.setStyle(MarkerColorStyle::kAuto);
+  EXPECT_TRUE(marker.isAuto() && !marker.isColor() && !marker.isNone() && !marker.isFlat());
+  MeshColor mesh;
+  mesh.setStyle(MeshColorStyle::kTexturemap);
+  EXPECT_TRUE(mesh.isTexturemap() && !mesh.isInterp());
+  MeshAlpha flat(MeshAlphaStyle::kFlat, 0.5);
+  EXPECT_TRUE(flat.isFlat() && !flat.isAlpha());
+  EXPECT_TRUE(flat == MeshAlpha(MeshAlphaStyle::kFlat, 1) && !(flat == MeshAlpha(0.5)));
+  EXPECT_FALSE(MeshAlpha(0.5) == MeshAlpha(0.25));
+  EXPECT_EQ(identifierRaisedBy([&] { flat.setAlpha(NAN); }),
+            "VORTIL:vg:dt_conv:Matrix_to_Real:ValueOutsideRange");
+  EXPECT_EQ(flat.getAlpha(), 0.5);
+  EXPECT_EQ(identifierRaisedBy([] { MeshAlpha(MeshAlphaStyle::kFlat, 2); }),
+            "VORTIL:vg:dt_conv:Matrix_to_Real:ValueOutsideRange");
+}
+
+/// A field for each pair.
+ArrayOwner structOf(std::vector<std::pair<const char*, ArrayOwner>> fields) {
+  std::vector<const char*> names;
+  for (const auto& [name, array] : fields)
+    names.push_back(name);
+  ArrayOwner result(vxCreateStructMatrix(1, 1, static_cast<int>(names.size()), names.data()));
+  for (std::size_t i = 0; i < fields.size(); ++i)
+    vxSetFieldByNumber(result.get(), 0, static_cast<int>(i), fields[i].second.release());
+  return result;
+}
+
+TEST_F(Colours, TheColorTableIsReadAndExtendedAsAStruct) {
+  test::inChildProcess([] {
+    ColorNameTable& names = *ColorNameTable::getInstance();
+    const auto write = [&names](const vxArray* array) {
+      EXPECT_EQ(ColorTableVC().from(COSValue::fromPointer(array)), COSValue::fromPointer(&names));
+    };
+    std::vector<std::pair<const char*, ArrayOwner>> fields;
+    fields.emplace_back("mauve", test::array("2x2 double", {0.5, 2, -1, 9}));
+    fields.emplace_back("Red", test::array("1x3 double"));
+    fields.emplace_back("red", test::array("3x1 double", {0.25}));
+    fields.emplace_back("few", test::array("1x2 double"));
+    fields.emplace_back("unreal", test::array("complex 1x3 double"));
+    fields.emplace_back("bytes", test::array("1x3 uint8"));
+    fields.emplace_back("nothing", nullptr);
+    write(structOf(std::move(fields)).get());
+    for (const char* words : {"1x3 double", "0x0 struct", "1x1 object", "1x1 cell"})
+      write(test::array(words).get());
+    write(nullptr);
+    EXPECT_EQ(names.getNames().size(), 16U);
+    EXPECT_EQ(names.getColorValue("r").green, 0.25);
+
+    vxArrayListContext* const context = vxEnterNewArrayListContext();
+    const ArrayOwner read(getColorTableAsArray());
+    const COSValue defaultWord = ColorTableDataType::getType()->getDefaultValue();
+    vxExitArrayListContext(context, nullptr, 0, true);
+    EXPECT_EQ(vxGetM(defaultWord.asPointer<vxArray>()), 0U);
+    ASSERT_EQ(vxGetNumberOfFields(read.get()), 16);
+    EXPECT_STREQ(vxGetFieldNameByNumber(read.get(), 0), "Red");
+    EXPECT_STREQ(vxGetFieldNameByNumber(read.get(), 11), "mauve");
+    const vxArray* const mauve = vxGetFieldByNumber(read.get(), 0, 11);
+    EXPECT_EQ(test::sizeOf(mauve), (test::Size{1, 3}));
+    EXPECT_EQ(test::numbersOf(mauve), (test::Numbers{0.5, 2, -1}));
+    write(read.get());
+    EXPECT_EQ(names.getNames().size(), 16U);
+  });
+}
+
+TEST_F(Colours, TheColorTableHasNoWordsToHold) {
+  const vcos::COSDataType& type = *ColorTableDataType::getType();
+  vcos::COSClass owner("Owner", nullptr);
+  owner.addProperty("Names", vcos::COSNameID("vortil.graphics.datatype.ColorTable"));
+  const vcos::COSInterfacePtr object = owner.createObject();
+  vcos::COSPropInfo& names = *vcos::COSPropInfoPtr(owner.properties()[0]).getObject();
+  const COSValue word = ColorTableVC().from({});  // no host array: a copy of it would crash
+  names.setValue(object.get(), word);
+  names.setValue(object.get(), word);
+  EXPECT_TRUE(names.getValue(object.get()).isNull());
+  // The type itself takes its words for arrays.
+  const ArrayOwner array = test::array("1x1 double");
+  const COSValue copy = type.copy(COSValue::fromPointer(array.get()));
+  EXPECT_EQ(type.compare(copy, COSValue::fromPointer(array.get())), 2);
+  EXPECT_EQ(vxGetScalar(copy.asPointer<vxArray>()), 1);
+  type.destroy(copy);
+  EXPECT_FALSE(accessOf("ColorTable").toText(word));
+  EXPECT_TRUE(accessOf("ColorTable").fromText("red").isNull());
+}
+
+}  // namespace
