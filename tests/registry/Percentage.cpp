@@ -52,6 +52,7 @@ struct PropertyTypeTraits<PercentageDataType> {
   static_assert(sizeof(Percentage) == kBytes);
   static Percentage* createDefault() { return new Percentage; }
 };
+template class NamedDataType<PercentageDataType>;
 template class PropertyDataType<PercentageDataType, Percentage>;
 
 namespace {
