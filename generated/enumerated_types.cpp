@@ -35,8 +35,7 @@ vcos::COSValue newValue(int enumerator) {
   Style::Style() : EnumStringType(#Style, NamesOf<TypeOrTable>::kRows) {} \
   Style::~Style() = default;                                              \
   Style* Style::getInstance() {                                           \
-    static constinit Style* instance = nullptr;                           \
-    if (!instance) instance = new Style;                                  \
+    static Style* const instance = new Style;                             \
     return instance;                                                      \
   }
 #define VGDT_ENUM_TYPE(Type, Style, Default) VGDT_DEFINE_TABLE(Style, Type)

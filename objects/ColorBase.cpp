@@ -91,7 +91,7 @@ void ColorBase::setColorFromString(const char* text) {
     setRed(red);
     setGreen(green);
     setBlue(blue);
-    setAlpha(1);  // unlike a name
+    setAlpha(1);  // a name leaves it alone
   } else if (const auto four = numbersIn<convert::parse_1x4_double>(text)) {
     const auto& [red, green, blue, alpha] = *four;
     setRed(red);

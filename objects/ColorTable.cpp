@@ -10,6 +10,7 @@
 #include <boost/numeric/conversion/cast.hpp>
 
 #include <exception>
+#include <utility>
 #include <vector>
 
 namespace graphics::datatype {
@@ -18,7 +19,7 @@ using vcos::COSValue;
 
 template <>
 struct PropertyTypeTraits<ColorTableDataType> {
-  static constexpr std::size_t kBytes = 0;
+  static constexpr std::size_t kBytes = 0;  // kept: a word is a pointer all the same
 };
 template class NamedDataType<ColorTableDataType>;
 
@@ -27,11 +28,10 @@ namespace {
 using ArrayOwner = gui_objects::AutoPtr<vxArray, gui_objects::VxArrayDtor>;
 
 int fieldCount(std::size_t names) {
-  constexpr int kTooManyFields = 18;
   try {
     return boost::numeric_cast<int>(names);
   } catch (const std::exception&) {
-    vxErrMsg(kTooManyFields);
+    vxErrMsg(vxMSG_TOO_MANY_FIELDS);
   }
 }
 
@@ -100,15 +100,17 @@ COSValue ColorTableVC::to(COSValue) const {
 
 COSValue ColorTableVC::from(COSValue array) const {
   ColorNameTable* const table = ColorNameTable::getInstance();
+  ColorNameTable changed = *table;
   const auto* const given = array.asPointer<const vxArray>();
   const int fields = mayHaveFields(given) ? vxGetNumberOfFields(given) : 0;
   for (int i = 0; i < fields; ++i) {
     const vxArray* const field = vxGetFieldByNumber(given, 0, i);
     if (!isColor(field)) continue;
     const auto* const numbers = static_cast<const double*>(vxGetData(field));
-    table->addNamedColor(vxGetFieldNameByNumber(given, i), numbers[0], numbers[1], numbers[2],
-                         true);
+    changed.addNamedColor(vxGetFieldNameByNumber(given, i), numbers[0], numbers[1], numbers[2],
+                          true);
   }
+  *table = std::move(changed);
   return COSValue::fromPointer(table);
 }
 

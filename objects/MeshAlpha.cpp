@@ -1,16 +1,15 @@
-#include "HostText.h"
 #include "PropertyDataType.ipp"
 #include "ShortNumber.h"
+#include "StyledValues.h"
 #include "TypeRegistration.h"
 
 #include <graphics/datatype/MeshAlphaDataType.h>
 #include <messages/catalog.h>
-#include <vx/array.h>
+#include <vg/MatrixTraits.h>
 #include <vx/errors.h>
 
 #include <array>
 #include <locale>
-#include <optional>
 #include <sstream>
 
 namespace graphics::datatype {
@@ -44,7 +43,7 @@ void MeshAlpha::checkAlpha(double alpha) {
 
 namespace {
 
-/// What a stream reads from the beginning of a text.
+/// The number that a stream reads from the beginning of a text; raises if it reads none.
 double leadingNumber(const char* text) {
   std::istringstream stream(text);
   stream.imbue(std::locale::classic());
@@ -55,31 +54,31 @@ double leadingNumber(const char* text) {
 }
 
 MeshAlpha alphaFromText(const char* text) {
-  const std::optional<COSValue> style = MeshAlphaStyle::getInstance()->findEnumValue(text);
+  const auto style = styleNamed<MeshAlpha>(text);
   if (!style) return MeshAlpha(leadingNumber(text));
-  const auto value = static_cast<MeshAlpha::value>(style->asInteger<int>());
-  // The word that stands for a number is none.
-  if (value == MeshAlphaStyle::kAlpha) vxErrMsgId(real::ExpectedNumeric1());
-  return {value, 1};
+  // "alpha" itself is no value.
+  if (style == MeshAlpha::kNumeric) vxErrMsgId(real::ExpectedNumeric1());
+  return {*style, 1};
 }
 
 COSValue valueFromText(const char* text) {
   return COSValue::fromPointer(new MeshAlpha(alphaFromText(text)));
 }
 
-const char* wordOf(const MeshAlpha& alpha) {
-  return MeshAlphaStyle::getInstance()->getEnumString(COSValue::fromInteger(int{alpha.getStyle()}));
+char* newText(const MeshAlpha& alpha) {
+  std::array<char, kLongestShortNumber + 1> text;
+  *writeShortNumber(text.data(), alpha.getAlpha()) = '\0';
+  return copyText(text.data());
+}
+
+vxArray* newArray(const MeshAlpha& alpha) {
+  return vxCreateDoubleScalar(alpha.getAlpha());
 }
 
 }  // namespace
 
 COSValue MeshAlphaSC::to(COSValue value) const {
-  if (value.isNull()) return value;
-  const auto& alpha = *value.asPointer<const MeshAlpha>();
-  if (!alpha.isAlpha()) return COSValue::fromPointer(copyText(wordOf(alpha)));
-  std::array<char, kLongestShortNumber + 1> text;
-  *writeShortNumber(text.data(), alpha.getAlpha()) = '\0';
-  return COSValue::fromPointer(copyText(text.data()));
+  return textOf<MeshAlpha>(value, newText);
 }
 
 COSValue MeshAlphaSC::from(COSValue text) const {
@@ -87,10 +86,7 @@ COSValue MeshAlphaSC::from(COSValue text) const {
 }
 
 COSValue MeshAlphaVC::to(COSValue value) const {
-  if (value.isNull()) return COSValue::fromPointer(vxCreateDoubleMatrix(0, 0, vxREAL));
-  const auto& alpha = *value.asPointer<const MeshAlpha>();
-  return COSValue::fromPointer(alpha.isAlpha() ? vxCreateDoubleScalar(alpha.getAlpha())
-                                               : vxCreateString(wordOf(alpha)));
+  return arrayOf<MeshAlpha>(value, newArray);
 }
 
 COSValue MeshAlphaVC::from(COSValue array) const {
@@ -101,7 +97,8 @@ COSValue MeshAlphaVC::from(COSValue array) const {
     if (!text) throw vcos::COSOutOfMemoryException();
     return valueFromText(text.get());
   }
-  if (!vxIsScalar(given) || !vxIsNumeric(given)) vxErrMsgId(real::ExpectedNumeric());
+  if (!vxIsScalar(given) || !vg::isNumericClass(vxGetClassID(given)))
+    vxErrMsgId(real::ExpectedNumeric());
   return COSValue::fromPointer(new MeshAlpha(vxGetScalar(given)));
 }
 

@@ -1,8 +1,8 @@
 // RGBAColor, MarkerColor and MeshColor: a colour, or a word of a table of styles.
 
-#include "HostText.h"
 #include "PropertyDataType.ipp"
 #include "ShortNumber.h"
+#include "StyledValues.h"
 #include "TypeRegistration.h"
 
 #include <graphics/datatype/ColorNameTable.h>
@@ -15,7 +15,7 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
+#include <string_view>
 #include <type_traits>
 
 namespace graphics::datatype {
@@ -54,65 +54,39 @@ struct MessagesOf<MeshColor> {
   using IsEqual = VORTIL::datatypes::MeshColorDataType::isEqual;
 };
 
-/// "[ 1 0.5 0 ]".
-COSValue newText(const ColorBase& color) {
-  std::array<char, 8 + 3 * kLongestShortNumber> text;
-  char* end = text.data();
-  *end++ = '[';
+/// "[ 1 0.5 0 ]", on the host's heap.
+char* newText(const ColorBase& color) {
+  constexpr std::string_view kOpening = "[";
+  constexpr std::string_view kClosing = " ]";
+  std::array<char, kOpening.size() + 3 * (1 + kLongestShortNumber) + kClosing.size() + 1> text;
+  char* end = std::ranges::copy(kOpening, text.data()).out;
   for (const double channel : {color.getRed(), color.getGreen(), color.getBlue()}) {
     *end++ = ' ';
     end = writeShortNumber(end, channel);
   }
-  std::ranges::copy(" ]", end);  // with its NUL
-  return COSValue::fromPointer(copyText(text.data()));
+  *std::ranges::copy(kClosing, end).out = '\0';
+  return copyText(text.data());
 }
 
-COSValue newArray(const ColorBase& color) {
+vxArray* newArray(const ColorBase& color) {
   gui_objects::AutoPtr<vxArray, gui_objects::VxArrayDtor> array(vxCreateDoubleMatrix(1, 3, vxREAL));
   auto* const channels = static_cast<double*>(vxGetWritableData(array.get()));
   channels[0] = color.getRed();
   channels[1] = color.getGreen();
   channels[2] = color.getBlue();
-  return COSValue::fromPointer(array.release());
-}
-
-/// The word of the style that stands in the place of a colour.
-template <class Color>
-const char* wordOf(const Color& color) {
-  return Color::StyleTable::getInstance()->getEnumString(
-      COSValue::fromInteger(int{color.getStyle()}));
-}
-
-template <class Color>
-bool isColor(const Color& color) {
-  return color.getStyle() == Color::StyleTable::kColor;
-}
-
-template <class Color>
-COSValue textOf(COSValue value) {
-  if (value.isNull()) return value;
-  const auto& color = *value.asPointer<const Color>();
-  return isColor(color) ? newText(color) : COSValue::fromPointer(copyText(wordOf(color)));
-}
-
-template <class Color>
-COSValue arrayOf(COSValue value) {
-  if (value.isNull()) return COSValue::fromPointer(vxCreateDoubleMatrix(0, 0, vxREAL));
-  const auto& color = *value.asPointer<const Color>();
-  return isColor(color) ? newArray(color) : COSValue::fromPointer(vxCreateString(wordOf(color)));
+  return array.release();
 }
 
 template <class Color>
 Color colorFromText(const char* text) {
-  using Style = typename Color::StyleTable;
   Color color;
-  const std::optional<COSValue> style = Style::getInstance()->findEnumValue(text);
-  if (!style || style->asInteger<int>() == Style::kColor) {
+  const auto style = styleNamed<Color>(text);
+  if (!style || style == Color::kNumeric) {
     color.setColorFromString(text);
   } else {
     if (ColorNameTable::getInstance()->isNameInTable(text))
       vxErrMsgId(typename MessagesOf<Color>::AmbiguousName());
-    color.setStyle(static_cast<typename Style::value>(style->asInteger<int>()));
+    color.setStyle(*style);
   }
   return color;
 }
@@ -168,7 +142,8 @@ COSValue valueFromArray(const vxArray* array) {
   return COSValue::fromPointer(new Color(color.red(), color.green(), color.blue(), 1));
 }
 
-/// An RGBAColor of three or four numbers; a logical is any byte to whoever writes one.
+/// An RGBAColor of three or four fractions. The elements of a logical array are read as bytes,
+/// since nothing keeps whoever writes them to 0 and 1.
 template <class Element>
 COSValue valueFromFractions(const vxArray* array) {
   const auto* const elements = static_cast<const Element*>(vxGetData(array));
@@ -186,7 +161,7 @@ COSValue valueFromFractions(const vxArray* array) {
       new RGBAColor(channel(0), channel(1), channel(2), count == 4 ? channel(3) : 1));
 }
 
-/// Reports a comparison that throws.
+/// Reports a comparison that throws. Kept, although no comparison of colours does.
 template <class Message, class Compare>
 bool guarded(Compare&& compare) {
   try {
@@ -221,7 +196,7 @@ COSValue MarkerColorVC::from(COSValue array) const {
 /// Unlike MarkerColor, refuses null, and looks at the class before the number of elements.
 COSValue MeshColorVC::from(COSValue array) const {
   const auto* const given = array.asPointer<const vxArray>();
-  if (!given || (vxGetClassID(given) != vxCHAR_CLASS && !vxIsNumeric(given)))
+  if (!given || (vxGetClassID(given) != vxCHAR_CLASS && !vg::isNumericClass(vxGetClassID(given))))
     vxErrMsgId(real::ExpectedNumeric1());
   return valueFromArray<MeshColor>(given);
 }
@@ -241,11 +216,11 @@ COSValue MeshColorVC::from(COSValue array) const {
   bool Type##DataType::isEqual(COSValue a, COSValue b) const {                                  \
     return guarded<MessagesOf<Type>::IsEqual>([&] { return PropertyDataType::isEqual(a, b); }); \
   }                                                                                             \
-  COSValue Type##SC::to(COSValue value) const { return textOf<Type>(value); }                   \
+  COSValue Type##SC::to(COSValue value) const { return textOf<Type>(value, newText); }          \
   COSValue Type##SC::from(COSValue text) const {                                                \
     return valueFromText<Type>(text.asPointer<const char>());                                   \
   }                                                                                             \
-  COSValue Type##VC::to(COSValue value) const { return arrayOf<Type>(value); }                  \
+  COSValue Type##VC::to(COSValue value) const { return arrayOf<Type>(value, newArray); }        \
   VGDT_REGISTER_TYPE(Type, init_VortilGraphicsDatatype_##Type##DataType,                        \
                      init_VortilGraphicsDatatype_##Type##DataType_callback)
 VGDT_STYLED_COLOR(RGBAColor)

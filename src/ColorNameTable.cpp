@@ -31,7 +31,7 @@ struct FoldedText {
   const char* text;
 };
 
-/// How a name compares with a text: where they differ first, and whether one of them ends there.
+/// How a name compares with a text, byte by byte.
 struct Comparison {
   bool isNameLess;
   bool doesTextBeginName;
@@ -51,7 +51,7 @@ Comparison compare(const std::string& name, FoldedText folded) {
   return {!areEqual, areEqual, areEqual};
 }
 
-/// The order of the map, which its std::less asks for.
+/// What the map's std::less compares a name and a text by.
 bool operator<(const std::string& name, FoldedText text) {
   return compare(name, text).isNameLess;
 }
@@ -77,8 +77,7 @@ Match find(const ColorNameTable::ColorMap& colors, const char* text) {
 }  // namespace
 
 ColorNameTable* ColorNameTable::getInstance() {
-  static constinit ColorNameTable* instance = nullptr;
-  if (!instance) instance = new ColorNameTable;
+  static ColorNameTable* const instance = new ColorNameTable;
   return instance;
 }
 

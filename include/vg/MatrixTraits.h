@@ -2,7 +2,9 @@
 
 #include <vx/array.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <iterator>
 
 /// The ten numeric classes and the types of their elements. Everything that speaks of all of them
 /// is made from this list. Double comes first, since most arrays are of that class.
@@ -43,6 +45,10 @@ VG_MATRIX_TRAITS(vxCHAR_CLASS, vxChar)
 #define VG_CLASS_ID(classID, Element) classID,
 inline constexpr vxClassID kNumericClasses[] = {VG_NUMERIC_CLASSES(VG_CLASS_ID)};
 #undef VG_CLASS_ID
+
+constexpr bool isNumericClass(vxClassID classID) {
+  return std::ranges::find(kNumericClasses, classID) != std::ranges::end(kNumericClasses);
+}
 
 }  // namespace vg
 

@@ -84,7 +84,13 @@ TEST(ColorNames, AreFoundByWhatBeginsOneOfThemOrEqualsIt) {
   EXPECT_THAT(table.getNames(),
               ElementsAre("b", "black", "blue", "cyan", "defaultaxesboxcolor", "g", "gray", "green",
                           "k", "magenta", "red", "w", "white", "yellow"));
-  EXPECT_EQ(table.getColors().at(4).green, 0.2);
+  std::string channels;
+  for (const auto& [red, green, blue] : table.getColors())
+    channels += testing::PrintToString(std::vector{red, green, blue});
+  EXPECT_EQ(channels,
+            "{ 0, 0, 1 }{ 0, 0, 0 }{ 0, 0, 1 }{ 0, 1, 1 }{ 0.2, 0.2, 0.2 }{ 0, 1, 0 }"
+            "{ 0.5, 0.5, 0.5 }{ 0, 1, 0 }{ 0, 0, 0 }{ 1, 0, 1 }{ 1, 0, 0 }{ 1, 1, 1 }{ 1, 1, 1 }"
+            "{ 1, 1, 0 }");
   EXPECT_FALSE(table.isNameInTable(nullptr));
   EXPECT_THROW(table.getColorValue(nullptr), MissingNameException);
 }

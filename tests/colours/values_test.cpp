@@ -2,6 +2,7 @@
 
 #include "support/Arrays.h"
 #include "support/ChildProcess.h"
+#include "support/FailingNew.h"
 #include "support/GlobalLocale.h"
 #include "support/HostError.h"
 
@@ -13,9 +14,11 @@
 #include <graphics/datatype/MeshColorDataType.h>
 #include <graphics/datatype/RGBAColorDataType.h>
 #include <graphics/datatype/vgdatatypes.h>
+#include <ut/faults.h>
 #include <vx/scopes.h>
 
 #include <cmath>
+#include <new>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -196,6 +199,40 @@ TEST_F(Colours, WordsThatAreAlsoNamesAreAmbiguous) {
   });
 }
 
+/// All that a text makes, since it does not print all of it.
+template <class Value>
+Value valueOf(const char* type, const char* text) {
+  const TypeAccess access = accessOf(type);
+  const OwnedValue value(access.dataType(), access.fromText(text));
+  return *value.get().asPointer<Value>();
+}
+
+TEST_F(Colours, HaveAlphaAndChannelsThatDoNotPrint) {
+  EXPECT_EQ(valueOf<RGBAColor>("RGBAColor", "[1 0 0 0.5]"), RGBAColor(1, 0, 0, 0.5));
+  EXPECT_EQ(valueOf<MarkerColor>("MarkerColor", "[1 0 0 0]"), MarkerColor(1, 0, 0, 0));
+  EXPECT_EQ(valueOf<MeshColor>("MeshColor", "red"), MeshColor(1, 0, 0, 1));
+  const ColorBase none = valueOf<RGBAColor>("RGBAColor", "none");
+  EXPECT_EQ(none, ColorBase(0, 0, 0, 1));
+  EXPECT_EQ(valueOf<MeshAlpha>("MeshAlpha", "flat").getAlpha(), 1);
+  const ArrayOwner four = test::array("1x4 double", {1, 0, 0, 0});
+  const OwnedValue clear(*RGBAColorDataType::getType(),
+                         RGBAColorVC().from(COSValue::fromPointer(four.get())));
+  EXPECT_EQ(*clear.get().asPointer<RGBAColor>(), RGBAColor(1, 0, 0, 0));
+  EXPECT_EQ(accessOf("RGBAColor").toText(clear.get()), "[ 1 0 0 ]");
+  clear.get().asPointer<RGBAColor>()->setStyle(static_cast<ColorStyle::value>(7));
+  EXPECT_EQ(accessOf("RGBAColor").toText(clear.get()), std::nullopt);
+}
+
+TEST_F(Colours, FromCharArraysSayThatMemoryHasRunOut) {
+  const ArrayOwner red(vxCreateString("red"));
+  const auto make = [&red](const char* type) {
+    vghost::faults::failAllocation(1, vghost::faults::Repeat::Once);
+    accessOf(type).fromArray(red.get());
+  };
+  EXPECT_EQ(identifierRaisedBy([&] { make("MeshColor"); }), "VORTIL:vg:datatypes:OutOfMemory");
+  EXPECT_THROW(make("MeshAlpha"), vcos::COSOutOfMemoryException);
+}
+
 TEST_F(Colours, NamesLeaveAlphaAloneAndNumbersSetIt) {
   ColorBase color(0.1, 0.2, 0.3, 0.5);
   color.setColorFromString("red");
@@ -222,11 +259,6 @@ TEST_F(Colours, NamesLeaveAlphaAloneAndNumbersSetIt) {
         identifierRaisedBy([&] { ColorBase(channel(0), channel(1), channel(2), channel(3)); }),
         "VORTIL:vg:ColorBase:BadColorValue");
   }
-  // Alpha comes by four elements of an RGBAColor, and by no array of the other two.
-  const OwnedValue four(
-      *RGBAColorDataType::getType(),
-      RGBAColorVC().from(COSValue::fromPointer(test::array("1x4 double", {1, 0, 0, 0.5}).get())));
-  EXPECT_EQ(*four.get().asPointer<RGBAColor>(), RGBAColor(1, 0, 0, 0.5));
   const test::Content bytes{{4, 1}, {255, 128, 0, 64}};
   EXPECT_EQ(test::contentOf(ColorBase(1, 0.5, 0, 0.25).getColorAsArray()), bytes);
   const gui_objects::Color4b clamped = gui_objects::Color4d(2, -1, NAN, 0.00196).asColor4b();
@@ -299,7 +331,16 @@ TEST_F(Colours, TheColorTableIsReadAndExtendedAsAStruct) {
     fields.emplace_back("unreal", test::array("complex 1x3 double"));
     fields.emplace_back("bytes", test::array("1x3 uint8"));
     fields.emplace_back("nothing", nullptr);
-    write(structOf(std::move(fields)).get());
+    const ArrayOwner colors = structOf(std::move(fields));
+    for (std::uint64_t nth = 1; names.getNames().size() == 14; ++nth) {
+      test::failNew(nth);
+      try {
+        write(colors.get());
+      } catch (const std::bad_alloc&) {
+        EXPECT_EQ(names.getColorValue("r").green, 0) << "all names are added, or none";
+      }
+      test::failNoNew();
+    }
     for (const char* words : {"1x3 double", "0x0 struct", "1x1 object", "1x1 cell"})
       write(test::array(words).get());
     write(nullptr);
@@ -310,7 +351,7 @@ TEST_F(Colours, TheColorTableIsReadAndExtendedAsAStruct) {
     const ArrayOwner read(getColorTableAsArray());
     const COSValue defaultWord = ColorTableDataType::getType()->getDefaultValue();
     vxExitArrayListContext(context, nullptr, 0, true);
-    EXPECT_EQ(vxGetM(defaultWord.asPointer<vxArray>()), 0U);
+    EXPECT_EQ(test::sizeOf(defaultWord.asPointer<vxArray>()), (test::Size{0, 0}));
     ASSERT_EQ(vxGetNumberOfFields(read.get()), 16);
     EXPECT_STREQ(vxGetFieldNameByNumber(read.get(), 0), "Red");
     EXPECT_STREQ(vxGetFieldNameByNumber(read.get(), 11), "mauve");

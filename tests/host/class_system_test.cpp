@@ -184,6 +184,7 @@ TEST(Object, KeepsItsValueWhereASetFails) {
   COSClass::destroyObject(object);
   EXPECT_EQ(vghost::liveBlocks(), before);
   EXPECT_TRUE(object->isDestroyed());
+  EXPECT_FALSE(object->findProperty(COSNameID("Text")));
   EXPECT_THROW(static_cast<void>(text.getValue(object.get())), COSException);
   EXPECT_THROW(set("late"), COSException);
 }

@@ -109,9 +109,16 @@ RegisteredType meshAlpha() {
           .obstacles = {"na", "ac", "a", "ac", "", "a"}};
 }
 
-/// A door to the colour names: whatever the word, its array is a struct of these.
+/// A door to the colour names: whatever the word, its array is a struct of these. The sample has
+/// two of them, the second black.
 RegisteredType colorTable() {
-  const auto names = [] { return array("1x1 struct", {0}); };
+  const auto names = [] {
+    static constexpr const char* kNames[] = {"b", "black"};
+    ArrayOwner colors(vxCreateStructMatrix(1, 1, 2, kNames));
+    vxSetFieldByNumber(colors.get(), 0, 0, array("1x3 double", {0, 0, 1}).release());
+    vxSetFieldByNumber(colors.get(), 0, 1, array("1x3 double", {0}).release());
+    return colors;
+  };
   return {.name = "ColorTable",
           .bytes = 0,
           .text = "red",
@@ -120,7 +127,7 @@ RegisteredType colorTable() {
           .defaultArray = names,
           .defaultPrinted = std::nullopt,
           .nullArray = names,
-          .obstacles = {"a", "", "", "nac", "", ""}};
+          .obstacles = {"a", "n", "", "nac", "", ""}};
 }
 
 }  // namespace

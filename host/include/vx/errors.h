@@ -14,8 +14,10 @@
 /// By a literal identifier and a printf format.
 [[noreturn, gnu::format(printf, 2, 3)]] VGHOST_API void vxErrMsgIdAndTxt(const char* identifier,
                                                                          const char* format, ...);
-/// By a number of the host: 17 is "VORTIL:host:NumberToText", 18 "VORTIL:host:TooManyFields", any
-/// other number "VORTIL:host:UnknownMessage".
+/// Numbers of messages: "VORTIL:host:NumberToText" and "VORTIL:host:TooManyFields".
+inline constexpr int vxMSG_NUMBER_TO_TEXT = 17;
+inline constexpr int vxMSG_TOO_MANY_FIELDS = 18;
+/// By a number of the host; one that it does not know is "VORTIL:host:UnknownMessage".
 [[noreturn]] VGHOST_API void vxErrMsg(int number);
 
 /// A warning goes to the innermost vghost::WarningCapture, or to the console as one line.

@@ -1,5 +1,6 @@
 #include <gui_objects/Color.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace gui_objects {
@@ -8,9 +9,9 @@ namespace {
 constexpr double kWhole = 255;
 
 std::uint8_t byteOf(double channel) {
-  const double scaled = std::floor(channel * kWhole + 0.5);
-  if (!(scaled > 0)) return 0;  // nor is NaN
-  return static_cast<std::uint8_t>(scaled < kWhole ? scaled : kWhole);
+  const double level = std::round(channel * kWhole);
+  if (!(level > 0)) return 0;  // true for NaN, too
+  return static_cast<std::uint8_t>(std::min(level, kWhole));
 }
 
 }  // namespace

@@ -23,7 +23,9 @@ class Object final : public CountedObject {
 
   bool isDestroyed() const override { return destroyed_; }
   COSClass* getClass() const override { return const_cast<COSClass*>(&class_); }
-  COSInterfacePtr findProperty(COSNameID name) const override { return class_.findProperty(name); }
+  COSInterfacePtr findProperty(COSNameID name) const override {
+    return destroyed_ ? COSInterfacePtr() : class_.findProperty(name);
+  }
 
   void initialize();
   void destroyValues() noexcept;
@@ -65,7 +67,7 @@ class Property final : public CountedObject, public COSPropInfo {
   /// The word on an object, which has to be of a class with this very property.
   COSValue& held(const COSInterface* object) const {
     const auto* owner = dynamic_cast<const Object*>(object);
-    if (!owner || owner->findProperty(name_).get() != this)
+    if (!owner || owner->getClass()->findProperty(name_).get() != this)
       throw COSMsgException(std::string("The object has no property ") + getName() + ".");
     return const_cast<Object*>(owner)->value(index_);
   }

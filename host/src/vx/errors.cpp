@@ -52,9 +52,6 @@ Lindgrove::System::utErrorException_DEPRECATED recordedError() {
       std::make_shared<const UserError>(lastError()));
 }
 
-constexpr int kNumberToText = 17;
-constexpr int kTooManyFields = 18;
-
 constinit std::atomic<vxErrorMode> errorMode = vxERROR_MODE_RAISE;
 constinit thread_local vghost::WarningCapture* innermostCapture = nullptr;
 
@@ -75,8 +72,8 @@ void vxErrMsgIdAndTxt(const char* identifier, const char* format, ...) {
 }
 
 void vxErrMsg(int number) {
-  if (number == kNumberToText) vxErrMsgId(VORTIL::host::NumberToText());
-  if (number == kTooManyFields) vxErrMsgId(VORTIL::host::TooManyFields());
+  if (number == vxMSG_NUMBER_TO_TEXT) vxErrMsgId(VORTIL::host::NumberToText());
+  if (number == vxMSG_TOO_MANY_FIELDS) vxErrMsgId(VORTIL::host::TooManyFields());
   vxErrMsgId(VORTIL::host::UnknownMessage(std::to_string(number)));
 }
 

@@ -36,7 +36,8 @@ class VGDT_API ColorBase : public HostAllocated {
   double getBlue() const noexcept { return blue_; }
   double getAlpha() const noexcept { return alpha_; }
 
-  // Errors: "VORTIL:vg:ColorBase:BadColorValue", and the channel keeps its value.
+  /// Errors: "VORTIL:vg:ColorBase:BadColorValue" for a number that is not from 0 to 1, and the
+  /// channel keeps its value. The same holds for the other three.
   void setRed(double red);
   void setGreen(double green);
   void setBlue(double blue);
@@ -44,12 +45,12 @@ class VGDT_API ColorBase : public HostAllocated {
 
   gui_objects::Color4d getAsColor4d() const;
   gui_objects::Color4b getAsColor4b() const;
-  /// The four bytes as a 4-by-1 array of class uint8.
+  /// The four bytes as a new 4-by-1 array of class uint8.
   gui_objects::AutoPtr<vxArray, gui_objects::VxArrayDtor> getColorAsArray() const;
 
-  /// Reads a colour name, which leaves alpha alone; or three numbers in brackets, which make the
-  /// colour opaque; or four. The channels are set one after the other: those before a bad one keep
-  /// their new values.
+  /// Reads a colour name, as ColorNameTable::getColorValue finds it, which leaves alpha alone; or
+  /// three numbers in brackets, which make the colour opaque; or four. The channels are set one
+  /// after the other: those before a bad one keep their new values.
   ///
   /// Errors, the same for whatever derives from this class:
   /// "VORTIL:datatypes:RGBAColor:AmbiguousName" for a text that begins several names,
@@ -67,6 +68,13 @@ class VGDT_API ColorBase : public HostAllocated {
 /// A colour that may have a style in its place: a word that says what to draw. `Style` is a table
 /// of such words, of which kColor stands for the colour itself and kNone for nothing.
 ///
+/// The types of such colours convert them alike. A text is read as a word of the table but "color",
+/// or a beginning of only one, in any case and with white space around it; any other text, and
+/// null, by ColorBase::setColorFromString. A colour prints as "[ 1 0.5 0 ]" and becomes a 1-by-3
+/// double array; alpha does not show. A style is its word; one that has no word is no text and an
+/// empty char array. Null is no text and an empty double array. The caller frees texts with utFree,
+/// and destroys arrays.
+///
 ///     StyledColor<MarkerColorStyle> color(1, 0, 0, 0);
 ///     color.isVisible();  // false, since alpha is 0
 ///     color.setStyle(MarkerColorStyle::kFlat);
@@ -76,6 +84,8 @@ class StyledColor : public ColorBase {
  public:
   using StyleTable = Style;
   using value = typename Style::value;
+  /// The style in which the channels are the value.
+  static constexpr value kNumeric = Style::kColor;
 
   /// Black and opaque, with the style kColor.
   StyledColor() = default;
@@ -87,16 +97,16 @@ class StyledColor : public ColorBase {
   void setStyle(value style) noexcept { style_ = style; }
 
   bool isVisible() const noexcept {
-    return style_ == Style::kColor ? getAlpha() > 0 : style_ != Style::kNone;
+    return style_ == kNumeric ? getAlpha() > 0 : style_ != Style::kNone;
   }
 
   /// The channels count only in the style kColor.
   bool operator==(const StyledColor& other) const noexcept {
-    return style_ == other.style_ && (style_ != Style::kColor || ColorBase::operator==(other));
+    return style_ == other.style_ && (style_ != kNumeric || ColorBase::operator==(other));
   }
 
  private:
-  value style_ = Style::kColor;
+  value style_ = kNumeric;
 };
 
 }  // namespace graphics::datatype

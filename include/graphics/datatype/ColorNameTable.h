@@ -19,7 +19,9 @@ namespace graphics::datatype {
 /// Only the text that is looked up is folded to lower case, by the C library's tolower(), and no
 /// name is. Kept: a name with a capital letter is listed and can be replaced, and no text finds it.
 ///
-/// Only one thread may use the table at a time. A look-up takes no memory.
+/// Several threads may look names up at once, while none adds any. A look-up takes no memory,
+/// unless it tells of an ambiguous name. What adds names or lists them may throw a std::bad_alloc,
+/// which changes nothing.
 class VGDT_API ColorNameTable {
  public:
   /// Fractions of red, green and blue; numbers outside 0 to 1 are kept as they are.
@@ -31,8 +33,7 @@ class VGDT_API ColorNameTable {
   /// In the order of the names' bytes.
   using ColorMap = std::map<std::string, ColorValue, std::less<>>;
 
-  /// The one table, made at the first call and never destroyed. A std::bad_alloc if there is no
-  /// memory for it; the next call tries again.
+  /// The one table, made at the first call and never destroyed.
   static ColorNameTable* getInstance();
 
   /// A table of the fourteen names that reset() leaves.
@@ -50,10 +51,11 @@ class VGDT_API ColorNameTable {
   /// The colour of the name that equals a text or, if none does, of the only one that it begins.
   ///
   /// Errors: MissingNameException if it begins none; AmbiguousNameException if it begins several,
-  /// which are told of in a line on the host's console.
+  /// after a line with the text on the host's console.
   ColorValue getColorValue(const char* name) const;
 
-  /// Adds a name, or changes the colour of the name that equals it byte for byte.
+  /// Adds a name, or changes the colour of the name that equals it byte for byte. A name may hold a
+  /// NUL; no text that is looked up reaches beyond it.
   ///
   /// Errors: "VORTIL:datatypes:colornametable:AddNameColor" if `overwrite` is false and the name
   /// begins one that is there. Kept: a name that one of the table begins is accepted.

@@ -39,17 +39,19 @@ class VGDT_API ColorTableSC final : public vcos::COSTypeConversion {
 /// Between a host array and the ColorNameTable.
 class VGDT_API ColorTableVC final : public vcos::COSTypeConversion {
  public:
-  /// getColorTableAsArray(), whatever the word.
+  /// As getColorTableAsArray(), whatever the word.
   vcos::COSValue to(vcos::COSValue value) const override;
   /// Adds a colour name for each field of a struct, or replaces the colour of the name: its first
   /// three numbers are red, green and blue, of any range. A field that holds no real double array
-  /// of three or more elements is skipped. Any other array, and null, changes nothing. Always gives
-  /// the pointer to the ColorNameTable, and raises nothing.
+  /// of three or more elements is skipped. Any other array, and null, changes nothing. Gives the
+  /// pointer to the ColorNameTable. A std::bad_alloc is all that it throws, and changes nothing.
   vcos::COSValue from(vcos::COSValue array) const override;
 };
 
 /// A struct with a field for each colour name, in the order of the table: 1-by-3 double, red, green
 /// and blue. It belongs to the caller and stands in no array-list context.
+///
+/// Errors: those of failed memory; "VORTIL:host:TooManyFields" beyond 2147483647 names.
 VGDT_API vxArray* getColorTableAsArray();
 
 /// Queues the registration of the type; runs at load.

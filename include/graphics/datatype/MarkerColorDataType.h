@@ -7,11 +7,11 @@
 
 namespace graphics::datatype {
 
-/// The colour of a marker: a colour, or one of the words "none", "flat" or "auto".
+/// The colour of a marker: a colour, or one of the words "none", "flat" and "auto".
 ///
 ///     MarkerColor color(1, 0, 0, 1);
 ///     color.isColor();  // true
-///     color.setStyle(MarkerColorStyle::kFlat);
+///     color.setStyle(MarkerColorStyle::kAuto);
 class MarkerColor final : public StyledColor<MarkerColorStyle>,
                           public MarkerColorStyleTests<MarkerColor> {
   using StyledColor::StyledColor;
@@ -22,30 +22,25 @@ class VGDT_API MarkerColorDataType final
     : public PropertyDataType<MarkerColorDataType, MarkerColor> {
  public:
   static constexpr const char* kDottedName = "vortil.graphics.datatype.MarkerColor";
-  /// "VORTIL:datatypes:MarkerColorDataType:isEqual" if an exception passes through the comparison.
+  /// As that of PropertyDataType. An exception of the comparison, which throws none today, would
+  /// become "VORTIL:datatypes:MarkerColorDataType:isEqual".
   bool isEqual(vcos::COSValue a, vcos::COSValue b) const override;
 };
 
-/// Between a C string and a word.
+/// Between a C string and a word, as StyledColor says.
 class VGDT_API MarkerColorSC final : public vcos::COSTypeConversion {
  public:
-  /// "[ 1 0.5 0 ]" or the word of the style, to be freed with utFree; null for null. Alpha does not
-  /// show.
   vcos::COSValue to(vcos::COSValue value) const override;
-  /// Takes a word of MarkerColorStyle but "color", or a beginning of only one, and what
-  /// ColorBase::setColorFromString takes. Errors: those of setColorFromString, which null raises
-  /// too, and "VORTIL:datatypes:MarkerColor:AmbiguousName" for a text that is also a colour name or
-  /// a beginning of one.
+  /// Errors: those of ColorBase::setColorFromString;
+  /// "VORTIL:datatypes:MarkerColor:AmbiguousName" for a text that names a style and a colour.
   vcos::COSValue from(vcos::COSValue text) const override;
 };
 
-/// Between a host array and a word.
+/// Between a host array and a word, as StyledColor says.
 class VGDT_API MarkerColorVC final : public vcos::COSTypeConversion {
  public:
-  /// 1-by-3 double, red, green and blue, or the word of the style as a char array; 0-by-0 double
-  /// for null. Alpha does not show.
   vcos::COSValue to(vcos::COSValue value) const override;
-  /// Takes three numbers, whatever the shape: fractions of class double or single, or levels of an
+  /// Takes three elements, whatever the shape: fractions of class double or single, or levels of an
   /// integer class, 0 to 255, of which the low eight bits count; and a char array with a text. Null
   /// gives null.
   ///
@@ -53,7 +48,7 @@ class VGDT_API MarkerColorVC final : public vcos::COSTypeConversion {
   /// is not from 0 to 1; "VORTIL:datatypes:MarkerColor:ValueMustBe3ElementVector" for another
   /// number of elements; "VORTIL:datatypes:MarkerColor:ParseError" for an empty char array,
   /// "VORTIL:vg:datatypes:OutOfMemory" for one that gives no text;
-  /// "VORTIL:vg:dt_conv:Matrix_to_Real:ExpectedNumeric" for another class with three elements.
+  /// "VORTIL:vg:dt_conv:Matrix_to_Real:ExpectedNumeric" for three elements of another class.
   vcos::COSValue from(vcos::COSValue array) const override;
 };
 

@@ -15,17 +15,21 @@ namespace graphics::datatype {
 ///     alpha.isFlat();  // true; the number is kept and does not count
 class VGDT_API MeshAlpha final : public HostAllocated, public MeshAlphaStyleTests<MeshAlpha> {
  public:
-  using value = MeshAlphaStyle::value;
+  using StyleTable = MeshAlphaStyle;
+  using value = StyleTable::value;
+  /// The style in which the number is the value.
+  static constexpr value kNumeric = StyleTable::kAlpha;
 
   /// Opaque.
   MeshAlpha() = default;
-  // Errors: as checkAlpha(), after the number has been stored.
+  /// In the style kAlpha. Errors: as checkAlpha(), after the number has been stored.
   explicit MeshAlpha(double alpha);
+  /// Errors: the same.
   MeshAlpha(value style, double alpha);
 
-  /// The number counts only in the style kAlpha, and is compared exactly.
+  /// The number counts only in the style kNumeric, and is compared exactly.
   bool operator==(const MeshAlpha& other) const noexcept {
-    return style_ == other.style_ && (style_ != MeshAlphaStyle::kAlpha || alpha_ == other.alpha_);
+    return style_ == other.style_ && (style_ != kNumeric || alpha_ == other.alpha_);
   }
 
   double getAlpha() const noexcept { return alpha_; }
@@ -39,7 +43,7 @@ class VGDT_API MeshAlpha final : public HostAllocated, public MeshAlphaStyleTest
   static void checkAlpha(double alpha);
 
  private:
-  value style_ = MeshAlphaStyle::kAlpha;
+  value style_ = kNumeric;
   double alpha_ = 1;
 };
 
@@ -52,10 +56,12 @@ class VGDT_API MeshAlphaDataType final : public PropertyDataType<MeshAlphaDataTy
 /// Between a C string and a word.
 class VGDT_API MeshAlphaSC final : public vcos::COSTypeConversion {
  public:
-  /// "0.5" or the word of the style, to be freed with utFree; null for null.
+  /// "0.5" or the word of the style, to be freed with utFree; null for null and for a style that
+  /// has no word.
   vcos::COSValue to(vcos::COSValue value) const override;
-  /// Takes a word of MeshAlphaStyle but "alpha", or a beginning of only one, or a text that begins
-  /// with a number from 0 to 1: what follows it is ignored. Null gives null.
+  /// Takes a word of MeshAlphaStyle but "alpha", or a beginning of only one, in any case and with
+  /// white space around it, which makes the number 1; or a text that begins with a number from 0 to
+  /// 1: what follows it is ignored. Null gives null.
   ///
   /// Errors: "VORTIL:vg:dt_conv:Matrix_to_Real:ExpectedNumeric1" for any other text, also "alpha"
   /// and its beginnings; those of MeshAlpha::checkAlpha for the number.
@@ -65,7 +71,8 @@ class VGDT_API MeshAlphaSC final : public vcos::COSTypeConversion {
 /// Between a host array and a word.
 class VGDT_API MeshAlphaVC final : public vcos::COSTypeConversion {
  public:
-  /// 1-by-1 double, or the word of the style as a char array; 0-by-0 double for null.
+  /// 1-by-1 double, or the word of the style as a char array; 0-by-0 double for null. The array is
+  /// the caller's.
   vcos::COSValue to(vcos::COSValue value) const override;
   /// Takes one number of any numeric class, from 0 to 1, and a char array with a text; null gives
   /// null.

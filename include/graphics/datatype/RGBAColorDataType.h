@@ -12,7 +12,7 @@ namespace graphics::datatype {
 ///     RGBAColor color(1, 0, 0, 1);
 ///     color.setStyle(ColorStyle::kNone);
 ///     color.isVisible();  // false
-class RGBAColor final : public StyledColor<ColorStyle> {
+class RGBAColor final : public StyledColor<ColorStyle>, public ColorStyleTests<RGBAColor> {
   using StyledColor::StyledColor;
 };
 
@@ -20,31 +20,26 @@ class RGBAColor final : public StyledColor<ColorStyle> {
 class VGDT_API RGBAColorDataType final : public PropertyDataType<RGBAColorDataType, RGBAColor> {
  public:
   static constexpr const char* kDottedName = "vortil.graphics.datatype.RGBAColor";
-  /// "VORTIL:datatypes:RGBAColorDataType:isEqual" if an exception passes through the comparison.
+  /// As that of PropertyDataType. An exception of the comparison, which throws none today, would
+  /// become "VORTIL:datatypes:RGBAColorDataType:isEqual".
   bool isEqual(vcos::COSValue a, vcos::COSValue b) const override;
 };
 
-/// Between a C string and a word.
+/// Between a C string and a word, as StyledColor says.
 class VGDT_API RGBAColorSC final : public vcos::COSTypeConversion {
  public:
-  /// "[ 1 0.5 0 ]" or the word of the style, to be freed with utFree; null for null. Alpha does not
-  /// show.
   vcos::COSValue to(vcos::COSValue value) const override;
-  /// Takes "none" and its beginnings, and what ColorBase::setColorFromString takes; the word
-  /// "color" is no colour. Errors: those of setColorFromString, which null raises too, and
-  /// "VORTIL:datatypes:RGBAColor:AmbiguousName" for a beginning of "none" that is also one of a
-  /// colour name.
+  /// Errors: those of ColorBase::setColorFromString;
+  /// "VORTIL:datatypes:RGBAColor:AmbiguousName" for a text that names a style and a colour.
   vcos::COSValue from(vcos::COSValue text) const override;
 };
 
-/// Between a host array and a word.
+/// Between a host array and a word, as StyledColor says.
 class VGDT_API RGBAColorVC final : public vcos::COSTypeConversion {
  public:
-  /// 1-by-3 double, red, green and blue, or the word of the style as a char array; 0-by-0 double
-  /// for null. Alpha does not show.
   vcos::COSValue to(vcos::COSValue value) const override;
-  /// Takes three or four elements of class double or logical, whatever the shape, and a char array
-  /// with a text; null gives null.
+  /// Takes three elements of class double or logical, or four with alpha, whatever the shape, and a
+  /// char array with a text; null gives null.
   ///
   /// Errors: those of the text conversion; "VORTIL:vg:ColorBase:BadColorValue" for a number that is
   /// not from 0 to 1; "VORTIL:vg:dt_conv:ValueMustBe3ElementVector" for another number of elements;

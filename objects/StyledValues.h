@@ -1,0 +1,52 @@
+#pragma once
+
+/// What the types do alike whose value is numbers or a word: the style of a value is an entry of
+/// its table, Value::StyleTable, and Value::kNumeric is the style in which the numbers are the
+/// value.
+
+#include "HostText.h"
+
+#include <vcos/COSValue.h>
+#include <vx/array.h>
+
+#include <optional>
+
+namespace graphics::datatype {
+
+template <class Value>
+using StyleOf = typename Value::StyleTable::value;
+
+/// The style that a text names; none if it names none.
+template <class Value>
+std::optional<StyleOf<Value>> styleNamed(const char* text) {
+  const std::optional<vcos::COSValue> style = Value::StyleTable::getInstance()->findEnumValue(text);
+  if (!style) return std::nullopt;
+  return static_cast<StyleOf<Value>>(style->template asInteger<int>());
+}
+
+/// The word of a value's style; null for a number that is no style.
+template <class Value>
+const char* wordOf(const Value& value) {
+  return Value::StyleTable::getInstance()->getEnumString(
+      vcos::COSValue::fromInteger(int{value.getStyle()}));
+}
+
+/// The text of a word: `writeNumbers(value)` copies that of the numbers.
+template <class Value, class WriteNumbers>
+vcos::COSValue textOf(vcos::COSValue word, WriteNumbers&& writeNumbers) {
+  if (word.isNull()) return word;
+  const auto& value = *word.asPointer<const Value>();
+  return vcos::COSValue::fromPointer(value.getStyle() == Value::kNumeric ? writeNumbers(value)
+                                                                         : copyText(wordOf(value)));
+}
+
+/// The array of a word: `newNumbers(value)` makes that of the numbers.
+template <class Value, class NewNumbers>
+vcos::COSValue arrayOf(vcos::COSValue word, NewNumbers&& newNumbers) {
+  if (word.isNull()) return vcos::COSValue::fromPointer(vxCreateDoubleMatrix(0, 0, vxREAL));
+  const auto& value = *word.asPointer<const Value>();
+  return vcos::COSValue::fromPointer(
+      value.getStyle() == Value::kNumeric ? newNumbers(value) : vxCreateString(wordOf(value)));
+}
+
+}  // namespace graphics::datatype
