@@ -139,7 +139,7 @@ TEST_F(Eval, PassesOnWhatIsPrintedAndWarnedOf) {
   EXPECT_THAT(replyTo(R"({"type":"Probe","text":"quiet"})"), Not(HasSubstr("console")));
   std::ostringstream output;
   std::ostringstream errors;
-  const Console console{output, errors, Style(false), Style(false)};
+  const Console console{output, errors, Style(ColorDepth::None), Style(ColorDepth::None)};
   EXPECT_EQ(convertValue(console, "Probe", {GivenValue::Route::Text, "!talk"}, false), kDone);
   EXPECT_EQ(errors.str(), "  console     first\n              second\n");
 }

@@ -1,6 +1,7 @@
 #include "text/ShapedWords.h"
 
 #include "ArrayElements.h"
+#include "text/NumberText.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -140,12 +141,8 @@ std::string placeOf(std::size_t index, const vxArray* array) {
 }
 
 std::string elementText(const vxArray* array, std::size_t index) {
-  return withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) -> std::string {
-    const T element = elementsOf<T>(array)[index];
-    const auto number = static_cast<double>(element);
-    if (std::isnan(number)) return "NaN";
-    if (std::isinf(number)) return number < 0 ? "-Inf" : "Inf";
-    return fmt::format("{}", +element);
+  return withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) {
+    return numberText(elementsOf<T>(array)[index]);
   });
 }
 
