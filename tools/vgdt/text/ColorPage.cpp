@@ -46,7 +46,7 @@ li {
 }
 .words { display: block; padding: .6rem .8rem .7rem; overflow-wrap: anywhere; }
 .words > * { display: block; }
-bdi { font-weight: 600; white-space: pre-wrap; }
+bdi { font-weight: 600; text-align: left; white-space: pre-wrap; }
 @media (max-width: 30rem) {
   li { display: flex; }
   .swatch { flex: none; width: 6rem; height: auto; border: solid var(--line); border-width: 0 1px 0 0; }
@@ -67,7 +67,7 @@ constexpr std::string_view kTail = R"(</ul>
 )";
 
 /// How much of a name is shown, in columns.
-constexpr std::size_t kNameWidth = 200;
+constexpr std::size_t kNameWidth = 80;
 
 std::string escaped(std::string_view text) {
   std::string result;
@@ -107,7 +107,8 @@ void writeColorPage(std::ostream& output, const ColorNameTable::ColorMap& colors
   output << kHead
          << fmt::format(
                 "<p>{} names, with red, green and blue from 0 to 1, and as bytes in hexadecimal. A "
-                "colour is found by any text that begins its name and no other.</p>\n<ul>\n",
+                "colour is found by its name, and by any beginning that no other name "
+                "has.</p>\n<ul>\n",
                 colors.size());
   for (const auto& [name, color] : colors)
     output << entryOf(name, color);
