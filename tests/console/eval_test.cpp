@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <graphics/datatype/ColorNameTable.h>
 #include <graphics/datatype/vgdatatypes.h>
 #include <messages/ustring.h>
 
@@ -6,9 +7,11 @@
 #include "commands/Commands.h"
 #include "requests/Eval.h"
 #include "support/FailingNew.h"
+#include "text/ColorPage.h"
 #include "text/Examples.h"
 
 #include <boost/interprocess/streams/bufferstream.hpp>
+#include <cmath>
 #include <nlohmann/json.hpp>
 #include <random>
 #include <sstream>
@@ -17,6 +20,7 @@ namespace {
 
 using namespace vgdt;
 using namespace std::string_literals;
+using graphics::datatype::ColorNameTable;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -26,6 +30,9 @@ using testing::StartsWith;
 #define OFF                                                    \
   R"({"null":false,"word":"0x0000000000000000","text":"off",)" \
   R"("array":{"class":"char","dims":[1,3],"rows":["off"]}})"
+
+constexpr auto kText = GivenValue::Route::Text;
+constexpr auto kArray = GivenValue::Route::Array;
 
 class Eval : public testing::Test {
  protected:
@@ -139,8 +146,8 @@ TEST_F(Eval, PassesOnWhatIsPrintedAndWarnedOf) {
   EXPECT_THAT(replyTo(R"({"type":"Probe","text":"quiet"})"), Not(HasSubstr("console")));
   std::ostringstream output;
   std::ostringstream errors;
-  const Console console{output, errors, Style(false), Style(false)};
-  EXPECT_EQ(convertValue(console, "Probe", {GivenValue::Route::Text, "!talk"}, false), kDone);
+  const Console console{output, errors, Style(ColorDepth::None), Style(ColorDepth::None)};
+  EXPECT_EQ(convertValue(console, "Probe", {kText, "!talk"}, false), kDone);
   EXPECT_EQ(errors.str(), "  console     first\n              second\n");
 }
 
@@ -161,8 +168,12 @@ TEST_F(Eval, FindsTwoOrThreeValuesThatATypeTakesAndAsManyThatItRefuses) {
   for (const Type& type : libraryTypes()) {
     if (type.name == "Probe") continue;  // takes nearly everything
     const Examples examples = findExamples(type);
-    for (const std::size_t count : {examples.taken.size(), examples.refused.size()})
-      EXPECT_THAT(count, testing::AllOf(testing::Ge(2U), testing::Le(3U))) << type.name;
+    const auto isTwoOrThree = testing::AllOf(testing::Ge(2U), testing::Le(3U));
+    EXPECT_THAT(examples.taken.size(), isTwoOrThree) << type.name;
+    if (type.name == "ColorTable")
+      EXPECT_TRUE(examples.refused.empty()) << "it takes every array";
+    else
+      EXPECT_THAT(examples.refused.size(), isTwoOrThree) << type.name;
   }
 }
 
@@ -191,6 +202,8 @@ TEST_F(Eval, RefusesARequestThatIsWrongAndServesTheNext) {
       {"java", {on + R"(,"java":1)"}},
       {"the ops are value, describe, types", {R"("op":"colour","name":"red")"}},
       {"op", {R"("op":["types"])"}},
+      {"are id, op, name", {R"("op":"color","type":"x")", R"("op":"color","name":"b","text":"")"}},
+      {R"(\"name\")", {R"("op":"color","name":null)", R"("op":"color","name":"b\u0000")"}},
       {"Text", {on + R"(,"Text":"on")"}},
       {"twice", {on + R"(,"text":"on")", R"("type":"on_off","text":{"a":1,"b":{},"a":2})"}},
       {"64", {R"("type":"on_off","text":)" + tooDeep}},
@@ -246,9 +259,10 @@ TEST_F(Eval, EndsWhatItMadeAndSaysThatMemoryHasRunOutWhicheverAllocationFails) {
         R"({"type":"Probe","text":"!leave"})", R"({"type":"Probe","text":"!talk"})",
         R"({"op":"describe","type":"Probe","id":"a text that is too long to be short"})",
         R"-({"type":"NumericMatrix","array":"reshape([1:90 ones(1,9910)],100,100)"})-",
-        R"-({"type":"NumericMatrix","array":"{1,'a',struct('b',{true})}"})-",
-        R"({"op":"describe","type":"MarkerStyle"})", R"({"type":"Units","array":"'nonesuch'"})",
-        R"({"type":"nonesuch","text":""})", R"({"id":{"b":[1,2],"a":[[]]}})"}) {
+        R"-({"type":"NumericMatrix","array":"{1,'a',struct('b',{true})}"})-", R"({"op":"color"})",
+        R"({"op":"color","name":"bl"})", R"({"op":"describe","type":"MarkerStyle"})",
+        R"({"type":"Units","array":"'nonesuch'"})", R"({"type":"nonesuch","text":""})",
+        R"({"id":{"b":[1,2],"a":[[]]}})"}) {
     EXPECT_EQ(newsOfWriting(line), 0U) << line;
     const std::string good = written();
     const std::size_t arrays = vghost::liveArrays();
@@ -298,6 +312,83 @@ TEST_F(Eval, WritesTextsOfAnyLengthAndAnyBytes) {
   }
 }
 
+class Colors : public Eval {
+ protected:
+  void SetUp() override {
+    replyTo(R"-({"type":"ColorTable","array":"struct('Pink',[1 0.5 0],'hot',[1 2 0 4])"})-");
+    ColorNameTable& table = *ColorNameTable::getInstance();
+    table.addNamedColor("a<%s\"é", NAN, -INFINITY, 0.5, true);
+    table.addNamedColor("navy", 0, 0, 0.5, true);
+  }
+  void TearDown() override { ColorNameTable::getInstance()->reset(); }
+};
+
+TEST_F(Colors, AreLookedUpAndListedWhateverTheirNamesAndNumbers) {
+  const std::pair<const char*, const char*> kCases[] = {
+      {R"({"op":"color","name":"RE","id":2})",
+       R"({"id":2,"ok":true,"inTable":true,"rgb":[1,0,0]})"},
+      {R"({"op":"color","name":"A<%S\"é"})",
+       R"({"ok":true,"inTable":true,"rgb":["NaN","-Inf",0.5]})"},
+      {R"({"op":"color","name":"Pink"})", R"({"ok":true,"inTable":false,"missing":true})"},
+      {R"({"op":"color","name":" red"})", R"({"ok":true,"inTable":false,"missing":true})"},
+      {R"({"op":"color","name":"bl"})",
+       R"({"ok":true,"inTable":true,"ambiguous":true,"console":["graphics::datatype::)"
+       R"(ColorNameTable::getColorValue ambiguous name: bl"]})"},
+  };
+  for (const auto& [request, reply] : kCases)
+    EXPECT_EQ(replyTo(request), reply);
+  EXPECT_THAT(replyTo(R"({"op":"color"})"),
+              StartsWith(R"({"ok":true,"colors":[{"name":"Pink","rgb":[1,0.5,0]},)"
+                         R"({"name":"a<%s\"é","rgb":["NaN","-Inf",0.5]},{"name":"b","rgb":)"));
+  std::ostringstream page;
+  writeColorPage(page, ColorNameTable::getInstance()->getColorMap());
+  EXPECT_THAT(page.str(), testing::AllOf(HasSubstr("undrawn\"></span><span class=\"words\"><bdi>"
+                                                   "a&lt;%s\"é</bdi><code>[NaN -Inf 0.5]"),
+                                         HasSubstr("background: #ff8000\"></span>")));
+}
+
+TEST_F(Colors, AreRefusedWithWhatWasWrong) {
+  const std::pair<std::vector<GivenValue>, const char*> kCases[] = {
+      {{{kArray, "[1 2 0]"}, {kText, "[1 2 0]"}}, "refused     green is 2; a channel is a number"},
+      {{{kText, "[0 0 0 NaN]"}, {kArray, "[0 0 0 NaN]"}}, "refused     alpha is NaN; a channel"},
+      {{{kText, "hot"}, {kArray, "'HO'"}}, "the colour name \"hot\": green is 2; a channel"},
+      {{{kArray, "[1 0]"}}, "refused     it has 2 elements, not 3 or 4\n"},
+      {{{kText, "[1 0]"}}, "refused     its size is 1-by-2, not 1-by-3 or 1-by-4\n"},
+      {{{kText, "1 0 0"}}, "numbers stand in brackets\n"},
+      {{{kText, "[1 0 0"}}, "the brackets do not hold rows of numbers\n"},
+      {{{kArray, "{1,0}"}},
+       "its class is cell, not double, logical or char\n              it has 2"},
+      {{{kText, "bl"}}, "ambiguous   between black and blue\n"},
+      {{{kText, "N"}}, "ambiguous   between the style none and navy\n"},
+      {{{kText, "gren"}, {kText, " green "}, {kArray, "'grene'"}}, "did you mean \"green\"?"},
+      {{{kText, "nonne"}}, "did you mean \"none\"?"},
+      {{{kText, "PINK"}}, "no text finds a name with capitals"},
+      {{{kText, "col"}}, "the word \"color\" stands for numbers"},
+      {{{kText, ""}, {kText, " \t"}, {kArray, "''"}, {kArray, "char(0)"}}, "the text is empty\n"},
+  };
+  const auto expect = [](const char* type, const GivenValue& given, const char* words) {
+    std::ostringstream output;
+    const Console console{output, output, Style(ColorDepth::None), Style(ColorDepth::None)};
+    EXPECT_EQ(convertValue(console, type, given, false), kRefused);
+    EXPECT_THAT(output.str(), HasSubstr(words)) << type << ' ' << given.content;
+  };
+  for (const auto& [values, words] : kCases)
+    for (const GivenValue& given : values)
+      expect("RGBAColor", given, words);
+  const std::tuple<const char*, const char*, const char*> kOthers[] = {
+      {"MarkerColor", "single([0 0.5 1.1])", "blue is 1.1; a channel"},
+      {"MarkerColor", "true", "its class is logical, not numeric or char"},
+      {"MarkerColor", "uint8([1 2 3 4])", "it has 4 elements, not 3\n"},
+      {"MeshColor", "'texturmap'", "did you mean \"texturemap\"?"},
+      {"MeshAlpha", "uint8(2)", "alpha is 2; it is a number from 0 to 1\n"},
+      {"MeshAlpha", "'-0.5x'", "alpha is -0.5; it is"},
+      {"MeshAlpha", "'AL'", "the word \"alpha\" stands for numbers"},
+      {"MeshAlpha", "'interpp'", "did you mean \"interp\"?"},
+  };
+  for (const auto& [type, literal, words] : kOthers)
+    expect(type, {kArray, literal}, words);
+}
+
 TEST_F(Eval, ReportsTheWorstOutcomeInTheStatus) {
   EXPECT_TRUE(repliesTo("\n  \n\t\r\n").empty());
   EXPECT_EQ(status_, kDone);
@@ -314,15 +405,18 @@ TEST_F(Eval, TabulatesRequestsForPeople) {
       "{\"op\":\"value\",\"type\":\"on_off\",\"text\":\"on\"}\n"
       "{\"type\":\"Probe\",\"array\":\"'!invalid'\"}\n"
       "{\"type\":\"on_off\",\"text\":\"on\",\"equals\":{\"word\":\"null\"}}\n"
+      "{\"op\":\"color\",\"name\":\"x\"}\n"
       "x\ty\x1b\n");
   std::ostringstream output;
   EXPECT_EQ(tabulateLines(input, output), kNotUnderstood);
-  EXPECT_EQ(output.str(),
-            "#  type    given                    outcome  message\n"
-            "1  on_off  text \"on\"                ok on\n"
-            "2  Probe   array '!invalid'         C:d      out of range\n"
-            "3  on_off  text \"on\" = word \"null\"  ok on    not equal, compare 1\n"
-            "4          x\\ty\\x1b                 request  the line is not valid JSON (byte 1)\n");
+  EXPECT_EQ(
+      output.str(),
+      "#  type    given                    outcome      message\n"
+      "1  on_off  text \"on\"                ok on\n"
+      "2  Probe   array '!invalid'         C:d          out of range\n"
+      "3  on_off  text \"on\" = word \"null\"  ok on        not equal, compare 1\n"
+      "4          \"color\" \"x\"              ok, missing\n"
+      "5          x\\ty\\x1b                 request      the line is not valid JSON (byte 1)\n");
 }
 
 }  // namespace

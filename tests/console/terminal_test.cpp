@@ -8,12 +8,27 @@ namespace {
 
 using namespace vgdt;
 
-TEST(Colour, IsForTerminalsThatHaveNotRefusedIt) {
-  EXPECT_TRUE(wantsColour(true, nullptr, "xterm"));
-  EXPECT_TRUE(wantsColour(true, "", nullptr));
-  EXPECT_FALSE(wantsColour(false, nullptr, "xterm"));
-  EXPECT_FALSE(wantsColour(true, "1", "xterm"));
-  EXPECT_FALSE(wantsColour(true, nullptr, "dumb"));
+TEST(Color, IsForTerminalsThatHaveNotRefusedIt) {
+  EXPECT_EQ(colorDepth(true, nullptr, "xterm", "truecolor"), ColorDepth::True);
+  EXPECT_EQ(colorDepth(true, nullptr, "xterm", "24bit"), ColorDepth::True);
+  EXPECT_EQ(colorDepth(true, nullptr, "xterm", nullptr), ColorDepth::Palette);
+  EXPECT_EQ(colorDepth(true, "", nullptr, "yes"), ColorDepth::Palette);
+  EXPECT_EQ(colorDepth(false, nullptr, "xterm", "truecolor"), ColorDepth::None);
+  EXPECT_EQ(colorDepth(true, "1", "xterm", "truecolor"), ColorDepth::None);
+  EXPECT_EQ(colorDepth(true, nullptr, "dumb", "truecolor"), ColorDepth::None);
+}
+
+TEST(Color, IsTheNearestThatATerminalHas) {
+  const std::pair<gui_objects::Color4b, const char*> kCases[] = {
+      {{0, 0, 0, 255}, "48;5;16"},        {{255, 255, 255, 255}, "48;5;231"},
+      {{255, 128, 0, 255}, "48;5;208"},   {{128, 128, 128, 255}, "48;5;244"},
+      {{240, 240, 240, 255}, "48;5;255"}, {{116, 117, 5, 255}, "48;5;100"},
+  };
+  for (const auto& [color, code] : kCases)
+    EXPECT_EQ(Style(ColorDepth::Palette).onColor("a", color),
+              "\033[" + std::string(code) + "ma\033[0m");
+  EXPECT_EQ(Style(ColorDepth::True).onColor("a", {1, 20, 255, 255}), "\033[48;2;1;20;255ma\033[0m");
+  EXPECT_EQ(Style(ColorDepth::None).onColor("a", {1, 20, 255, 255}), "a");
 }
 
 TEST(NearestName, IsTwoLettersAwayAtMostAndFewerThanHalf) {

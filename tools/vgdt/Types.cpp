@@ -2,7 +2,6 @@
 
 #include "Errors.h"
 #include "text/Nearest.h"
-#include "text/ShapedWords.h"
 #include "text/TextDisplay.h"
 
 #include <fmt/format.h>
@@ -10,7 +9,6 @@
 #include <vcos/COSPackage.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <unordered_map>
 
 namespace vgdt {
@@ -81,24 +79,6 @@ class PossibleValues {
   vcos::Enumeration<vcos::COSValue> values_;
 };
 
-bool isEnumerated(const Type& type) {
-  return dynamic_cast<const graphics::datatype::VGTypedEnumStringType*>(&type.access.dataType());
-}
-
-/// By the name and the size of the type, which say what its text conversion reads.
-std::string acceptedTexts(const Type& scalar) {
-  if (scalar.name == "string") return "any text";
-  const std::size_t bits = scalar.access.dataType().getSizeInBits();
-  if (bits == 8) return "one character of one byte";
-  const std::uint64_t max = UINT64_MAX >> (64 - bits);
-  if (scalar.name.starts_with("uint"))
-    return fmt::format("a whole number up to {}; -1 stands for that, -2 for the one before it",
-                       max);
-  if (scalar.name.starts_with("int"))
-    return fmt::format("a whole number, -{} to {}", max / 2 + 1, max / 2);
-  return "a number, or nan, inf, infinity: all in lower or all in upper case";
-}
-
 }  // namespace
 
 std::vector<Type> libraryTypes() {
@@ -129,11 +109,8 @@ Type requireType(const std::string& name) {
       nearest ? fmt::format("did you mean \"{}\"?", *nearest) : "\"types\" lists those there are"));
 }
 
-std::string familyOf(const Type& type) {
-  if (type.isScalar) return "scalar";
-  if (type.isImmediate()) return "logical";
-  if (shapedRules(type)) return "shaped";
-  return isEnumerated(type) ? "enumerated" : "other";
+bool isEnumerated(const Type& type) {
+  return dynamic_cast<const graphics::datatype::VGTypedEnumStringType*>(&type.access.dataType());
 }
 
 std::vector<std::string> possibleValueTexts(const Type& type) {
@@ -154,16 +131,6 @@ std::vector<std::string> namesAbbreviatedBy(const std::string& text, const Type&
 
 const graphics::datatype::shaped::ShapedType* shapedRules(const Type& type) {
   return type.isScalar ? nullptr : graphics::datatype::shaped::findShapedType(type.name);
-}
-
-std::vector<std::string> acceptedValues(const Type& type) {
-  const vcos::COSDataType& dataType = type.access.dataType();
-  if (dataType.isPossibleValuesFinite())
-    return {fmt::format("{}", fmt::join(possibleValueTexts(type), ", "))};
-  if (type.isScalar) return {acceptedTexts(type)};
-  if (const auto* rules = shapedRules(type)) return acceptedWays(*rules);
-  const char* description = dataType.getPossibleValuesDescription();
-  return description ? std::vector<std::string>{description} : std::vector<std::string>();
 }
 
 }  // namespace vgdt

@@ -26,8 +26,8 @@ std::vector<std::string> libraryTypeNames();
 /// if there is none of that name, or none that has a text form.
 Type requireType(const std::string& name);
 
-/// The family that a type belongs to.
-std::string familyOf(const Type& type);
+/// Whether its values are the names of a table.
+bool isEnumerated(const Type& type);
 
 /// The texts of the values of a finite type, in the type's order; empty for the others.
 std::vector<std::string> possibleValueTexts(const Type& type);
@@ -38,8 +38,5 @@ std::vector<std::string> namesAbbreviatedBy(const std::string& text, const Type&
 
 /// The rules of a shaped array type; null for the other types.
 const graphics::datatype::shaped::ShapedType* shapedRules(const Type& type);
-
-/// What the type takes, in a few words for each way; empty if it does not say.
-std::vector<std::string> acceptedValues(const Type& type);
 
 }  // namespace vgdt

@@ -27,6 +27,7 @@ class CommandLine {
     addDescribe();
     addConvert();
     addEval();
+    addColors();
   }
 
   int run(int argc, char** argv) {
@@ -76,8 +77,8 @@ class CommandLine {
     return command;
   }
 
-  void addJsonFlag(CLI::App* command) {
-    command->add_flag("--json", asJson_, "Print JSON, as a reply of eval");
+  CLI::Option* addJsonFlag(CLI::App* command) {
+    return command->add_flag("--json", asJson_, "Print JSON, as a reply of eval");
   }
 
   void addTypes() {
@@ -122,6 +123,17 @@ class CommandLine {
     command->callback([this] { chosen_ = [this] { return evaluate(console_, file_, asTable_); }; });
   }
 
+  void addColors() {
+    CLI::App* command = addCommand("colors", "List the colour names",
+                                   "  vgdt colors\n  vgdt colors --html colours.html\n"
+                                   "  vgdt colors --json");
+    CLI::Option* page = command->add_option("--html", page_, "Write a page for a browser instead");
+    page->type_name("FILE");
+    addJsonFlag(command)->excludes(page);
+    command->callback(
+        [this] { chosen_ = [this] { return listColors(console_, page_, asJson_); }; });
+  }
+
   void addTypeName(CLI::App* command) {
     command->add_option("TYPE", typeName_, "Name of a type")->type_name("")->required();
   }
@@ -155,6 +167,7 @@ class CommandLine {
   std::optional<std::string> literal_;
   std::optional<std::string> text_;
   std::optional<std::string> file_;
+  std::optional<std::string> page_;
   bool asJson_ = false;
   bool asTable_ = false;
 };
@@ -169,8 +182,8 @@ std::string textOf(const Failure& failure) {
 int main(int argc, char** argv) {
   // With buffers of their own, the streams are faster and tell a read error from the end.
   std::ios::sync_with_stdio(false);
-  const Console console{std::cout, std::cerr, Style(wantsColour(STDOUT_FILENO)),
-                        Style(wantsColour(STDERR_FILENO))};
+  const Console console{std::cout, std::cerr, Style(colorDepth(STDOUT_FILENO)),
+                        Style(colorDepth(STDERR_FILENO))};
   int status = kDone;
   const auto failure = failureOf([&] { status = CommandLine(console).run(argc, argv); });
   if (failure) {

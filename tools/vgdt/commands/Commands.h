@@ -13,6 +13,9 @@ ExitStatus listTypes(const Console& console, const std::optional<std::string>& f
 ExitStatus describeType(const Console& console, const std::string& name, bool asJson);
 ExitStatus convertValue(const Console& console, const std::string& name, const GivenValue& given,
                         bool asJson);
+/// Lists the colour names, or writes a page of them to the file `page`, which "-" names as standard
+/// output.
+ExitStatus listColors(const Console& console, const std::optional<std::string>& page, bool asJson);
 /// From the file of that name; from standard input without one.
 ExitStatus evaluate(const Console& console, const std::optional<std::string>& file, bool asTable);
 

@@ -35,10 +35,13 @@ void HostOutput::print(std::ostream& stream) const {
 }
 
 std::string defaultText(const Type& type) {
-  const vcos::COSValue value = type.access.dataType().getDefaultValue();
+  constexpr const char* kNone = "no value";
+  const vcos::COSDataType& dataType = type.access.dataType();
+  const vcos::COSValue value = dataType.getDefaultValue();
+  if (dataType.getValueSizeInBytes(value) == 0) return kNone;
   if (const auto text = textOf(type, value)) return *text;
   const vcos::ArrayOwner array = arrayOf(type, value);
-  return array ? formatLiteral(array.get(), kMaxElements) : "no value";
+  return array ? formatLiteral(array.get(), kMaxElements) : kNone;
 }
 
 }  // namespace vgdt

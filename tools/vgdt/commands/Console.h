@@ -24,6 +24,8 @@ struct Console {
 
 /// How many elements of an array a person is shown.
 inline constexpr std::size_t kMaxElements = 100;
+/// How many columns of a value a person is shown where it is not what was asked for.
+inline constexpr std::size_t kColumns = 70;
 
 /// "vgdt: there is no ...". As all texts that follow, the problem is shown as onOneLine() shows it.
 void reportProblem(const Console& console, std::string_view problem);
@@ -48,7 +50,7 @@ class HostOutput {
   vghost::WarningCapture warnings_;
 };
 
-/// The default value as text, or else as its array.
+/// The default value as text, or else as its array; a type of 0 bytes has none.
 std::string defaultText(const Type& type);
 
 }  // namespace vgdt

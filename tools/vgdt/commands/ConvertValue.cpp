@@ -2,36 +2,18 @@
 #include "literal/Literal.h"
 #include "literal/LiteralPrinter.h"
 #include "requests/Requests.h"
-#include "text/Nearest.h"
-#include "text/ShapedWords.h"
 #include "text/TextDisplay.h"
+#include "text/TypeWords.h"
 
 #include <fmt/format.h>
-#include <gui_objects/convert_from_string_utils.h>
+
+#include <algorithm>
 
 namespace vgdt {
 namespace {
 
-constexpr std::size_t kColumns = 70;
-
 const char* memberOf(GivenValue::Route route) {
   return route == GivenValue::Route::Text ? "text" : "array";
-}
-
-/// What stands where a name is expected: the given text, or the text of the given char array.
-std::optional<std::string> nameTried(const GivenValue& given, const vxArray* array) {
-  if (given.route == GivenValue::Route::Text) return given.content;
-  if (!array || vxGetClassID(array) != vxCHAR_CLASS) return std::nullopt;
-  return vxArrayToStdString(array);
-}
-
-/// The array that a shaped array type has read from a text.
-vcos::ArrayOwner arrayOfText(const graphics::datatype::shaped::ShapedType& rules,
-                             const std::string& content) {
-  namespace convert = gui_objects::convert_from_string_utils;
-  const char* const text = content.c_str();
-  const auto [rows, columns] = convert::parse_array_dimensions(text);
-  return vcos::ArrayOwner(convert::parse_mxn(rows, columns, rules.storageClass, text));
 }
 
 /// A value may have no text, and still be one.
@@ -54,50 +36,37 @@ void printValue(const Console& console, const Type& type, vcos::COSValue word) {
              array ? fmt::format("{}  ({})", literal, sizeAndClass(array.get())) : "none");
 }
 
-/// "a, b and c".
-std::string listed(const std::vector<std::string>& names) {
+/// "a, b and c", of many the first few.
+std::string listed(std::vector<std::string> names) {
+  constexpr std::size_t kMaxNames = 12;
+  if (const std::size_t count = names.size(); count > kMaxNames) {
+    names.resize(kMaxNames - 1);
+    names.push_back(fmt::format("{} more", count - names.size()));
+  }
+  std::ranges::transform(names, names.begin(), shortened);
   return fmt::format("{} and {}", fmt::join(names.begin(), names.end() - 1, ", "), names.back());
 }
 
-/// Which tests of a shaped array type refused the array, and what it takes.
-void explainShape(const Console& console, const graphics::datatype::shaped::ShapedType& rules,
-                  const GivenValue& given, const vxArray* array, const Failure& failure) {
-  const bool isText = given.route == GivenValue::Route::Text;
-  if (failure.identifier.starts_with("VORTIL:vg:shaped_arrays:")) {
-    const vcos::ArrayOwner ofText = isText ? arrayOfText(rules, given.content) : nullptr;
-    printField(console.errors, "refused", refusals(rules, isText ? ofText.get() : array));
-  }
-  std::vector<std::string> accepted = acceptedWays(rules);
-  if (isText) accepted.insert(accepted.begin(), acceptedText(rules));
-  printField(console.errors, "accepted", accepted);
-}
-
-/// The names that a type takes, and those that were probably meant.
-void explainNames(const Console& console, const Type& type, const GivenValue& given,
-                  const vxArray* array) {
-  const std::optional<std::string> text = nameTried(given, array);
-  const auto candidates = text ? namesAbbreviatedBy(*text, type) : std::vector<std::string>();
-  if (candidates.size() > 1)
-    printField(console.errors, "ambiguous", "between " + listed(candidates));
-  printField(console.errors, "accepted", acceptedValues(type));
-  if (!text || !candidates.empty()) return;
-  if (const auto nearest = nearestName(trimmed(*text), possibleValueTexts(type)))
-    console.errors << fmt::format("  did you mean \"{}\"?\n", *nearest);
-}
-
-/// `array` is what a given literal describes.
-void explainRefusal(const Console& console, const Type& type, const GivenValue& given,
-                    const vxArray* array, const Failure& failure) {
+void explainRefusal(const Console& console, const Refusal& refusal) {
+  const auto& [type, given, array, failure] = refusal;
   reportProblem(console, fmt::format("{} does not take this value", type.name));
   const bool hasIdentifier = !failure.identifier.empty();
   printField(console.errors, "error", hasIdentifier ? failure.identifier : nameOf(failure.kind));
   if (!failure.message.empty()) printField(console.errors, "message", failure.message);
   printField(console.errors, "given",
              given.content.empty() ? "''" : onOneLine(given.content, kColumns));
-  if (const auto* rules = shapedRules(type))
-    explainShape(console, *rules, given, array, failure);
-  else
-    explainNames(console, type, given, array);
+  const TypeWords words = wordsOf(type);
+  Explanation explanation;
+  if (failure.kind != FailureKind::Memory) explanation = words.explain(refusal);
+  printField(console.errors, "refused", explanation.faults);
+  if (!explanation.candidates.empty())
+    printField(console.errors, "ambiguous", "between " + listed(explanation.candidates));
+  std::vector<std::string> accepted = words.values;
+  if (given.route == GivenValue::Route::Text)
+    accepted.insert(accepted.begin(), words.texts.begin(), words.texts.end());
+  printField(console.errors, "accepted", accepted);
+  if (explanation.nearest)
+    console.errors << fmt::format("  did you mean \"{}\"?\n", onOneLine(*explanation.nearest));
 }
 
 ExitStatus convertForPeople(const Console& console, const Type& type, const GivenValue& given) {
@@ -116,7 +85,7 @@ ExitStatus convertForPeople(const Console& console, const Type& type, const Give
     reportProblem(console, error.what());
     return kNotUnderstood;
   } catch (...) {
-    explainRefusal(console, type, given, array.get(), currentFailure());
+    explainRefusal(console, {type, given, array.get(), currentFailure()});
     return kRefused;
   }
 }

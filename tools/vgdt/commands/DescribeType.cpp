@@ -1,8 +1,8 @@
 #include "commands/Commands.h"
 #include "requests/Requests.h"
 #include "text/Examples.h"
-#include "text/ShapedWords.h"
 #include "text/TextDisplay.h"
+#include "text/TypeWords.h"
 
 #include <fmt/format.h>
 
@@ -18,16 +18,17 @@ void printTrials(const Console& console, std::string_view title, const std::vect
   for (const Trial& trial : trials)
     width = std::max(width, displayWidth(trial.given));
   for (const Trial& trial : trials)
-    console.output << "  " << padded(onOneLine(trial.given), width + 2) << onOneLine(trial.outcome)
-                   << '\n';
+    console.output << "  " << padded(onOneLine(trial.given), width + 2)
+                   << onOneLine(trial.outcome, kColumns) << '\n';
 }
 
 void printDescription(const Console& console, const Type& type) {
   const TypeForm form = typeForm(type);
+  const TypeWords words = wordsOf(type);
   console.output << console.outputStyle.heading(type.name) << '\n';
   const std::pair<const char*, std::string> fields[] = {
       {"full name", form.dottedName},
-      {"family", familyOf(type)},
+      {"family", words.family},
       {"category", form.category},
       {"declared as", form.declarationName},
       {"storage", fmt::format("type {}", form.storageType)},
@@ -38,9 +39,8 @@ void printDescription(const Console& console, const Type& type) {
   };
   for (const auto& [name, value] : fields)
     printField(console.output, name, value);
-  printField(console.output, "values", acceptedValues(type));
-  if (const auto* rules = shapedRules(type))
-    printField(console.output, "texts", acceptedText(*rules));
+  printField(console.output, "values", words.values);
+  printField(console.output, "texts", words.texts);
   const Examples examples = findExamples(type);
   printTrials(console, "takes", examples.taken);
   printTrials(console, "refuses", examples.refused);

@@ -1,7 +1,7 @@
 #include "commands/Commands.h"
-#include "text/ShapedWords.h"
 #include "text/Table.h"
 #include "text/TextDisplay.h"
+#include "text/TypeWords.h"
 
 #include <fmt/format.h>
 
@@ -10,22 +10,18 @@
 namespace vgdt {
 namespace {
 
-std::string valuesInShort(const Type& type) {
-  const auto* rules = shapedRules(type);
-  return rules ? acceptedInShort(*rules) : fmt::format("{}", fmt::join(acceptedValues(type), "; "));
-}
-
 std::vector<std::string> rowOf(const Type& type) {
   const vcos::COSDataType& dataType = type.access.dataType();
-  return {type.name, familyOf(type), onOneLine(defaultText(type), 20),
+  const TypeWords words = wordsOf(type);
+  return {type.name, words.family, onOneLine(defaultText(type), 20),
           std::to_string(dataType.getValueSizeInBytes(dataType.getDefaultValue())),
-          onOneLine(valuesInShort(type), 60)};
+          onOneLine(words.inShort, 60)};
 }
 
 bool isFamily(const std::string& family, const std::vector<Type>& types, const Console& console) {
   std::set<std::string> known;
   for (const Type& type : types)
-    known.insert(familyOf(type));
+    known.insert(wordsOf(type).family);
   if (known.contains(family)) return true;
   reportProblem(console, fmt::format("there is no family \"{}\"; the families are {}",
                                      shortened(family), fmt::join(known, ", ")));
@@ -41,7 +37,7 @@ ExitStatus listTypes(const Console& console, const std::optional<std::string>& f
   Table table({"name", "family", "default", "bytes", "values"});
   TypeNames names;
   for (const Type& type : types) {
-    if (family && familyOf(type) != *family) continue;
+    if (family && wordsOf(type).family != *family) continue;
     table.add(rowOf(type));
     names.push_back(type.name);
   }

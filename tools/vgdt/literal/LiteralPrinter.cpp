@@ -1,6 +1,7 @@
 #include "literal/LiteralPrinter.h"
 
 #include "ArrayElements.h"
+#include "text/NumberText.h"
 
 #include <fmt/format.h>
 #include <messages/ustring.h>
@@ -34,20 +35,6 @@ std::string called(std::string_view function, std::string_view argument) {
   return fmt::format("{}({})", function, argument);
 }
 
-template <class T>
-std::string elementText(T value) {
-  if constexpr (std::is_same_v<T, bool>) {
-    return value ? "true" : "false";
-  } else {
-    if constexpr (std::is_floating_point_v<T>) {
-      if (std::isnan(value)) return "NaN";
-      if (std::isinf(value)) return value < 0 ? "-Inf" : "Inf";
-    }
-    char digits[32];
-    return {digits, std::to_chars(std::begin(digits), std::end(digits), value).ptr};
-  }
-}
-
 /// "a b; c d" from the texts of the elements; an array of more dimensions is written as one row.
 template <class ElementText>
 std::string rowsText(const vxArray* array, std::string_view separator, ElementText&& textAt) {
@@ -66,7 +53,7 @@ std::string rowsText(const vxArray* array, std::string_view separator, ElementTe
 
 template <class T>
 std::string bracketed(const vxArray* array, std::span<const T> elements) {
-  const auto textAt = [elements](std::size_t i) { return elementText(elements[i]); };
+  const auto textAt = [elements](std::size_t i) { return numberText(elements[i]); };
   if (elements.size() == 1) return textAt(0);
   return '[' + rowsText(array, " ", textAt) + ']';
 }
@@ -169,7 +156,7 @@ class Printer {
     withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) {
       const auto elements = elementsOf<T>(array);
       for (const T element : elements.first(std::min(count, kShownNumbers)))
-        text += elementText(element) + ' ';
+        text += numberText(element) + ' ';
     });
     return fmt::format("[{}... {} elements]", text, count);
   }

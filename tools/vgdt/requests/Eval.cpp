@@ -2,6 +2,7 @@
 
 #include "requests/JsonForms.h"
 #include "requests/LineReader.h"
+#include "text/ColorForms.h"
 #include "text/Table.h"
 #include "text/TextDisplay.h"
 
@@ -50,8 +51,12 @@ std::string shownText(const ValueForm& value) {
 std::string outcomeText(const Reply& reply) {
   if (const auto* failure = std::get_if<Failure>(&reply.answer))
     return failure->identifier.empty() ? nameOf(failure->kind) : failure->identifier;
-  const auto* answer = std::get_if<ValueAnswer>(&reply.answer);
-  return answer ? "ok " + shownText(answer->value) : "ok";
+  if (const auto* answer = std::get_if<ValueAnswer>(&reply.answer))
+    return "ok " + shownText(answer->value);
+  const auto* answer = std::get_if<ColorAnswer>(&reply.answer);
+  if (!answer) return "ok";
+  if (answer->color) return "ok " + channelsText(*answer->color);
+  return answer->isInTable ? "ok, ambiguous" : "ok, missing";
 }
 
 std::string messageText(const Reply& reply) {
@@ -74,7 +79,10 @@ std::string askedText(std::string_view line, const JsonValue& request) {
   if (!request.isObject()) return std::string(line);
   const std::string asked = routeAndContent(request);
   const JsonValue* operation = request.find("op");
-  if (asked.empty() && operation) return jsonText(*operation);
+  const JsonValue* name = request.find("name");
+  if (asked.empty() && operation)
+    return name ? fmt::format("{} {}", jsonText(*operation), jsonText(*name))
+                : jsonText(*operation);
   const JsonValue* equals = request.find("equals");
   const bool isComparison = equals && equals->isObject();
   return isComparison ? fmt::format("{} = {}", asked, routeAndContent(*equals)) : asked;

@@ -1,9 +1,12 @@
 #include "requests/Reply.h"
 
 #include "requests/JsonForms.h"
+#include "text/ColorForms.h"
 
 namespace vgdt {
 namespace {
+
+using graphics::datatype::ColorNameTable;
 
 /// Writes the members of an answer.
 class AnswerWriter {
@@ -31,8 +34,30 @@ class AnswerWriter {
     writer_.key("types");
     writeTexts(writer_, names);
   }
+  void operator()(const ColorAnswer& answer) {
+    writer_.key("inTable");
+    writer_.boolean(answer.isInTable);
+    if (answer.color) return writeChannels(*answer.color);
+    writer_.key(answer.isInTable ? "ambiguous" : "missing");
+    writer_.boolean(true);
+  }
+  void operator()(const NamedColors& colors) {
+    writer_.key("colors");
+    writeList(writer_, colors, [this](const NamedColors::value_type& entry) {
+      writer_.openObject();
+      writer_.key("name");
+      writer_.text(entry.first);
+      writeChannels(entry.second);
+      writer_.closeObject();
+    });
+  }
 
  private:
+  void writeChannels(const ColorNameTable::ColorValue& color) {
+    writer_.key("rgb");
+    writeList(writer_, channelsOf(color), [this](double channel) { writer_.number(channel); });
+  }
+
   JsonWriter& writer_;
 };
 

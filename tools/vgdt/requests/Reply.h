@@ -6,6 +6,7 @@
 #include "requests/JsonWriter.h"
 #include "requests/TypeForm.h"
 
+#include <graphics/datatype/ColorNameTable.h>
 #include <vx/errors.h>
 
 #include <optional>
@@ -27,10 +28,18 @@ struct ValueAnswer {
 
 using TypeNames = std::vector<std::string>;
 
+/// What the colour name table has for a text.
+struct ColorAnswer {
+  bool isInTable;
+  /// None for a text that is not in the table, and for one that begins several names.
+  std::optional<graphics::datatype::ColorNameTable::ColorValue> color;
+};
+using NamedColors = graphics::datatype::ColorNameTable::ColorMap;
+
 /// What a request comes to. Everything that can fail has been done: to write a reply takes no
 /// memory that grows with it, and no document is made of the arrays in it.
 struct Reply {
-  std::variant<Failure, ValueAnswer, TypeForm, TypeNames> answer = {};
+  std::variant<Failure, ValueAnswer, TypeForm, TypeNames, ColorAnswer, NamedColors> answer = {};
   std::vector<std::string> console = {};       ///< lines that were printed on the host's console
   std::vector<vghost::Warning> warnings = {};  ///< the host's
 

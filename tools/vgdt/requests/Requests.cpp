@@ -5,17 +5,23 @@
 #include "text/TextDisplay.h"
 
 #include <fmt/format.h>
+#include <graphics/datatype/ColorNameTable.h>
+#include <graphics/datatype/exceptions.h>
 #include <ut/console.h>
 #include <vx/errors.h>
 
 #include <algorithm>
+#include <span>
 #include <utility>
 #include <vector>
 
 namespace vgdt {
 namespace {
 
+using graphics::datatype::ColorNameTable;
+
 constexpr const char* kMembers[] = {"id", "op", "type", "text", "array", "word", "equals", "java"};
+constexpr const char* kColorMembers[] = {"id", "op", "name"};
 
 struct RouteRow {
   const char* member;
@@ -32,13 +38,6 @@ const std::string& stringMember(const JsonValue& request, const char* name) {
   if (!member) throw RequestError(fmt::format("\"{}\" is missing", name));
   if (!member->isString()) throw RequestError(fmt::format("\"{}\" has to be a string", name));
   return member->text;
-}
-
-void requireKnownMembers(const JsonValue& request) {
-  for (const auto& [name, member] : request.members)
-    if (std::ranges::find(kMembers, name) == std::end(kMembers))
-      throw RequestError(fmt::format("a request has no member \"{}\"; its members are {}",
-                                     shortened(name), fmt::join(kMembers, ", ")));
 }
 
 void refuseJava(const JsonValue& request) {
@@ -100,15 +99,38 @@ Answer answerTypes(const JsonValue&) {
   return libraryTypeNames();
 }
 
+Answer answerColor(const JsonValue& request) {
+  const ColorNameTable& table = *ColorNameTable::getInstance();
+  if (!request.find("name")) return table.getColorMap();
+  const std::string& name = stringMember(request, "name");
+  if (name.find('\0') != std::string::npos) throw RequestError("\"name\" cannot hold a NUL");
+  if (!table.isNameInTable(name.c_str())) return ColorAnswer{false, std::nullopt};
+  try {
+    return ColorAnswer{true, table.getColorValue(name.c_str())};
+  } catch (const graphics::datatype::AmbiguousNameException&) {
+    return ColorAnswer{true, std::nullopt};
+  }
+}
+
 struct Operation {
   const char* name;
+  std::span<const char* const> members;
   Answer (*answer)(const JsonValue& request);
 };
 constexpr Operation kOperations[] = {
-    {"value", answerValue},
-    {"describe", answerDescribe},
-    {"types", answerTypes},
+    {"value", kMembers, answerValue},
+    {"describe", kMembers, answerDescribe},
+    {"types", kMembers, answerTypes},
+    {"color", kColorMembers, answerColor},
 };
+
+void requireKnownMembers(const JsonValue& request, const Operation& operation) {
+  for (const auto& [name, member] : request.members)
+    if (std::ranges::find(operation.members, name) == operation.members.end())
+      throw RequestError(
+          fmt::format("a request of op \"{}\" has no member \"{}\"; its members are {}",
+                      operation.name, shortened(name), fmt::join(operation.members, ", ")));
+}
 
 template <class Rows>
 std::string namesOf(const Rows& rows) {
@@ -125,7 +147,7 @@ Answer answer(const JsonValue& request) {
   if (operation == std::end(kOperations))
     throw RequestError(fmt::format("there is no op \"{}\"; the ops are {}", shortened(name),
                                    namesOf(kOperations)));
-  requireKnownMembers(request);
+  requireKnownMembers(request, *operation);
   return operation->answer(request);
 }
 

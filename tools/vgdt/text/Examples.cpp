@@ -3,9 +3,10 @@
 #include "Values.h"
 #include "literal/LiteralPrinter.h"
 #include "text/Nearest.h"
-#include "text/ShapedWords.h"
+#include "text/TypeWords.h"
 
 #include <fmt/format.h>
+#include <ut/console.h>
 
 #include <algorithm>
 
@@ -78,9 +79,8 @@ std::vector<GivenValue> samplesFor(const Type& type) {
   if (type.isScalar)
     for (const char* text : kSampleTexts)
       samples.push_back({route, text});
-  if (const auto* rules = shapedRules(type))
-    for (const std::string& literal : sampleLiterals(*rules))
-      samples.push_back({route, literal});
+  for (const std::string& literal : wordsOf(type).samples)
+    samples.push_back({route, literal});
   if (!type.isScalar)
     for (const char* literal : kSampleLiterals)
       samples.push_back({route, literal});
@@ -111,6 +111,7 @@ std::vector<Trial> mostTelling(const std::vector<Trial>& trials) {
 }  // namespace
 
 Examples findExamples(const Type& type) {
+  const vghost::ConsoleCapture unheard;  // nobody asked for what the trials print
   Examples all;
   for (const GivenValue& sample : samplesFor(type)) {
     std::string shown;

@@ -1,9 +1,11 @@
 #include "text/ShapedWords.h"
 
 #include "ArrayElements.h"
+#include "text/NumberText.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
+#include <gui_objects/convert_from_string_utils.h>
 
 #include <algorithm>
 #include <cmath>
@@ -140,12 +142,8 @@ std::string placeOf(std::size_t index, const vxArray* array) {
 }
 
 std::string elementText(const vxArray* array, std::size_t index) {
-  return withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) -> std::string {
-    const T element = elementsOf<T>(array)[index];
-    const auto number = static_cast<double>(element);
-    if (std::isnan(number)) return "NaN";
-    if (std::isinf(number)) return number < 0 ? "-Inf" : "Inf";
-    return fmt::format("{}", +element);
+  return withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) {
+    return numberText(elementsOf<T>(array)[index]);
   });
 }
 
@@ -195,8 +193,8 @@ std::string filledLiteral(const Predicate& predicate, double element) {
   return fmt::format("reshape({},{},{},{})", literal, m, some(rule.n), pages);
 }
 
-}  // namespace
-
+/// Each way in which an array can be a value, such as "n-by-3 double or single, 0 to 1 or NaN (not
+/// complex)". Neighbours that differ only in size are told together.
 std::vector<std::string> acceptedWays(const ShapedType& type) {
   std::vector<std::string> ways = waysOf(type, [](const Predicate& predicate) {
     return contentWords(predicate) + formWords(predicate);
@@ -206,24 +204,7 @@ std::vector<std::string> acceptedWays(const ShapedType& type) {
   return ways;
 }
 
-std::string acceptedInShort(const ShapedType& type) {
-  return fmt::format("{}", fmt::join(waysOf(type, contentWords), "; "));
-}
-
-std::string acceptedText(const ShapedType& type) {
-  return fmt::format(
-      "numbers in brackets, separated by blanks or commas, rows by \";\", read as {}; [] is empty",
-      vxClassName(type.storageClass));
-}
-
-std::vector<std::string> refusals(const ShapedType& type, const vxArray* array) {
-  std::vector<std::string> words;
-  for (const Predicate& predicate : type.predicates)
-    if (const auto faults = findFaults(predicate, array); !faults.empty())
-      words.push_back(fmt::format("{}: {}", predicate.name, fmt::join(faults, "; ")));
-  return words;
-}
-
+/// Literals that the predicates may take, and some that they may not.
 std::vector<std::string> sampleLiterals(const ShapedType& type) {
   std::vector<std::string> literals;
   for (const Predicate& predicate : type.predicates) {
@@ -235,6 +216,46 @@ std::vector<std::string> sampleLiterals(const ShapedType& type) {
     if (scan.has(ElementTest::kWhole32)) literals.push_back(filledLiteral(predicate, 1.5));
   }
   return literals;
+}
+
+/// For each predicate that does not hold, why, such as "isNormalizedColorMap: element 3, at (1,2),
+/// is 2; asked for: 0 to 1 or NaN".
+std::vector<std::string> refusals(const ShapedType& type, const vxArray* array) {
+  std::vector<std::string> words;
+  for (const Predicate& predicate : type.predicates)
+    if (const auto faults = findFaults(predicate, array); !faults.empty())
+      words.push_back(fmt::format("{}: {}", predicate.name, fmt::join(faults, "; ")));
+  return words;
+}
+
+/// The array that the type has read from a text.
+vcos::ArrayOwner arrayOfText(const ShapedType& rules, const std::string& content) {
+  namespace convert = gui_objects::convert_from_string_utils;
+  const char* const text = content.c_str();
+  const auto [rows, columns] = convert::parse_array_dimensions(text);
+  return vcos::ArrayOwner(convert::parse_mxn(rows, columns, rules.storageClass, text));
+}
+
+Explanation explainShape(const Refusal& refusal) {
+  if (!refusal.failure.identifier.starts_with("VORTIL:vg:shaped_arrays:")) return {};
+  const ShapedType& rules = *shapedRules(refusal.type);
+  if (refusal.array) return {.faults = refusals(rules, refusal.array)};
+  const vcos::ArrayOwner ofText = arrayOfText(rules, refusal.given.content);
+  return {.faults = refusals(rules, ofText.get())};
+}
+
+}  // namespace
+
+TypeWords shapedWords(const ShapedType& type) {
+  return {
+      .family = "shaped",
+      .inShort = fmt::format("{}", fmt::join(waysOf(type, contentWords), "; ")),
+      .values = acceptedWays(type),
+      .texts = {fmt::format("numbers in brackets, separated by blanks or commas, rows by \";\", "
+                            "read as {}; [] is empty",
+                            vxClassName(type.storageClass))},
+      .samples = sampleLiterals(type),
+      .explain = explainShape};
 }
 
 }  // namespace vgdt

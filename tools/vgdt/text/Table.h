@@ -14,6 +14,8 @@ class Table {
   /// A row has as many cells as there are titles.
   void add(std::vector<std::string> row) { rows_.push_back(std::move(row)); }
   void print(std::ostream& output) const;
+  /// The titles, and the rows.
+  std::vector<std::string> lines() const;
 
  private:
   std::vector<std::string> titles_;
