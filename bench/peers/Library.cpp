@@ -45,11 +45,12 @@ void addSetting(const COSDataType& dataType, const VGTypedEnumStringType& table)
     const std::string name = vcos::TypeAccess::find(inner)->toText(value.get()).value_or("");
     return table.getEnumValue(name.c_str()).asInteger<int>();
   });
-  measure(kSetFromText, kOurs, Goal::kNone, exactInputs(), [&dataType, fromText](const char* text) {
-    COSValue value = fromText(text);
-    benchmark::DoNotOptimize(value);
-    dataType.destroy(value);
-  });
+  measure(kSetFromText, kOurs, Goal::kNone, exactInputs(),
+          [&dataType, fromText](const Input& input) {
+            COSValue value = fromText(input.text);
+            benchmark::DoNotOptimize(value);
+            dataType.destroy(value);
+          });
 }
 
 double startUp(std::size_t) {
@@ -61,17 +62,23 @@ double startUp(std::size_t) {
 
 void addLibrary() {
   competeAtStartUp(kOurs, Goal::kNone, startUp);
-  VLInitialize_vgdatatypes();
-  const COSDataType* dataType = COSTypeRepository::getType(COSNameID(kType)).getObject();
-  const auto* table = dynamic_cast<const VGTypedEnumStringType*>(dataType);
+  const COSDataType& dataType = libraryType(kType);
+  const auto* table = dynamic_cast<const VGTypedEnumStringType*>(&dataType);
   if (!table) fail("MarkerStyle is no enumerated type");
   addLookUp(*table);
-  addSetting(*dataType, *table);
+  addSetting(dataType, *table);
 }
 
 [[maybe_unused]] const bool added = addContender(addLibrary);
 
 }  // namespace
+
+const COSDataType& libraryType(const char* name) {
+  VLInitialize_vgdatatypes();
+  const COSDataType* type = COSTypeRepository::getType(COSNameID(name)).getObject();
+  if (!type) fail(std::string("the library has no ") + name);
+  return *type;
+}
 
 double countLibraryTypes(std::size_t) {
   VLInitialize_vgdatatypes();

@@ -1,7 +1,7 @@
 #pragma once
 
-/// What the contenders of the peer benchmark share: the texts, the check that a contender resolves
-/// them, and the list of what is measured.
+/// What the contenders of the peer benchmark share: the works, the names of an enumerated type, the
+/// check that a contender resolves them, and the list of what is measured.
 
 #include "../common/measuring.h"
 
@@ -42,7 +42,16 @@ Inputs abbreviatedInputs();
 inline constexpr const char* kNameToValue = "nameToValue";
 inline constexpr const char* kAbbreviationToValue = "abbreviationToValue";
 inline constexpr const char* kSetFromText = "setFromText";
+inline constexpr const char* kColorLookUp = "colorLookUp";
+inline constexpr const char* kColorFromName = "colorFromName";
+inline constexpr const char* kColorFromAbbreviation = "colorFromAbbreviation";
+inline constexpr const char* kColorFromNumbers = "colorFromNumbers";
+inline constexpr const char* kColorFromArray = "colorFromArray";
 inline constexpr const char* kStartUp = "startUp";
+/// In the order of the table.
+inline constexpr std::array kWorks{kNameToValue,      kAbbreviationToValue, kSetFromText,
+                                   kColorLookUp,      kColorFromName,       kColorFromAbbreviation,
+                                   kColorFromNumbers, kColorFromArray,      kStartUp};
 
 /// The name of the library among the contenders.
 inline constexpr const char* kOurs = "vgdatatypes";
@@ -70,27 +79,28 @@ using StartUp = double (*)(std::size_t types);
 void verify(const std::string& contender, const Inputs& inputs,
             const std::function<int(const char*)>& operation);
 
-/// Adds the measurement of an operation that takes a text.
-template <class Operation>
-void measure(const char* work, const char* contender, Goal goal, Inputs inputs,
+/// Adds the measurement of an operation, which is called with each of the inputs in turn.
+template <class Given, class Operation>
+void measure(const char* work, const char* contender, Goal goal, std::vector<Given> inputs,
              Operation operation) {
   measurements().push_back({work, contender, goal});
   const auto run = [inputs = std::move(inputs), operation](benchmark::State& state) {
     for (auto _ : state)
-      for (const Input& input : inputs)
-        operation(input.text);
+      for (const Given& input : inputs)
+        operation(input);
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(inputs.size()));
   };
   benchmark::RegisterBenchmark(measurements().back().name().c_str(), run);
 }
 
-/// The same for an operation whose result is the value, which is verified now.
+/// The same for an operation that takes a text and whose result is the value, which is verified
+/// now.
 template <class Operation>
 void compete(const char* work, const char* contender, Goal goal, const Inputs& inputs,
              Operation operation) {
   verify(contender, inputs, operation);
   measure(work, contender, goal, inputs,
-          [operation](const char* text) { benchmark::DoNotOptimize(operation(text)); });
+          [operation](const Input& input) { benchmark::DoNotOptimize(operation(input.text)); });
 }
 
 /// Adds the measurement of a start-up, which gets a fresh process each time.

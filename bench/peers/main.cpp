@@ -19,16 +19,15 @@ void printRow(const Measurement& ours, const Measurement& other, const Times& ti
   const double itsNanoseconds = times.of(other.name()).median;
   if (nanoseconds == 0 || itsNanoseconds == 0) return;
   const double ratio = nanoseconds / itsNanoseconds;
-  std::printf("%-20s %12.1f  %-22s %12.1f %8.2f  %s\n", ours.work.c_str(), nanoseconds,
+  std::printf("%-22s %12.1f  %-22s %12.1f %8.2f  %s\n", ours.work.c_str(), nanoseconds,
               other.contender.c_str(), itsNanoseconds, ratio, other.goal.verdict(ratio).c_str());
 }
 
 void printTable(const Times& times) {
   const std::vector<Measurement>& all = peers::measurements();
-  std::printf("\n%-20s %12s  %-22s %12s %8s  %s\n", "work", "ours ns", "against", "its ns", "ratio",
+  std::printf("\n%-22s %12s  %-22s %12s %8s  %s\n", "work", "ours ns", "against", "its ns", "ratio",
               "goal");
-  for (const char* work :
-       {peers::kNameToValue, peers::kAbbreviationToValue, peers::kSetFromText, peers::kStartUp})
+  for (const char* work : peers::kWorks)
     for (const Measurement& ours : all)
       if (ours.work == work && ours.contender == peers::kOurs)
         for (const Measurement& other : all)
