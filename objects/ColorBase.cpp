@@ -19,9 +19,9 @@ double checkedChannel(double channel) {
   return channel;
 }
 
-ColorNameTable::ColorValue colorNamed(const char* text) {
+const ColorNameTable::ColorValue* findColor(const char* text) {
   try {
-    return ColorNameTable::getInstance()->getColorValue(text);
+    return ColorNameTable::getInstance()->findColor(text);
   } catch (const AmbiguousNameException&) {
     vxErrMsgId(messages::AmbiguousName());
   }
@@ -81,8 +81,8 @@ gui_objects::AutoPtr<vxArray, gui_objects::VxArrayDtor> ColorBase::getColorAsArr
 }
 
 void ColorBase::setColorFromString(const char* text) {
-  if (ColorNameTable::getInstance()->isNameInTable(text)) {
-    const auto [red, green, blue] = colorNamed(text);
+  if (const auto* const named = findColor(text)) {
+    const auto& [red, green, blue] = *named;
     setRed(red);
     setGreen(green);
     setBlue(blue);

@@ -16,10 +16,12 @@ namespace graphics::datatype {
 template <class Value>
 using StyleOf = typename Value::StyleTable::value;
 
-/// The style that a text names; none if it names none.
+/// The style that a text names; none if it names none, as most texts do.
 template <class Value>
 std::optional<StyleOf<Value>> styleNamed(const char* text) {
-  const std::optional<vcos::COSValue> style = Value::StyleTable::getInstance()->findEnumValue(text);
+  const auto& styles = *Value::StyleTable::getInstance();
+  if (!styles.mayStandForName(text)) return std::nullopt;
+  const std::optional<vcos::COSValue> style = styles.findEnumValue(text);
   if (!style) return std::nullopt;
   return static_cast<StyleOf<Value>>(style->template asInteger<int>());
 }

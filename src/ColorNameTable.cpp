@@ -26,52 +26,49 @@ constexpr NamedColor kDefaults[] = {
     {"gray", {0.5, 0.5, 0.5}}, {"defaultaxesboxcolor", {0.2, 0.2, 0.2}},
 };
 
-/// A text that is read as if it were in lower case, which takes no copy.
-struct FoldedText {
-  const char* text;
-};
+/// How a name compares with a text in lower case, byte by byte.
+enum class Comparison { kNameIsLess, kTextIsLess, kTextBeginsName, kEqual };
 
-/// How a name compares with a text, byte by byte.
-struct Comparison {
-  bool isNameLess;
-  bool doesTextBeginName;
-  bool areEqual;
-};
-
-Comparison compare(const std::string& name, FoldedText folded) {
-  const char* text = folded.text;
+Comparison compare(const std::string& name, const char* text) {
   for (const char inName : name) {
-    if (*text == '\0') return {false, true, false};
+    if (*text == '\0') return Comparison::kTextBeginsName;
     const char inText = lowerCased(*text++);
     if (inName != inText)
-      return {static_cast<unsigned char>(inName) < static_cast<unsigned char>(inText), false,
-              false};
+      return static_cast<unsigned char>(inName) < static_cast<unsigned char>(inText)
+                 ? Comparison::kNameIsLess
+                 : Comparison::kTextIsLess;
   }
-  const bool areEqual = *text == '\0';
-  return {!areEqual, areEqual, areEqual};
+  return *text == '\0' ? Comparison::kEqual : Comparison::kNameIsLess;
 }
 
-/// What the map's std::less compares a name and a text by.
-bool operator<(const std::string& name, FoldedText text) {
-  return compare(name, text).isNameLess;
+struct FirstCharacter {
+  char character;
+};
+
+/// What the map's std::less compares a name and a first character by: the first character of an
+/// empty name is NUL.
+bool operator<(const std::string& name, FirstCharacter first) {
+  return static_cast<unsigned char>(name.c_str()[0]) < static_cast<unsigned char>(first.character);
 }
 
-/// The names that a text begins stand next to each other, and one that equals it is the first.
 struct Match {
-  ColorNameTable::ColorMap::const_iterator first;
-  bool isMissing;
+  const ColorNameTable::ColorValue* color;  ///< null if the text begins no name
   bool isAmbiguous;
 };
 
+/// The names that a text begins stand next to each other, and one that equals it is the first.
 Match find(const ColorNameTable::ColorMap& colors, const char* text) {
-  const auto doesBegin = [&](ColorNameTable::ColorMap::const_iterator at) {
-    return at != colors.end() && compare(at->first, {text}).doesTextBeginName;
-  };
-  if (!text) return {colors.end(), true, false};
-  const auto first = colors.lower_bound(FoldedText{text});
-  if (!doesBegin(first)) return {first, true, false};
-  const bool isExact = compare(first->first, {text}).areEqual;
-  return {first, false, !isExact && doesBegin(std::next(first))};
+  if (!text) return {nullptr, false};
+  for (auto at = colors.lower_bound(FirstCharacter{lowerCased(*text)}); at != colors.end(); ++at) {
+    const Comparison found = compare(at->first, text);
+    if (found == Comparison::kNameIsLess) continue;
+    if (found == Comparison::kTextIsLess) break;
+    const auto next = std::next(at);
+    const bool isAmbiguous = found == Comparison::kTextBeginsName && next != colors.end() &&
+                             compare(next->first, text) == Comparison::kTextBeginsName;
+    return {&at->second, isAmbiguous};
+  }
+  return {nullptr, false};
 }
 
 }  // namespace
@@ -98,17 +95,22 @@ ColorNameTable::ColorValue ColorNameTable::createColorValueFromRGB(double red, d
 }
 
 bool ColorNameTable::isNameInTable(const char* name) const {
-  return !find(colors_, name).isMissing;
+  return find(colors_, name).color != nullptr;
 }
 
-ColorNameTable::ColorValue ColorNameTable::getColorValue(const char* name) const {
+const ColorNameTable::ColorValue* ColorNameTable::findColor(const char* name) const {
   const Match match = find(colors_, name);
-  if (match.isMissing) throw MissingNameException();
   if (match.isAmbiguous) {
     utPrintf("graphics::datatype::ColorNameTable::getColorValue ambiguous name: %s\n", name);
     throw AmbiguousNameException();
   }
-  return match.first->second;
+  return match.color;
+}
+
+ColorNameTable::ColorValue ColorNameTable::getColorValue(const char* name) const {
+  const ColorValue* const color = findColor(name);
+  if (!color) throw MissingNameException();
+  return *color;
 }
 
 void ColorNameTable::addNamedColor(std::string name, double red, double green, double blue,

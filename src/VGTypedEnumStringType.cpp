@@ -74,7 +74,7 @@ struct VGTypedEnumStringType::Names {
 
   void add(std::string name) {
     list.push_back(std::move(name));
-    Range& range = ranges_[placeOf(list.back())];
+    Range& range = ranges_[placeOf(list.back().c_str()[0])];
     if (range.end == 0) range.begin = list.size() - 1;
     range.end = list.size();
   }
@@ -84,7 +84,10 @@ struct VGTypedEnumStringType::Names {
   /// All names that begin with a text are among these.
   std::span<const std::string> candidates(const std::string& text) const {
     if (text.empty()) return list;  // which begins every name
-    const Range& range = ranges_[placeOf(text)];
+    return candidates(text.front());
+  }
+  std::span<const std::string> candidates(char first) const {
+    const Range& range = ranges_[placeOf(first)];
     return {list.data() + range.begin, std::min(range.end, list.size()) - range.begin};
   }
 
@@ -95,9 +98,7 @@ struct VGTypedEnumStringType::Names {
   };
   static constexpr std::size_t kPlaces = 64;
 
-  static std::size_t placeOf(const std::string& name) {
-    return static_cast<unsigned char>(name[0]) % kPlaces;
-  }
+  static std::size_t placeOf(char first) { return static_cast<unsigned char>(first) % kPlaces; }
 
   /// For the first character of a name (several share a place), where the names that begin so are.
   std::array<Range, kPlaces> ranges_;
@@ -217,6 +218,13 @@ const char* VGTypedEnumStringType::getEnumFromPartialMatch(std::string name) con
 
 const char* VGTypedEnumStringType::findName(const char* text) const {
   return text ? getEnumFromPartialMatch(normalized(text)) : nullptr;
+}
+
+bool VGTypedEnumStringType::mayStandForName(const char* text) const {
+  if (!text) return false;
+  const char first = lowerCased(*text);
+  const bool isVisible = first > ' ' && first < 0x7F;
+  return !isVisible || !names().candidates(first).empty();
 }
 
 std::optional<COSValue> VGTypedEnumStringType::findEnumValue(const char* name) const {

@@ -7,10 +7,12 @@
 #include <gui_objects/convert_from_string_utils.h>
 #include <ut/faults.h>
 
+#include <charconv>
 #include <chrono>
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <random>
 #include <string>
 #include <tuple>
 #include <type_traits>
@@ -123,6 +125,19 @@ TEST(TextToValues, SinglesAreRoundedAndDoNotOverflow) {
             (Numbers{0.1F, INFINITY, -INFINITY, std::numeric_limits<float>::max(), 0, 0,
                      std::nextafter(1.0F, 2.0F)}));
   EXPECT_EQ(numbersIn("[1e39]", vxSINGLE_CLASS), std::nullopt);
+}
+
+TEST(TextToValues, DecimalsAreReadAsTheNearestDoubleWhateverTheirLength) {
+  std::mt19937_64 random(5);
+  for (int round = 0; round < 100'000; ++round) {
+    std::string word(1 + random() % 18, '0');
+    for (char& digit : word)
+      digit = static_cast<char>('0' + random() % 10);
+    if (random() % 4 != 0) word.insert(random() % (word.size() + 1), 1, '.');
+    double nearest = 0;
+    std::from_chars(word.data(), word.data() + word.size(), nearest);
+    EXPECT_EQ(parse_double_scalar(word.c_str()), nearest) << word;
+  }
 }
 
 TEST(TextToValues, FixedNumbersOfNumbers) {

@@ -7,7 +7,10 @@
 #include <charconv>
 #include <cmath>
 #include <concepts>
+#include <cstdint>
+#include <iterator>
 #include <limits>
+#include <optional>
 #include <string_view>
 #include <system_error>
 #include <type_traits>
@@ -15,11 +18,35 @@
 namespace gui_objects::convert_from_string_utils {
 namespace {
 
-constexpr std::string_view kBlanks = " \t";
-constexpr std::string_view kEndsOfNumber = " \t,;[]";
+/// Character by character: numbers are shorter than a search of the C library takes to begin.
+bool isBlank(char c) {
+  return c == ' ' || c == '\t';
+}
+bool endsNumber(char c) {
+  return isBlank(c) || c == ',' || c == ';' || c == '[' || c == ']' || c == '\0';
+}
 
 bool isNumberStart(char c) {
   return (c >= '0' && c <= '9') || c == '.';
+}
+
+/// A number of up to 15 digits, which may have a point: the digits as a whole number and the power
+/// of ten below them are exact as doubles, so one division rounds as it should. None for any other
+/// word.
+std::optional<double> readShortNumber(std::string_view word) {
+  static constexpr double kPowers[] = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6, 1e7,
+                                       1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14};
+  const std::size_t point = std::min(word.find('.'), word.size());
+  const bool hasPoint = point < word.size();
+  const std::size_t count = word.size() - (hasPoint ? 1 : 0);
+  if (count == 0 || count > std::size(kPowers)) return std::nullopt;
+  std::uint64_t digits = 0;
+  for (std::size_t i = 0; i < word.size(); ++i) {
+    if (i == point) continue;
+    if (word[i] < '0' || word[i] > '9') return std::nullopt;
+    digits = 10 * digits + static_cast<std::uint64_t>(word[i] - '0');
+  }
+  return static_cast<double>(digits) / kPowers[count - point];
 }
 
 /// std::from_chars without what it knows beyond numbers ("infinity", "nan(1)"), and with the plus
@@ -38,15 +65,17 @@ std::errc readNumber(std::string_view word, T& number) {
 
 template <std::floating_point T>
 T readElement(std::string_view word) {
+  if constexpr (std::is_same_v<T, double>)
+    if (const auto number = readShortNumber(word)) return *number;
+  T value = 0;
+  const std::errc error = readNumber(word, value);
+  if (error == std::errc()) return value;
+  if (error == std::errc::result_out_of_range && std::abs(vghost::hugeOrTiny(word)) < 1)
+    return word.starts_with('-') ? -T(0) : T(0);
   if (word == "NaN") return std::numeric_limits<T>::quiet_NaN();
   if (word == "Inf") return std::numeric_limits<T>::infinity();
   if (word == "-Inf") return -std::numeric_limits<T>::infinity();
-  T value = 0;
-  const std::errc error = readNumber(word, value);
-  if (error == std::errc::result_out_of_range && std::abs(vghost::hugeOrTiny(word)) < 1)
-    return word.starts_with('-') ? -T(0) : T(0);
-  if (error != std::errc()) throw ParseException();
-  return value;
+  throw ParseException();
 }
 
 template <std::integral T>
@@ -72,32 +101,33 @@ class Reader {
 
   /// Whether `character` comes next; if so, it is read with the blanks behind it.
   bool take(char character) {
-    if (!rest_.starts_with(character)) return false;
-    rest_.remove_prefix(1);
+    if (*rest_ != character) return false;
+    ++rest_;
     skipBlanks();
     return true;
   }
   void require(char character) {
     if (!take(character)) throw ParseException();
   }
-  bool isAtEnd() const { return rest_.empty(); }
-  bool isAtAnyOf(std::string_view characters) const {
-    return !rest_.empty() && characters.find(rest_.front()) != std::string_view::npos;
-  }
+  bool isAtEnd() const { return *rest_ == '\0'; }
+  bool isAtEndOfRow() const { return *rest_ == ';' || *rest_ == ']'; }
   /// The characters up to the next blank, separator or bracket.
   std::string_view takeWord() {
-    const std::string_view word = rest_.substr(0, rest_.find_first_of(kEndsOfNumber));
-    rest_.remove_prefix(word.size());
+    const char* const begin = rest_;
+    while (!endsNumber(*rest_))
+      ++rest_;
+    const std::string_view word(begin, rest_);
     skipBlanks();
     return word;
   }
 
  private:
   void skipBlanks() {
-    rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));
+    while (isBlank(*rest_))
+      ++rest_;
   }
 
-  std::string_view rest_;
+  const char* rest_;  ///< up to the NUL
 };
 
 using Size = std::pair<std::size_t, std::size_t>;
@@ -113,7 +143,7 @@ Size readMatrix(const char* text, Use&& use) {
       std::size_t columns = 0;
       do
         use(size.first, columns++, reader.takeWord());
-      while (reader.take(',') || !reader.isAtAnyOf(";]"));
+      while (reader.take(',') || !reader.isAtEndOfRow());
       if (size.first++ == 0) size.second = columns;
       if (columns != size.second) throw ParseException();
     } while (reader.take(';'));

@@ -53,6 +53,8 @@ class VGDT_API ColorNameTable {
   /// Errors: MissingNameException if it begins none; AmbiguousNameException if it begins several,
   /// after a line with the text on the host's console.
   ColorValue getColorValue(const char* name) const;
+  /// As getColorValue(), but null for a text that begins no name. The colour is the table's.
+  const ColorValue* findColor(const char* name) const;
 
   /// Adds a name, or changes the colour of the name that equals it byte for byte. A name may hold a
   /// NUL; no text that is looked up reaches beyond it.

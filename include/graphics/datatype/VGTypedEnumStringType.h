@@ -83,6 +83,10 @@ class VGDT_API VGTypedEnumStringType {
   /// isValidEnumName() and getEnumValue() in one search; none for a null text.
   std::optional<vcos::COSValue> findEnumValue(const char* name) const;
 
+  /// False if no name begins as a text does, which is found out without a search. A text that
+  /// begins with white space or beyond ASCII may always stand for one; null never does.
+  bool mayStandForName(const char* text) const;
+
  private:
   struct Names;
 

@@ -10,17 +10,22 @@ namespace {
 
 constexpr std::size_t kMaxDistance = 2;
 
-/// Letters to insert, delete or replace.
+/// Letters to insert, delete or replace, and neighbours to swap.
 std::size_t editDistance(std::string_view a, std::string_view b) {
-  std::vector<std::size_t> row(b.size() + 1);
+  using Row = std::vector<std::size_t>;
+  Row twoAbove(b.size() + 1);
+  Row above(b.size() + 1);
+  Row row(b.size() + 1);
   std::iota(row.begin(), row.end(), 0U);
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    std::size_t diagonal = row[0];
-    row[0] = i + 1;
-    for (std::size_t j = 0; j < b.size(); ++j) {
-      const std::size_t replaced = diagonal + (a[i] == b[j] ? 0 : 1);
-      diagonal = row[j + 1];
-      row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
+  for (std::size_t i = 1; i <= a.size(); ++i) {
+    twoAbove.swap(above);
+    above.swap(row);
+    row[0] = i;
+    for (std::size_t j = 1; j <= b.size(); ++j) {
+      const bool isSame = a[i - 1] == b[j - 1];
+      row[j] = std::min({above[j - 1] + (isSame ? 0 : 1), row[j - 1] + 1, above[j] + 1});
+      if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1])
+        row[j] = std::min(row[j], twoAbove[j - 2] + 1);
     }
   }
   return row.back();
