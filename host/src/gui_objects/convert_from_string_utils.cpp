@@ -34,12 +34,12 @@ bool isNumberStart(char c) {
 /// of ten below them are exact as doubles, so one division rounds as it should. None for any other
 /// word.
 std::optional<double> readShortNumber(std::string_view word) {
-  static constexpr double kPowers[] = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6, 1e7,
-                                       1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14};
+  static constexpr double kPowers[] = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                       1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
   const std::size_t point = std::min(word.find('.'), word.size());
   const bool hasPoint = point < word.size();
   const std::size_t count = word.size() - (hasPoint ? 1 : 0);
-  if (count == 0 || count > std::size(kPowers)) return std::nullopt;
+  if (count == 0 || count >= std::size(kPowers)) return std::nullopt;
   std::uint64_t digits = 0;
   for (std::size_t i = 0; i < word.size(); ++i) {
     if (i == point) continue;
