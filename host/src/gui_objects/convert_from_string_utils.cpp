@@ -3,7 +3,6 @@
 #include <ut/decimal.h>
 #include <vx/element_types.h>
 
-#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <concepts>
@@ -36,16 +35,20 @@ bool isNumberStart(char c) {
 std::optional<double> readShortNumber(std::string_view word) {
   static constexpr double kPowers[] = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                        1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-  const std::size_t point = std::min(word.find('.'), word.size());
-  const bool hasPoint = point < word.size();
-  const std::size_t count = word.size() - (hasPoint ? 1 : 0);
-  if (count == 0 || count >= std::size(kPowers)) return std::nullopt;
+  const std::size_t size = word.size();
+  std::size_t point = size;
   std::uint64_t digits = 0;
-  for (std::size_t i = 0; i < word.size(); ++i) {
-    if (i == point) continue;
-    if (word[i] < '0' || word[i] > '9') return std::nullopt;
-    digits = 10 * digits + static_cast<std::uint64_t>(word[i] - '0');
+  if (size > std::size(kPowers)) return std::nullopt;
+  for (std::size_t i = 0; i < size; ++i) {
+    if (word[i] >= '0' && word[i] <= '9')
+      digits = 10 * digits + static_cast<std::uint64_t>(word[i] - '0');
+    else if (word[i] == '.' && point == size)
+      point = i;
+    else
+      return std::nullopt;
   }
+  const std::size_t count = size - (point == size ? 0 : 1);
+  if (count == 0 || count >= std::size(kPowers)) return std::nullopt;
   return static_cast<double>(digits) / kPowers[count - point];
 }
 
