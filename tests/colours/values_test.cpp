@@ -75,127 +75,105 @@ const std::string kBadColor = "ColorBase:BadColorValue";
 const std::string kParse = "RGBAColor:ParseError";
 const std::string kAmbiguous = "RGBAColor:AmbiguousName";
 
+/// The three colours alike, and MeshAlpha.
+Outcomes alike(const std::string& color, const std::string& alpha) {
+  return {color, color, color, alpha};
+}
+
 TEST_F(Colours, FromArraysAreTakenOrRefusedInTheOrderOfTheTypesTests) {
-  const Outcomes threeElements = {"[ 1 0.5 0 ]", "[ 1 0.5 0 ]", "[ 1 0.5 0 ]", kNumeric};
-  const Outcomes bad = {kBadColor, kBadColor, kBadColor, kNumeric};
-  const Outcomes noCount = {kElements, kMarkerElements, kMeshElements, kNumeric};
-  const Outcomes noText = {"RGBAColor:ParseError", "MarkerColor:ParseError", "MeshColor:ParseError",
-                           kNumeric1};
-  const std::string memory = "datatypes:OutOfMemory";
-  const auto scalar = [](const char* first, const std::string& alpha) {
+  using Array = std::pair<const char*, test::Numbers>;
+  const auto count = [](const std::string& first, const std::string& alpha) {
     return Outcomes{first, kMarkerElements, kMeshElements, alpha};
   };
-  const std::tuple<const char*, test::Numbers, Outcomes> rows[] = {
-      {"1x3 double", {1, 0.5, 0}, threeElements},
-      {"3x1 double", {1, 0.5, 0}, threeElements},
-      {"1x1x3 double", {1, 0.5, 0}, threeElements},
-      {"sparse 1x3 double", {1, 0.5, 0}, threeElements},
-      {"complex 1x3 double", {1, 0.5, 0}, threeElements},
-      {"1x3 double", {-0.0, 1, 1}, {"[ -0 1 1 ]", "[ -0 1 1 ]", "[ -0 1 1 ]", kNumeric}},
-      {"1x3 double", {1, 0, std::nextafter(1, 2)}, bad},
-      {"1x3 double", {1, -1e-300, 0}, bad},
-      {"1x3 double", {NAN, 0, 0}, bad},
-      {"1x3 double", {0, 0, INFINITY}, bad},
-      {"2x2 double", {1, 0, 0, 0.5}, {"[ 1 0 0 ]", kMarkerElements, kMeshElements, kNumeric}},
-      {"1x4 double", {1, 0, 0, 2}, {kBadColor, kMarkerElements, kMeshElements, kNumeric}},
-      {"1x2 double", {1}, noCount},
-      {"1x5 double", {1}, noCount},
-      {"0x3 double", {}, noCount},
-      {"1x3 single", {1, 0.5, 0}, {kDouble, "[ 1 0.5 0 ]", "[ 1 0.5 0 ]", kNumeric}},
-      {"1x3 single", {2}, {kDouble, kBadColor, kBadColor, kNumeric}},
-      {"1x3 uint8", {255, 0, 51}, {kDouble, "[ 1 0 0.2 ]", "[ 1 0 0.2 ]", kNumeric}},
-      {"1x3 int32", {256, -1, 511}, {kDouble, "[ 0 1 1 ]", "[ 0 1 1 ]", kNumeric}},
-      {"1x3 int8", {-1, 0, 0}, {kDouble, "[ 1 0 0 ]", "[ 1 0 0 ]", kNumeric}},
-      {"1x3 uint64", {1e18, 0, 0}, {kDouble, "[ 0 0 0 ]", "[ 0 0 0 ]", kNumeric}},
-      {"1x2 uint16", {1}, {kDouble, kMarkerElements, kMeshElements, kNumeric}},
-      {"1x3 logical", {1, 0, 1}, {"[ 1 0 1 ]", kNumeric, kNumeric1, kNumeric}},
-      {"1x2 logical", {1}, {kElements, kMarkerElements, kNumeric1, kNumeric}},
-      {"1x3 cell", {1}, {kDouble, kNumeric, kNumeric1, kNumeric}},
-      {"1x1 struct", {1}, {kDouble, kMarkerElements, kNumeric1, kNumeric}},
-      {"0x0 char", {}, noText},
-      {"1x2 char", {0, 'r'}, {memory, memory, memory, kNumeric1}},
-      {"1x1 char", {'r'}, {"[ 1 0 0 ]", "[ 1 0 0 ]", "[ 1 0 0 ]", kNumeric1}},
-      {"1x1 double", {0.25}, scalar(kElements.c_str(), "0.25")},
-      {"1x1 double", {1}, scalar(kElements.c_str(), "1")},
-      {"1x1 double", {-0.5}, scalar(kElements.c_str(), kOutside)},
-      {"1x1 double", {NAN}, scalar(kElements.c_str(), kOutside)},
-      {"1x1 single", {INFINITY}, scalar(kDouble.c_str(), kOutside)},
-      {"1x1 uint8", {1}, scalar(kDouble.c_str(), "1")},
-      {"1x1 int16", {2}, scalar(kDouble.c_str(), kOutside)},
-      {"1x1 logical", {1}, {kElements, kMarkerElements, kNumeric1, kNumeric}},
+  const auto notDouble = [](const std::string& color) {
+    return Outcomes{kDouble, color, color, kNumeric};
   };
-  for (const auto& [words, numbers, expected] : rows) {
-    const ArrayOwner array = test::array(words, numbers);
-    EXPECT_EQ(outcomesOf([&](const TypeAccess& access) { return access.fromArray(array.get()); }),
-              expected)
-        << words << testing::PrintToString(numbers);
-  }
+  const std::pair<Outcomes, std::vector<Array>> rows[] = {
+      {alike("[ 1 0.5 0 ]", kNumeric),
+       {{"1x3 double", {1, 0.5, 0}},
+        {"3x1 double", {1, 0.5, 0}},
+        {"1x1x3 double", {1, 0.5, 0}},
+        {"sparse 1x3 double", {1, 0.5, 0}},
+        {"complex 1x3 double", {1, 0.5, 0}}}},
+      {alike("[ -0 1 1 ]", kNumeric), {{"1x3 double", {-0.0, 1, 1}}}},
+      {alike(kBadColor, kNumeric),
+       {{"1x3 double", {1, 0, std::nextafter(1, 2)}},
+        {"1x3 double", {1, -1e-300, 0}},
+        {"1x3 double", {NAN, 0, 0}},
+        {"1x3 double", {0, 0, INFINITY}}}},
+      {count("[ 1 0 0 ]", kNumeric), {{"2x2 double", {1, 0, 0, 0.5}}}},
+      {count(kBadColor, kNumeric), {{"1x4 double", {1, 0, 0, 2}}}},
+      {count(kElements, kNumeric), {{"1x2 double", {1}}, {"1x5 double", {1}}, {"0x3 double", {}}}},
+      {count(kDouble, kNumeric), {{"1x2 uint16", {1}}}},
+      {count(kElements, "0.25"), {{"1x1 double", {0.25}}}},
+      {count(kElements, "1"), {{"1x1 double", {1}}}},
+      {count(kElements, kOutside), {{"1x1 double", {-0.5}}, {"1x1 double", {NAN}}}},
+      {count(kDouble, kOutside), {{"1x1 single", {INFINITY}}, {"1x1 int16", {2}}}},
+      {count(kDouble, "1"), {{"1x1 uint8", {1}}}},
+      {notDouble("[ 1 0.5 0 ]"), {{"1x3 single", {1, 0.5, 0}}}},
+      {notDouble(kBadColor), {{"1x3 single", {2}}}},
+      {notDouble("[ 1 0 0.2 ]"), {{"1x3 uint8", {255, 0, 51}}}},
+      {notDouble("[ 0 1 1 ]"), {{"1x3 int32", {256, -1, 511}}, {"1x3 int8", {0, -1, -1}}}},
+      {notDouble("[ 0 0 0 ]"), {{"1x3 uint64", {1e18, 0, 0}}}},
+      {{"[ 1 0 1 ]", kNumeric, kNumeric1, kNumeric}, {{"1x3 logical", {1, 0, 1}}}},
+      {{kElements, kMarkerElements, kNumeric1, kNumeric},
+       {{"1x2 logical", {1}}, {"1x1 logical", {1}}}},
+      {{kDouble, kNumeric, kNumeric1, kNumeric}, {{"1x3 cell", {1}}}},
+      {{kDouble, kMarkerElements, kNumeric1, kNumeric}, {{"1x1 struct", {1}}}},
+      {{kParse, "MarkerColor:ParseError", "MeshColor:ParseError", kNumeric1}, {{"0x0 char", {}}}},
+      {alike("datatypes:OutOfMemory", kNumeric1), {{"1x2 char", {0, 'r'}}}},
+      {alike("[ 1 0 0 ]", kNumeric1), {{"1x1 char", {'r'}}}},
+  };
+  for (const auto& [expected, arrays] : rows)
+    for (const auto& [words, numbers] : arrays) {
+      const ArrayOwner array = test::array(words, numbers);
+      EXPECT_EQ(outcomesOf([&](const TypeAccess& access) { return access.fromArray(array.get()); }),
+                expected)
+          << words << testing::PrintToString(numbers);
+    }
 }
 
 TEST_F(Colours, FromTextsAreWordsNamesOrNumbers) {
-  const Outcomes noColor = {kParse, kParse, kParse, kNumeric1};
-  const Outcomes red = {"[ 1 0 0 ]", "[ 1 0 0 ]", "[ 1 0 0 ]", kNumeric1};
-  const Outcomes outside = {kBadColor, kBadColor, kBadColor, kNumeric1};
-  const std::pair<const char*, Outcomes> rows[] = {
-      {"red", red},
-      {"R", red},
-      {" red", noColor},
-      {"none", {"none", "none", "none", kNumeric1}},
-      {" N ", {"none", "none", "none", kNumeric1}},
-      {"color", noColor},
-      {"c", {"[ 0 1 1 ]", "[ 0 1 1 ]", "[ 0 1 1 ]", kNumeric1}},
-      {"a", {kParse, "auto", kParse, kNumeric1}},
-      {"alpha", noColor},
-      {"F", {kParse, "flat", "flat", "flat"}},
-      {"i", {kParse, kParse, "interp", "interp"}},
-      {"t", {kParse, kParse, "texturemap", "texturemap"}},
-      {"bl", {kAmbiguous, kAmbiguous, kAmbiguous, kNumeric1}},
-      {"[1, 0 0]", red},
-      {" [1 0 0 0.5]", red},
-      {"[0.1234567 1e-7 0]",
-       {"[ 0.123457 1e-07 0 ]", "[ 0.123457 1e-07 0 ]", "[ 0.123457 1e-07 0 ]", kNumeric1}},
-      {"[1 0]", noColor},
-      {"[1;0;0]", noColor},
-      {"[1 0 0 0 0]", noColor},
-      {"[1 0 2]", outside},
-      {"[NaN 0 0]", outside},
-      {"[0 0 0 -1]", outside},
-      {"0.5", {kParse, kParse, kParse, "0.5"}},
-      {" 0.5 and more", {kParse, kParse, kParse, "0.5"}},
-      {"0,5", {kParse, kParse, kParse, "0"}},
-      {"1.5", {kParse, kParse, kParse, kOutside}},
-      {"-1e-9", {kParse, kParse, kParse, kOutside}},
-      {"1e400", noColor},
-      {"nan", noColor},
-      {"hello", noColor},
+  const std::pair<Outcomes, std::vector<const char*>> rows[] = {
+      {alike("[ 1 0 0 ]", kNumeric1), {"red", "R", "[1, 0 0]", " [1 0 0 0.5]"}},
+      {alike("[ 0 1 1 ]", kNumeric1), {"c"}},
+      {alike("[ 0.123457 1e-07 0 ]", kNumeric1), {"[0.1234567 1e-7 0]"}},
+      {alike("none", kNumeric1), {"none", " N "}},
+      {alike(kAmbiguous, kNumeric1), {"bl"}},
+      {alike(kBadColor, kNumeric1), {"[1 0 2]", "[NaN 0 0]", "[0 0 0 -1]"}},
+      {alike(kParse, kNumeric1),
+       {" red", "color", "alpha", "[1 0]", "[1;0;0]", "[1 0 0 0 0]", "1e400", "nan", "hello"}},
+      {{kParse, "auto", kParse, kNumeric1}, {"a"}},
+      {{kParse, "flat", "flat", "flat"}, {"F"}},
+      {{kParse, kParse, "interp", "interp"}, {"i"}},
+      {{kParse, kParse, "texturemap", "texturemap"}, {"t"}},
+      {alike(kParse, "0.5"), {"0.5", " 0.5 and more"}},
+      {alike(kParse, "0"), {"0,5"}},
+      {alike(kParse, kOutside), {"1.5", "-1e-9"}},
   };
   struct DecimalComma : std::numpunct<char> {
     char do_decimal_point() const override { return ','; }
   };
   const test::GlobalLocale locale(new DecimalComma);
-  for (const auto& [text, expected] : rows) {
-    EXPECT_EQ(outcomesOf([&](const TypeAccess& access) { return access.fromText(text); }), expected)
-        << text;
-    const ArrayOwner array(vxCreateString(text));
-    EXPECT_EQ(outcomesOf([&](const TypeAccess& access) { return access.fromArray(array.get()); }),
-              expected)
-        << text;
-  }
-  EXPECT_EQ(outcomesOf([](const TypeAccess& access) { return access.fromText(""); }),
-            (Outcomes{kAmbiguous, kAmbiguous, kAmbiguous, kNumeric1}));
-}
-
-TEST_F(Colours, WordsThatAreAlsoNamesAreAmbiguous) {
-  test::inChildProcess([] {
+  const auto fromText = [](const char* text) {
+    return outcomesOf([&](const TypeAccess& access) { return access.fromText(text); });
+  };
+  for (const auto& [expected, texts] : rows)
+    for (const char* text : texts) {
+      EXPECT_EQ(fromText(text), expected) << text;
+      const ArrayOwner array(vxCreateString(text));
+      EXPECT_EQ(outcomesOf([&](const TypeAccess& access) { return access.fromArray(array.get()); }),
+                expected)
+          << text;
+    }
+  EXPECT_EQ(fromText(""), alike(kAmbiguous, kNumeric1));
+  // A word that is also a name, whose colour is none.
+  test::inChildProcess([&] {
     ColorNameTable::getInstance()->addNamedColor("nonesuch", 2, 0, 0, false);
     for (const char* text : {"n", "none"})
-      EXPECT_EQ(outcomesOf([&](const TypeAccess& access) { return access.fromText(text); }),
-                (Outcomes{kAmbiguous, "MarkerColor:AmbiguousName", "MeshColor:AmbiguousName",
-                          kNumeric1}));
-    // The table takes any numbers, and a colour does not.
-    EXPECT_EQ(outcomeOf(accessOf("MeshColor"),
-                        [](const TypeAccess& access) { return access.fromText("nones"); }),
-              kBadColor);
+      EXPECT_EQ(fromText(text), (Outcomes{kAmbiguous, "MarkerColor:AmbiguousName",
+                                          "MeshColor:AmbiguousName", kNumeric1}));
+    EXPECT_EQ(fromText("nones"), alike(kBadColor, kNumeric1));
   });
 }
 
@@ -207,58 +185,47 @@ Value valueOf(const char* type, const char* text) {
   return *value.get().asPointer<Value>();
 }
 
-TEST_F(Colours, HaveAlphaAndChannelsThatDoNotPrint) {
+TEST_F(Colours, HaveChannelsThatDoNotPrint) {
   EXPECT_EQ(valueOf<RGBAColor>("RGBAColor", "[1 0 0 0.5]"), RGBAColor(1, 0, 0, 0.5));
   EXPECT_EQ(valueOf<MarkerColor>("MarkerColor", "[1 0 0 0]"), MarkerColor(1, 0, 0, 0));
   EXPECT_EQ(valueOf<MeshColor>("MeshColor", "red"), MeshColor(1, 0, 0, 1));
-  const ColorBase none = valueOf<RGBAColor>("RGBAColor", "none");
-  EXPECT_EQ(none, ColorBase(0, 0, 0, 1));
+  EXPECT_EQ(ColorBase(valueOf<RGBAColor>("RGBAColor", "none")), ColorBase(0, 0, 0, 1));
   EXPECT_EQ(valueOf<MeshAlpha>("MeshAlpha", "flat").getAlpha(), 1);
-  const ArrayOwner four = test::array("1x4 double", {1, 0, 0, 0});
-  const OwnedValue clear(*RGBAColorDataType::getType(),
-                         RGBAColorVC().from(COSValue::fromPointer(four.get())));
-  EXPECT_EQ(*clear.get().asPointer<RGBAColor>(), RGBAColor(1, 0, 0, 0));
-  EXPECT_EQ(accessOf("RGBAColor").toText(clear.get()), "[ 1 0 0 ]");
-  clear.get().asPointer<RGBAColor>()->setStyle(static_cast<ColorStyle::value>(7));
-  EXPECT_EQ(accessOf("RGBAColor").toText(clear.get()), std::nullopt);
-}
-
-TEST_F(Colours, FromCharArraysSayThatMemoryHasRunOut) {
-  const ArrayOwner red(vxCreateString("red"));
-  const auto make = [&red](const char* type) {
-    vghost::faults::failAllocation(1, vghost::faults::Repeat::Once);
-    accessOf(type).fromArray(red.get());
-  };
-  EXPECT_EQ(identifierRaisedBy([&] { make("MeshColor"); }), "VORTIL:vg:datatypes:OutOfMemory");
-  EXPECT_THROW(make("MeshAlpha"), vcos::COSOutOfMemoryException);
+  const TypeAccess access = accessOf("RGBAColor");
+  const OwnedValue clear(access.dataType(),
+                         access.fromArray(test::array("1x4 double", {1, 0, 0, 0}).get()));
+  auto& color = *clear.get().asPointer<RGBAColor>();
+  EXPECT_EQ(color, RGBAColor(1, 0, 0, 0));
+  EXPECT_EQ(access.toText(clear.get()), "[ 1 0 0 ]");
+  color.setStyle(static_cast<ColorStyle::value>(7));
+  EXPECT_EQ(access.toText(clear.get()), std::nullopt);
 }
 
 TEST_F(Colours, NamesLeaveAlphaAloneAndNumbersSetIt) {
   ColorBase color(0.1, 0.2, 0.3, 0.5);
-  color.setColorFromString("red");
-  EXPECT_EQ(color, ColorBase(1, 0, 0, 0.5));
-  color.setColorFromString("[0 1 0]");
-  EXPECT_EQ(color, ColorBase(0, 1, 0, 1));
-  color.setColorFromString("[0 0 1 0.25]");
-  EXPECT_EQ(color, ColorBase(0, 0, 1, 0.25));
+  const std::pair<const char*, ColorBase> rows[] = {{"red", ColorBase(1, 0, 0, 0.5)},
+                                                    {"[0 1 0]", ColorBase(0, 1, 0, 1)},
+                                                    {"[0 0 1 0.25]", ColorBase(0, 0, 1, 0.25)}};
+  for (const auto& [text, expected] : rows) {
+    color.setColorFromString(text);
+    EXPECT_EQ(color, expected) << text;
+  }
+  const std::string bad = "VORTIL:vg:ColorBase:BadColorValue";
   // The channels are set one after the other, and none is taken back.
-  EXPECT_EQ(identifierRaisedBy([&] { color.setColorFromString("[0.5 2 0.5]"); }),
-            "VORTIL:vg:ColorBase:BadColorValue");
+  EXPECT_EQ(identifierRaisedBy([&] { color.setColorFromString("[0.5 2 0.5]"); }), bad);
   EXPECT_EQ(color, ColorBase(0.5, 0, 1, 0.25));
   for (auto set :
        {&ColorBase::setRed, &ColorBase::setGreen, &ColorBase::setBlue, &ColorBase::setAlpha}) {
     (color.*set)(0.75);
     for (const double channel : {-0.1, 1.1, double{NAN}})
-      EXPECT_EQ(identifierRaisedBy([&] { (color.*set)(channel); }),
-                "VORTIL:vg:ColorBase:BadColorValue");
+      EXPECT_EQ(identifierRaisedBy([&] { (color.*set)(channel); }), bad);
   }
   EXPECT_EQ(color, ColorBase(0.75, 0.75, 0.75, 0.75));
-  for (const int bad : {0, 1, 2, 3}) {
-    const auto channel = [bad](int i) { return i == bad ? -1 : 1; };
-    EXPECT_EQ(
-        identifierRaisedBy([&] { ColorBase(channel(0), channel(1), channel(2), channel(3)); }),
-        "VORTIL:vg:ColorBase:BadColorValue");
-  }
+  for (int i = 0; i < 4; ++i)
+    EXPECT_EQ(identifierRaisedBy([i] {
+                ColorBase(i == 0 ? 2 : 1, i == 1 ? 2 : 1, i == 2 ? 2 : 1, i == 3 ? 2 : 1);
+              }),
+              bad);
   const test::Content bytes{{4, 1}, {255, 128, 0, 64}};
   EXPECT_EQ(test::contentOf(ColorBase(1, 0.5, 0, 0.25).getColorAsArray()), bytes);
   const gui_objects::Color4b clamped = gui_objects::Color4d(2, -1, NAN, 0.00196).asColor4b();
@@ -306,32 +273,24 @@ TEST_F(Colours, ChannelsCountOnlyInTheStyleThatStandsForThem) {
             "VORTIL:vg:dt_conv:Matrix_to_Real:ValueOutsideRange");
 }
 
-/// A field for each pair.
-ArrayOwner structOf(std::vector<std::pair<const char*, ArrayOwner>> fields) {
-  std::vector<const char*> names;
-  for (const auto& [name, array] : fields)
-    names.push_back(name);
-  ArrayOwner result(vxCreateStructMatrix(1, 1, static_cast<int>(names.size()), names.data()));
-  for (std::size_t i = 0; i < fields.size(); ++i)
-    vxSetFieldByNumber(result.get(), 0, static_cast<int>(i), fields[i].second.release());
-  return result;
-}
-
 TEST_F(Colours, TheColorTableIsReadAndExtendedAsAStruct) {
   test::inChildProcess([] {
     ColorNameTable& names = *ColorNameTable::getInstance();
     const auto write = [&names](const vxArray* array) {
       EXPECT_EQ(ColorTableVC().from(COSValue::fromPointer(array)), COSValue::fromPointer(&names));
     };
-    std::vector<std::pair<const char*, ArrayOwner>> fields;
-    fields.emplace_back("mauve", test::array("2x2 double", {0.5, 2, -1, 9}));
-    fields.emplace_back("Red", test::array("1x3 double"));
-    fields.emplace_back("red", test::array("3x1 double", {0.25}));
-    fields.emplace_back("few", test::array("1x2 double"));
-    fields.emplace_back("unreal", test::array("complex 1x3 double"));
-    fields.emplace_back("bytes", test::array("1x3 uint8"));
-    fields.emplace_back("nothing", nullptr);
-    const ArrayOwner colors = structOf(std::move(fields));
+    static constexpr const char* kFields[] = {"mauve",  "Red",   "red",    "few",
+                                              "unreal", "bytes", "nothing"};
+    const ArrayOwner colors(vxCreateStructMatrix(1, 1, 7, kFields));
+    const auto put = [&colors](int field, const char* words, const test::Numbers& numbers) {
+      vxSetFieldByNumber(colors.get(), 0, field, test::array(words, numbers).release());
+    };
+    put(0, "2x2 double", {0.5, 2, -1, 9});
+    put(1, "1x3 double", {1});
+    put(2, "3x1 double", {0.25});
+    put(3, "1x2 double", {1});
+    put(4, "complex 1x3 double", {1});
+    put(5, "1x3 uint8", {1});
     for (std::uint64_t nth = 1; names.getNames().size() == 14; ++nth) {
       test::failNew(nth);
       try {

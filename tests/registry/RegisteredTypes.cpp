@@ -91,6 +91,13 @@ RegisteredType color(const char* name) {
           .nullTextRaises = "VORTIL:datatypes:RGBAColor:ParseError"};
 }
 
+RegisteredType markerColor() {
+  RegisteredType row = color("MarkerColor");
+  row.array = textArray("flat");
+  row.obstacles = {"a", "ac", "a", "ac", "", "a"};
+  return row;
+}
+
 RegisteredType meshColor() {
   RegisteredType row = color("MeshColor");
   row.nullArrayRaises = "VORTIL:vg:dt_conv:Matrix_to_Real:ExpectedNumeric1";
@@ -102,7 +109,7 @@ RegisteredType meshAlpha() {
           .bytes = 16,
           .text = "0.25",
           .printed = "0.25",
-          .array = [] { return array("1x1 double", {0.5}); },
+          .array = textArray("interp"),
           .defaultArray = [] { return array("1x1 double", {1}); },
           .defaultPrinted = "1",
           .nullArray = [] { return array("0x0 double"); },
@@ -134,7 +141,7 @@ RegisteredType colorTable() {
 
 const std::vector<RegisteredType>& registeredTypes() {
   static const std::vector<RegisteredType> types = [] {
-    std::vector<RegisteredType> all = {onOff(),     color("RGBAColor"), color("MarkerColor"),
+    std::vector<RegisteredType> all = {onOff(),     color("RGBAColor"), markerColor(),
                                        meshColor(), meshAlpha(),        colorTable()};
     for (const EnumeratedType& type : kEnumeratedTypes)
       all.push_back(registered(type));
