@@ -201,6 +201,15 @@ Explanation explainAlphaText(const std::string& text, const VGTypedEnumStringTyp
           .nearest = nearestName(trimmed(text), wordsOfStyles(styles))};
 }
 
+std::vector<std::string> opacityFaults(const vxArray* array) {
+  std::vector<std::string> faults = formFaults(array, {isNumeric, "numeric or char", 1, 1});
+  if (!faults.empty()) return faults;
+  withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) {
+    faults.push_back(opacityFault(numberText(elementsOf<T>(array)[0])));
+  });
+  return faults;
+}
+
 constexpr NumberRules kThreeNumbers = {isNumeric, "numeric or char", 3, 3};
 
 }  // namespace
@@ -221,14 +230,8 @@ Explanation explainMeshColor(const Refusal& refusal) {
 Explanation explainMeshAlpha(const Refusal& refusal) {
   const auto& styles = *graphics::datatype::MeshAlphaStyle::getInstance();
   if (const auto text = textTried(refusal)) return explainAlphaText(*text, styles);
-  const vxArray* const array = refusal.array;
-  if (!array) return {};
-  Explanation explanation{.faults = formFaults(array, {isNumeric, "numeric or char", 1, 1})};
-  if (!explanation.faults.empty()) return explanation;
-  withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) {
-    explanation.faults.push_back(opacityFault(numberText(elementsOf<T>(array)[0])));
-  });
-  return explanation;
+  if (!refusal.array) return {};
+  return {.faults = opacityFaults(refusal.array)};
 }
 
 }  // namespace vgdt
