@@ -19,7 +19,7 @@ using vcos::COSValue;
 
 template <>
 struct PropertyTypeTraits<ColorTableDataType> {
-  static constexpr std::size_t kBytes = 0;  // kept: a word is a pointer all the same
+  static constexpr std::size_t kBytes = 0;  // kept, although a word is a pointer
 };
 template class NamedDataType<ColorTableDataType>;
 

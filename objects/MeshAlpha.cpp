@@ -26,7 +26,7 @@ struct PropertyTypeTraits<MeshAlphaDataType> {
 template class NamedDataType<MeshAlphaDataType>;
 template class PropertyDataType<MeshAlphaDataType, MeshAlpha>;
 
-MeshAlpha::MeshAlpha(double alpha) : MeshAlpha(MeshAlphaStyle::kAlpha, alpha) {}
+MeshAlpha::MeshAlpha(double alpha) : MeshAlpha(kNumeric, alpha) {}
 
 MeshAlpha::MeshAlpha(value style, double alpha) : style_(style), alpha_(alpha) {
   checkAlpha(alpha_);

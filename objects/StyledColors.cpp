@@ -33,26 +33,17 @@ namespace real = VORTIL::vg::dt_conv::Matrix_to_Real;
 /// The messages of each type. Those of ColorBase::setColorFromString are RGBAColor's for all.
 template <class Color>
 struct MessagesOf;
-template <>
-struct MessagesOf<RGBAColor> {
-  using AmbiguousName = VORTIL::datatypes::RGBAColor::AmbiguousName;
-  using ParseError = VORTIL::datatypes::RGBAColor::ParseError;
-  using IsEqual = VORTIL::datatypes::RGBAColorDataType::isEqual;
-};
-template <>
-struct MessagesOf<MarkerColor> {
-  using AmbiguousName = VORTIL::datatypes::MarkerColor::AmbiguousName;
-  using ParseError = VORTIL::datatypes::MarkerColor::ParseError;
-  using WrongCount = VORTIL::datatypes::MarkerColor::ValueMustBe3ElementVector;
-  using IsEqual = VORTIL::datatypes::MarkerColorDataType::isEqual;
-};
-template <>
-struct MessagesOf<MeshColor> {
-  using AmbiguousName = VORTIL::datatypes::MeshColor::AmbiguousName;
-  using ParseError = VORTIL::datatypes::MeshColor::ParseError;
-  using WrongCount = VORTIL::datatypes::MeshColor::ValueMustBe3ElementVector;
-  using IsEqual = VORTIL::datatypes::MeshColorDataType::isEqual;
-};
+#define VGDT_MESSAGES_OF(Type)                                    \
+  template <>                                                     \
+  struct MessagesOf<Type> {                                       \
+    using AmbiguousName = VORTIL::datatypes::Type::AmbiguousName; \
+    using ParseError = VORTIL::datatypes::Type::ParseError;       \
+    using IsEqual = VORTIL::datatypes::Type##DataType::isEqual;   \
+  };
+VGDT_MESSAGES_OF(RGBAColor)
+VGDT_MESSAGES_OF(MarkerColor)
+VGDT_MESSAGES_OF(MeshColor)
+#undef VGDT_MESSAGES_OF
 
 /// "[ 1 0.5 0 ]", on the host's heap.
 char* newText(const ColorBase& color) {
@@ -131,10 +122,10 @@ struct ChannelExecutor {
 };
 
 /// What MarkerColor and MeshColor do alike, for an array that is not null.
-template <class Color>
+template <class Color, class WrongCount>
 COSValue valueFromArray(const vxArray* array) {
   if (vxGetClassID(array) == vxCHAR_CLASS) return valueFromCharArray<Color>(array);
-  if (vxGetNumberOfElements(array) != 3) vxErrMsgId(typename MessagesOf<Color>::WrongCount());
+  if (vxGetNumberOfElements(array) != 3) vxErrMsgId(WrongCount());
   ChannelExecutor executor;
   vg::TL::ArrayDispatcher<ChannelExecutor, vg::TL::Numeric>::dispatchHelper(
       array, ArrayDispatcherBase::getClassID(array), executor);
@@ -190,7 +181,8 @@ COSValue RGBAColorVC::from(COSValue array) const {
 
 COSValue MarkerColorVC::from(COSValue array) const {
   if (array.isNull()) return array;
-  return valueFromArray<MarkerColor>(array.asPointer<const vxArray>());
+  using VORTIL::datatypes::MarkerColor::ValueMustBe3ElementVector;
+  return valueFromArray<MarkerColor, ValueMustBe3ElementVector>(array.asPointer<const vxArray>());
 }
 
 /// Unlike MarkerColor, refuses null, and looks at the class before the number of elements.
@@ -198,7 +190,7 @@ COSValue MeshColorVC::from(COSValue array) const {
   const auto* const given = array.asPointer<const vxArray>();
   if (!given || (vxGetClassID(given) != vxCHAR_CLASS && !vg::isNumericClass(vxGetClassID(given))))
     vxErrMsgId(real::ExpectedNumeric1());
-  return valueFromArray<MeshColor>(given);
+  return valueFromArray<MeshColor, VORTIL::datatypes::MeshColor::ValueMustBe3ElementVector>(given);
 }
 
 // clang-format off

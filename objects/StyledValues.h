@@ -33,16 +33,17 @@ const char* wordOf(const Value& value) {
       vcos::COSValue::fromInteger(int{value.getStyle()}));
 }
 
-/// The text of a word: `writeNumbers(value)` copies that of the numbers.
-template <class Value, class WriteNumbers>
-vcos::COSValue textOf(vcos::COSValue word, WriteNumbers&& writeNumbers) {
+/// The text of the value that a word points to: the word of its style or, if its numbers count,
+/// what `newNumbers(value)` makes of them on the host's heap. Null for null.
+template <class Value, class NewNumbers>
+vcos::COSValue textOf(vcos::COSValue word, NewNumbers&& newNumbers) {
   if (word.isNull()) return word;
   const auto& value = *word.asPointer<const Value>();
-  return vcos::COSValue::fromPointer(value.getStyle() == Value::kNumeric ? writeNumbers(value)
+  return vcos::COSValue::fromPointer(value.getStyle() == Value::kNumeric ? newNumbers(value)
                                                                          : copyText(wordOf(value)));
 }
 
-/// The array of a word: `newNumbers(value)` makes that of the numbers.
+/// The same as a host array, which is an empty one for null.
 template <class Value, class NewNumbers>
 vcos::COSValue arrayOf(vcos::COSValue word, NewNumbers&& newNumbers) {
   if (word.isNull()) return vcos::COSValue::fromPointer(vxCreateDoubleMatrix(0, 0, vxREAL));

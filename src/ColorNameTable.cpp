@@ -45,8 +45,8 @@ struct FirstCharacter {
   char character;
 };
 
-/// What the map's std::less compares a name and a first character by: the first character of an
-/// empty name is NUL.
+/// The order of the names by their first characters, by which the map finds where those with a
+/// certain one begin. An empty name comes first.
 bool operator<(const std::string& name, FirstCharacter first) {
   return static_cast<unsigned char>(name.c_str()[0]) < static_cast<unsigned char>(first.character);
 }

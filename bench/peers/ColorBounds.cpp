@@ -3,6 +3,7 @@
 
 #include "colors.h"
 
+#include <graphics/datatype/ColorNameTable.h>
 #include <ut/memory.h>
 
 #include <charconv>
@@ -10,6 +11,7 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <vector>
 
 namespace peers {
 namespace {
@@ -19,16 +21,15 @@ struct NamedColor {
   Rgb color;
 };
 
-/// The names that the library's table begins with.
-constexpr NamedColor kNamedColors[] = {
-    {"yellow", {1, 1, 0}},     {"magenta", {1, 0, 1}},
-    {"cyan", {0, 1, 1}},       {"red", {1, 0, 0}},
-    {"green", {0, 1, 0}},      {"g", {0, 1, 0}},
-    {"blue", {0, 0, 1}},       {"b", {0, 0, 1}},
-    {"black", {0, 0, 0}},      {"w", {1, 1, 1}},
-    {"white", {1, 1, 1}},      {"k", {0, 0, 0}},
-    {"gray", {0.5, 0.5, 0.5}}, {"defaultaxesboxcolor", {0.2, 0.2, 0.2}},
-};
+/// The names that the library's table begins with, in its order.
+std::vector<NamedColor> defaultColors() {
+  static const graphics::datatype::ColorNameTable table;
+  std::vector<NamedColor> colors;
+  for (const auto& [name, color] : table.getColorMap())
+    colors.push_back({name.c_str(), {color.red, color.green, color.blue}});
+  return colors;
+}
+const std::vector<NamedColor> kNamedColors = defaultColors();
 constexpr Rgb kNoColor{-1, -1, -1};
 
 Rgb named(const char* text) {
