@@ -13,6 +13,8 @@
 /// an integer class, and for a number that is too large for single or double, whichever it is read
 /// as.
 
+#include <gui_objects/BoundingVolume.h>
+#include <gui_objects/Matrix4x4d.h>
 #include <ut/export.h>
 #include <vx/array.h>
 
@@ -40,6 +42,11 @@ VGHOST_API std::pair<std::size_t, std::size_t> parse_array_dimensions(const char
 VGHOST_API std::array<double, 2> parse_1x2_double(const char* text);
 VGHOST_API std::array<double, 3> parse_1x3_double(const char* text);
 VGHOST_API std::array<double, 4> parse_1x4_double(const char* text);
+
+/// The corners of a box, a row for each. Errors: an InvalidWidthException for corners that are no
+/// minimum and maximum.
+VGHOST_API BoundingVolume parse_2x3_double(const char* text);
+VGHOST_API Matrix4x4d parse_4x4_double(const char* text);
 
 /// One number, with or without brackets.
 VGHOST_API double parse_double_scalar(const char* text);

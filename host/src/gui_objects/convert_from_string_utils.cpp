@@ -165,10 +165,11 @@ void readElements(Size size, const char* text, T* elements) {
   if (found != size) throw ParseException();
 }
 
-template <std::size_t count>
-std::array<double, count> readRow(const char* text) {
-  std::array<double, count> numbers{};
-  readElements({1, count}, text, numbers.data());
+/// The numbers column by column.
+template <std::size_t rows, std::size_t columns>
+std::array<double, rows * columns> readNumbers(const char* text) {
+  std::array<double, rows * columns> numbers{};
+  readElements({rows, columns}, text, numbers.data());
   return numbers;
 }
 
@@ -190,13 +191,21 @@ vxArray* parse_mxn(std::size_t rows, std::size_t columns, vxClassID classID, con
 }
 
 std::array<double, 2> parse_1x2_double(const char* text) {
-  return readRow<2>(text);
+  return readNumbers<1, 2>(text);
 }
 std::array<double, 3> parse_1x3_double(const char* text) {
-  return readRow<3>(text);
+  return readNumbers<1, 3>(text);
 }
 std::array<double, 4> parse_1x4_double(const char* text) {
-  return readRow<4>(text);
+  return readNumbers<1, 4>(text);
+}
+
+BoundingVolume parse_2x3_double(const char* text) {
+  const auto [xMin, xMax, yMin, yMax, zMin, zMax] = readNumbers<2, 3>(text);
+  return {{xMin, yMin, zMin}, {xMax, yMax, zMax}};
+}
+Matrix4x4d parse_4x4_double(const char* text) {
+  return Matrix4x4d(readNumbers<4, 4>(text));
 }
 
 double parse_double_scalar(const char* text) {

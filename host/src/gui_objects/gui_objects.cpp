@@ -19,6 +19,18 @@ const char* NullArrayException::what() const noexcept {
   return "no array";
 }
 
+GeometryException::~GeometryException() = default;
+
+const char* RectangleCrossedPointsException::what() const noexcept {
+  return "negative width or height of a rectangle";
+}
+const char* InvalidInsetException::what() const noexcept {
+  return "negative margin";
+}
+const char* InvalidWidthException::what() const noexcept {
+  return "maximum of a box below its minimum";
+}
+
 convert_from_string_utils::ParseException::~ParseException() = default;
 
 void InitializationCallbackRegistrar::addCallback(void (*callback)()) {
