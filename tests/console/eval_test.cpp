@@ -120,6 +120,12 @@ TEST_F(Eval, NamesTheKindOfEveryFailure) {
       {R"("type":"Probe","text":"!new")", R"("memory",)"},
       {R"("type":"Probe","text":"!standard")", R"("other","id":"","message":"what it says"}})"},
       {R"("type":"Probe","text":"!number")", R"("other","id":"","message":""}})"},
+      {R"("op":"units","what":"height","from":"in","to":"p","value":1)",
+       R"("host","id":"VORTIL:datatypes:InvalidEnumValue","message":"\"p\" is not a value of)"},
+      {R"("op":"units","what":"position","from":"in","to":"in","value":[0,0,-1,1])",
+       R"("other","id":"","message":"negative width or height of a rectangle"}})"},
+      {R"("op":"units","what":"inset","from":"in","to":"pix","value":[-1,0,1,1])",
+       R"("other","id":"","message":"negative margin"}})"},
   };
   for (const auto& [members, failure] : kCases) {
     EXPECT_THAT(replyTo(std::string(R"({"id":"x",)") + members + "}"),
@@ -151,6 +157,30 @@ TEST_F(Eval, PassesOnWhatIsPrintedAndWarnedOf) {
   EXPECT_EQ(errors.str(), "  console     first\n              second\n");
 }
 
+TEST_F(Eval, ConvertsBetweenUnitsWhoseNamesMayBeAbbreviated) {
+  const std::pair<const char*, const char*> kCases[] = {
+      {R"("what":"position","from":"inches","to":" PIX","value":[1,1.5,2,0],"ppi":96)",
+       "[96,144,192,0]"},
+      {R"("what":"position","from":"pixels","to":"normalized","value":[1,2,3,4])", "[0,0,1,1]"},
+      {R"("what":"position","from":"pix","to":"inc","value":[1,1,72,144],"origin":1,"ppi":-1)",
+       "[0,0,1,2]"},
+      {R"("what":"point","from":"norm","to":"pix","value":[0.5,2],"reference":[9,9,200,100],)"
+       R"("origin":1)",
+       "[101,201]"},
+      {R"("what":"point","from":"pix","to":"characters","value":[3,0])", R"(["Inf","NaN"])"},
+      {R"("what":"point","from":"pix","to":"pix","value":["-Inf","NaN"],"origin":1)",
+       R"(["-Inf","NaN"])"},
+      {R"("what":"height","from":"ch","to":"poi","value":[2],"char":[5,10],"origin":"Inf")",
+       "[20]"},
+      {R"("what":"height","from":"inc","to":"cent","value":-2)", "[-5.08]"},
+      {R"("what":"inset","from":"pix","to":"norm","value":[1,2,3,4],"origin":"NaN")", "[0,0,1,1]"},
+      {R"("what":"inset","from":"poi","to":"char","value":[1,2,3,4],"char":[0.5,2])", "[2,1,6,2]"},
+  };
+  for (const auto& [members, result] : kCases)
+    EXPECT_EQ(replyTo(std::string(R"({"id":1,"op":"units",)") + members + "}"),
+              std::string(R"({"id":1,"ok":true,"result":)") + result + "}");
+}
+
 TEST_F(Eval, DescribesATypeWithEverythingTheClassSystemKnowsAndListsTheTypes) {
   EXPECT_EQ(replyTo(R"({"id":[1],"op":"describe","type":"on_off"})"),
             R"({"id":[1],"ok":true,"type":{"name":"on_off",)"
@@ -179,6 +209,8 @@ TEST_F(Eval, FindsTwoOrThreeValuesThatATypeTakesAndAsManyThatItRefuses) {
 
 TEST_F(Eval, RefusesARequestThatIsWrongAndServesTheNext) {
   const std::string on = R"("type":"on_off","text":"on")";
+  const std::string units = R"("op":"units","from":"in","to":"pix")";
+  const std::string point = units + R"(,"what":"point")";
   const std::string tooDeep = std::string(64, '[') + std::string(64, ']');
   // What the reply says of the requests that have these members beside the "id".
   const std::pair<const char*, std::vector<std::string>> kMembers[] = {
@@ -204,6 +236,17 @@ TEST_F(Eval, RefusesARequestThatIsWrongAndServesTheNext) {
       {"op", {R"("op":["types"])"}},
       {"are id, op, name", {R"("op":"color","type":"x")", R"("op":"color","name":"b","text":"")"}},
       {R"(\"name\")", {R"("op":"color","name":null)", R"("op":"color","name":"b\u0000")"}},
+      {"what", {R"("op":"units")", units + R"(,"what":"length")", units + R"(,"what":1)"}},
+      {"from", {R"("op":"units","what":"height")", point + R"(,"form":"in")"}},
+      {R"(\"value\" is missing)", {point}},
+      {R"(\"value\" has to be a list of 2 numbers: x and y)",
+       {point + R"(,"value":1)", point + R"(,"value":[1])", point + R"(,"value":{"a":1})"}},
+      {R"(element 2 of \"value\" has to be a number, or \"NaN\")",
+       {point + R"(,"value":[1,"nan"])", point + R"(,"value":[1,true])"}},
+      {R"(\"value\" has to be one number)", {units + R"(,"what":"height","value":[])"}},
+      {R"(\"ppi\" has to be a number)", {point + R"(,"value":[1,2],"ppi":[96])"}},
+      {R"(\"reference\" has to be a list of 4)", {point + R"(,"value":[1,2],"reference":[1])"}},
+      {R"(\"char\" has to be a list of 2)", {point + R"(,"value":[1,2],"char":[1,2,3])"}},
       {"Text", {on + R"(,"Text":"on")"}},
       {"twice", {on + R"(,"text":"on")", R"("type":"on_off","text":{"a":1,"b":{},"a":2})"}},
       {"64", {R"("type":"on_off","text":)" + tooDeep}},
@@ -262,7 +305,8 @@ TEST_F(Eval, EndsWhatItMadeAndSaysThatMemoryHasRunOutWhicheverAllocationFails) {
         R"-({"type":"NumericMatrix","array":"{1,'a',struct('b',{true})}"})-", R"({"op":"color"})",
         R"({"op":"color","name":"bl"})", R"({"op":"describe","type":"MarkerStyle"})",
         R"({"type":"Units","array":"'nonesuch'"})", R"({"type":"nonesuch","text":""})",
-        R"({"id":{"b":[1,2],"a":[[]]}})"}) {
+        R"({"id":{"b":[1,2],"a":[[]]}})",
+        R"({"op":"units","what":"inset","from":"in","to":"pix","value":[1,2,3,"Inf"]})"}) {
     EXPECT_EQ(newsOfWriting(line), 0U) << line;
     const std::string good = written();
     const std::size_t arrays = vghost::liveArrays();
@@ -406,6 +450,8 @@ TEST_F(Eval, TabulatesRequestsForPeople) {
       "{\"type\":\"Probe\",\"array\":\"'!invalid'\"}\n"
       "{\"type\":\"on_off\",\"text\":\"on\",\"equals\":{\"word\":\"null\"}}\n"
       "{\"op\":\"color\",\"name\":\"x\"}\n"
+      "{\"op\":\"units\",\"what\":\"height\",\"from\":\"in\",\"to\":\"pix\",\"value\":1,\"ppi\":9}"
+      "\n"
       "x\ty\x1b\n");
   std::ostringstream output;
   EXPECT_EQ(tabulateLines(input, output), kNotUnderstood);
@@ -416,7 +462,8 @@ TEST_F(Eval, TabulatesRequestsForPeople) {
       "2  Probe   array '!invalid'         C:d          out of range\n"
       "3  on_off  text \"on\" = word \"null\"  ok on        not equal, compare 1\n"
       "4          \"color\" \"x\"              ok, missing\n"
-      "5          x\\ty\\x1b                 request      the line is not valid JSON (byte 1)\n");
+      "5  height  1 in to pix, ppi 9       ok 9 pixels\n"
+      "6          x\\ty\\x1b                 request      the line is not valid JSON (byte 1)\n");
 }
 
 }  // namespace

@@ -32,8 +32,7 @@ vcos::COSValue wordNamed(const Type& type, const std::string& name) {
 
 }  // namespace
 
-vcos::ArrayOwner readLiteral(const Type& type, const std::string& literal) {
-  requireMoreThanText(type);
+vcos::ArrayOwner readLiteral(const std::string& literal) {
   try {
     return parseLiteral(literal);
   } catch (const LiteralError& error) {
@@ -41,6 +40,11 @@ vcos::ArrayOwner readLiteral(const Type& type, const std::string& literal) {
                        fmt::format("column {} of the literal: {}",
                                    columnOf(literal, error.position()), error.what()));
   }
+}
+
+vcos::ArrayOwner readLiteral(const Type& type, const std::string& literal) {
+  requireMoreThanText(type);
+  return readLiteral(literal);
 }
 
 Value::Value(const Type& type, const GivenValue& given) {

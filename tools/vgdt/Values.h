@@ -33,8 +33,10 @@ struct GivenValue {
   std::string content;
 };
 
-/// The array of a literal for the array conversion. RequestError if the type has none, LiteralError
-/// (with the column in its text) if the literal does not parse.
+/// The array of a literal. LiteralError, with the column in its text, if the literal does not
+/// parse.
+vcos::ArrayOwner readLiteral(const std::string& literal);
+/// The same for the array conversion of a type; RequestError if the type has none.
 vcos::ArrayOwner readLiteral(const Type& type, const std::string& literal);
 
 /// A value of a type. The type's default word is shown as it is, never copied and never destroyed.

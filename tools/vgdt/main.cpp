@@ -28,6 +28,7 @@ class CommandLine {
     addConvert();
     addEval();
     addColors();
+    addUnits();
   }
 
   int run(int argc, char** argv) {
@@ -109,9 +110,14 @@ class CommandLine {
         ->type_name("TEXT")
         ->excludes(literal);
     addJsonFlag(command);
-    // A literal may begin with a minus sign; it then arrives among the unknown options.
     command->allow_extras();
-    command->callback([this, command] { takeValue(command); });
+    command->callback([this, command] {
+      takeLiteral(command, literal_, text_.has_value());
+      if (!literal_ && !text_) throw CLI::RequiredError("LITERAL or --text");
+      const GivenValue given = text_ ? GivenValue{GivenValue::Route::Text, *text_}
+                                     : GivenValue{GivenValue::Route::Array, *literal_};
+      chosen_ = [this, given] { return convertValue(console_, typeName_, given, asJson_); };
+    });
   }
 
   void addEval() {
@@ -134,22 +140,51 @@ class CommandLine {
         [this] { chosen_ = [this] { return listColors(console_, page_, asJson_); }; });
   }
 
+  void addUnits() {
+    CLI::App* command = addCommand(
+        "units", "Convert between units",
+        "  vgdt units --what height --from inches --to centimeters 2\n"
+        "  vgdt units --what position --from inches --to pixels --ppi 96 \"[1 1 2 2]\"\n"
+        "  vgdt units --what point --from norm --to pix --reference \"[0 0 200 100]\" \"[0.5 1]\"");
+    const auto addName = [command](const char* option, std::string& name, const char* description) {
+      command->add_option(option, name, description)->type_name("NAME")->required();
+    };
+    const auto addNumbers = [command](const char* option, std::optional<std::string>& numbers,
+                                      const char* description, const char* form) {
+      command->add_option(option, numbers, description)->type_name(form);
+    };
+    addName("--what", units_.what, "What VALUE is: point, position, height or inset");
+    addName("--from", units_.from, "Its unit; \"vgdt describe Units\" lists them");
+    addName("--to", units_.to, "The unit to convert to");
+    addNumbers("VALUE", units_.value, "A number or a row, such as \"[1 1 2 2]\"", "");
+    addNumbers("--ppi", units_.ppi, "Pixels per inch; 72 without it", "NUMBER");
+    addNumbers("--reference", units_.reference,
+               "What normalized units are relative to, in pixels; only its size counts",
+               "\"[LEFT BOTTOM WIDTH HEIGHT]\"");
+    addNumbers("--char", units_.character, "Size of a character in points", "\"[WIDTH HEIGHT]\"");
+    addNumbers("--origin", units_.origin, "Number of the first pixel; 0 without it", "NUMBER");
+    addJsonFlag(command);
+    command->allow_extras();
+    command->callback([this, command] {
+      takeLiteral(command, units_.value, false);
+      if (!units_.value) throw CLI::RequiredError("VALUE");
+      chosen_ = [this] { return convertUnits(console_, units_, asJson_); };
+    });
+  }
+
   void addTypeName(CLI::App* command) {
     command->add_option("TYPE", typeName_, "Name of a type")->type_name("")->required();
   }
 
-  void takeValue(const CLI::App* command) {
+  /// A literal that begins with a minus sign arrives among the unknown options.
+  static void takeLiteral(const CLI::App* command, std::optional<std::string>& literal,
+                          bool hasOther) {
     std::vector<std::string> rest = command->remaining();
     std::erase(rest, "--");
-    if (!rest.empty()) {
-      if (rest.size() > 1 || literal_ || text_ || rest.front().starts_with("--"))
-        throw CLI::ExtrasError("convert", rest);
-      literal_ = rest.front();
-    }
-    if (!literal_ && !text_) throw CLI::RequiredError("LITERAL or --text");
-    const GivenValue given = text_ ? GivenValue{GivenValue::Route::Text, *text_}
-                                   : GivenValue{GivenValue::Route::Array, *literal_};
-    chosen_ = [this, given] { return convertValue(console_, typeName_, given, asJson_); };
+    if (rest.empty()) return;
+    if (rest.size() > 1 || literal || hasOther || rest.front().starts_with("--"))
+      throw CLI::ExtrasError(command->get_name(), rest);
+    literal = rest.front();
   }
 
   int start() {
@@ -168,6 +203,7 @@ class CommandLine {
   std::optional<std::string> text_;
   std::optional<std::string> file_;
   std::optional<std::string> page_;
+  UnitsArguments units_;
   bool asJson_ = false;
   bool asTable_ = false;
 };

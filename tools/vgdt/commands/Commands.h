@@ -16,6 +16,18 @@ ExitStatus convertValue(const Console& console, const std::string& name, const G
 /// Lists the colour names, or writes a page of them to the file `page`, which "-" names as standard
 /// output.
 ExitStatus listColors(const Console& console, const std::optional<std::string>& page, bool asJson);
+/// Arguments of a conversion between units. All but the names are literals.
+struct UnitsArguments {
+  std::string what;
+  std::string from;
+  std::string to;
+  std::optional<std::string> value;
+  std::optional<std::string> ppi;
+  std::optional<std::string> reference;
+  std::optional<std::string> character;
+  std::optional<std::string> origin;
+};
+ExitStatus convertUnits(const Console& console, const UnitsArguments& arguments, bool asJson);
 /// From the file of that name; from standard input without one.
 ExitStatus evaluate(const Console& console, const std::optional<std::string>& file, bool asTable);
 

@@ -53,6 +53,7 @@ std::string outcomeText(const Reply& reply) {
     return failure->identifier.empty() ? nameOf(failure->kind) : failure->identifier;
   if (const auto* answer = std::get_if<ValueAnswer>(&reply.answer))
     return "ok " + shownText(answer->value);
+  if (const auto* answer = std::get_if<UnitsAnswer>(&reply.answer)) return "ok " + textOf(*answer);
   const auto* answer = std::get_if<ColorAnswer>(&reply.answer);
   if (!answer) return "ok";
   if (answer->color) return "ok " + channelsText(*answer->color);
@@ -67,16 +68,27 @@ std::string messageText(const Reply& reply) {
                      answer->comparison->compare);
 }
 
-std::string typeText(const JsonValue& request) {
-  const JsonValue* type = request.find("type");
-  if (!type) return {};
-  return type->isString() ? type->text : jsonText(*type);
+/// Empty if there is no such member.
+std::string memberText(const JsonValue& request, const char* name) {
+  const JsonValue* member = request.find(name);
+  if (!member) return {};
+  return member->isString() ? member->text : jsonText(*member);
+}
+
+/// "[1,1,2,2] inches to pixels, ppi 96".
+std::string conversionText(const JsonValue& request) {
+  std::string text = fmt::format("{} {} to {}", memberText(request, "value"),
+                                 memberText(request, "from"), memberText(request, "to"));
+  for (const char* name : {"ppi", "reference", "char", "origin"})
+    if (request.find(name)) text += fmt::format(", {} {}", name, memberText(request, name));
+  return text;
 }
 
 /// The value that a request gives and the one it is compared with, or what else it asks for; the
 /// line itself where it is no request.
 std::string askedText(std::string_view line, const JsonValue& request) {
   if (!request.isObject()) return std::string(line);
+  if (request.find("what")) return conversionText(request);
   const std::string asked = routeAndContent(request);
   const JsonValue* operation = request.find("op");
   const JsonValue* name = request.find("name");
@@ -90,11 +102,12 @@ std::string askedText(std::string_view line, const JsonValue& request) {
 
 std::vector<std::string> rowOf(std::string_view line, const Served& served) {
   constexpr std::size_t kTypeColumns = 20;
-  constexpr std::size_t kGivenColumns = 32;
+  constexpr std::size_t kGivenColumns = 44;
   constexpr std::size_t kOutcomeColumns = 56;
   constexpr std::size_t kMessageColumns = 100;
-  return {onOneLine(typeText(served.request), kTypeColumns),
-          onOneLine(askedText(line, served.request), kGivenColumns),
+  const JsonValue& request = served.request;
+  return {onOneLine(memberText(request, request.find("what") ? "what" : "type"), kTypeColumns),
+          onOneLine(askedText(line, request), kGivenColumns),
           onOneLine(outcomeText(served.reply), kOutcomeColumns),
           onOneLine(messageText(served.reply), kMessageColumns)};
 }

@@ -51,11 +51,16 @@ class AnswerWriter {
       writer_.closeObject();
     });
   }
+  void operator()(const UnitsAnswer& answer) { writeNumbers("result", answer.result); }
 
  private:
   void writeChannels(const ColorNameTable::ColorValue& color) {
-    writer_.key("rgb");
-    writeList(writer_, channelsOf(color), [this](double channel) { writer_.number(channel); });
+    writeNumbers("rgb", channelsOf(color));
+  }
+  template <class Numbers>
+  void writeNumbers(std::string_view name, const Numbers& numbers) {
+    writer_.key(name);
+    writeList(writer_, numbers, [this](double number) { writer_.number(number); });
   }
 
   JsonWriter& writer_;

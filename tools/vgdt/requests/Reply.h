@@ -5,6 +5,7 @@
 #include "requests/JsonValue.h"
 #include "requests/JsonWriter.h"
 #include "requests/TypeForm.h"
+#include "requests/UnitConversion.h"
 
 #include <graphics/datatype/ColorNameTable.h>
 #include <vx/errors.h>
@@ -39,7 +40,8 @@ using NamedColors = graphics::datatype::ColorNameTable::ColorMap;
 /// What a request comes to. Everything that can fail has been done: to write a reply takes no
 /// memory that grows with it, and no document is made of the arrays in it.
 struct Reply {
-  std::variant<Failure, ValueAnswer, TypeForm, TypeNames, ColorAnswer, NamedColors> answer = {};
+  std::variant<Failure, ValueAnswer, TypeForm, TypeNames, ColorAnswer, NamedColors, UnitsAnswer>
+      answer = {};
   std::vector<std::string> console = {};       ///< lines that were printed on the host's console
   std::vector<vghost::Warning> warnings = {};  ///< the host's
 

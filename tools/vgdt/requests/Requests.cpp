@@ -1,7 +1,9 @@
 #include "requests/Requests.h"
 
 #include "Values.h"
+#include "requests/Members.h"
 #include "requests/RequestParser.h"
+#include "requests/UnitConversion.h"
 #include "text/TextDisplay.h"
 
 #include <fmt/format.h>
@@ -22,6 +24,8 @@ using graphics::datatype::ColorNameTable;
 
 constexpr const char* kMembers[] = {"id", "op", "type", "text", "array", "word", "equals", "java"};
 constexpr const char* kColorMembers[] = {"id", "op", "name"};
+constexpr const char* kUnitsMembers[] = {"id",    "op",  "what",      "from", "to",
+                                         "value", "ppi", "reference", "char", "origin"};
 
 struct RouteRow {
   const char* member;
@@ -32,13 +36,6 @@ constexpr RouteRow kRoutes[] = {
     {"array", GivenValue::Route::Array},
     {"word", GivenValue::Route::Word},
 };
-
-const std::string& stringMember(const JsonValue& request, const char* name) {
-  const JsonValue* member = request.find(name);
-  if (!member) throw RequestError(fmt::format("\"{}\" is missing", name));
-  if (!member->isString()) throw RequestError(fmt::format("\"{}\" has to be a string", name));
-  return member->text;
-}
 
 void refuseJava(const JsonValue& request) {
   const JsonValue* java = request.find("java");
@@ -112,16 +109,19 @@ Answer answerColor(const JsonValue& request) {
   }
 }
 
+Answer answerUnits(const JsonValue& request) {
+  return convertUnits(request);
+}
+
 struct Operation {
   const char* name;
   std::span<const char* const> members;
   Answer (*answer)(const JsonValue& request);
 };
 constexpr Operation kOperations[] = {
-    {"value", kMembers, answerValue},
-    {"describe", kMembers, answerDescribe},
-    {"types", kMembers, answerTypes},
-    {"color", kColorMembers, answerColor},
+    {"value", kMembers, answerValue},      {"describe", kMembers, answerDescribe},
+    {"types", kMembers, answerTypes},      {"color", kColorMembers, answerColor},
+    {"units", kUnitsMembers, answerUnits},
 };
 
 void requireKnownMembers(const JsonValue& request, const Operation& operation) {
@@ -130,14 +130,6 @@ void requireKnownMembers(const JsonValue& request, const Operation& operation) {
       throw RequestError(
           fmt::format("a request of op \"{}\" has no member \"{}\"; its members are {}",
                       operation.name, shortened(name), fmt::join(operation.members, ", ")));
-}
-
-template <class Rows>
-std::string namesOf(const Rows& rows) {
-  std::vector<const char*> names;
-  for (const auto& row : rows)
-    names.push_back(row.name);
-  return fmt::format("{}", fmt::join(names, ", "));
 }
 
 Answer answer(const JsonValue& request) {

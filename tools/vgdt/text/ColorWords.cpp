@@ -2,6 +2,7 @@
 
 #include "ArrayElements.h"
 #include "text/ColorForms.h"
+#include "text/Faults.h"
 #include "text/Nearest.h"
 #include "text/NumberText.h"
 #include "text/TextDisplay.h"
@@ -22,8 +23,6 @@ namespace {
 namespace convert = gui_objects::convert_from_string_utils;
 using graphics::datatype::ColorNameTable;
 using graphics::datatype::VGTypedEnumStringType;
-
-constexpr const char* kEmpty = "the text is empty";
 
 const ColorNameTable::ColorMap& namedColors() {
   return ColorNameTable::getInstance()->getColorMap();
@@ -57,13 +56,8 @@ bool isDoubleOrLogical(const vxArray* array) {
 /// What is wrong with the class of an array and its number of elements.
 std::vector<std::string> formFaults(const vxArray* array, const NumberRules& rules) {
   std::vector<std::string> faults;
-  if (!rules.takesClass(array))
-    faults.push_back(fmt::format("its class is {}, not {}", vxGetClassName(array), rules.classes));
-  const std::size_t count = vxGetNumberOfElements(array);
-  if (count < rules.least || count > rules.most)
-    faults.push_back(
-        fmt::format("it has {} element{}, not {}{}", count, count == 1 ? "" : "s", rules.least,
-                    rules.least == rules.most ? "" : fmt::format(" or {}", rules.most)));
+  if (!rules.takesClass(array)) faults.push_back(classFault(array, rules.classes));
+  if (const auto fault = countFault(array, rules.least, rules.most)) faults.push_back(*fault);
   return faults;
 }
 
@@ -109,24 +103,12 @@ std::vector<std::string> wordsOfStyles(const VGTypedEnumStringType& styles) {
   return words;
 }
 
-/// Rows and columns of numbers in brackets; none for another text.
-std::optional<std::pair<std::size_t, std::size_t>> sizeOfNumbers(const std::string& text) {
-  try {
-    return convert::parse_array_dimensions(text.c_str());
-  } catch (const convert::ParseException&) {
-    return std::nullopt;
-  }
-}
-
 /// Why numbers are no colour; none for a text of another kind.
 std::optional<std::string> numbersFault(const std::string& text) {
   const auto size = sizeOfNumbers(text);
-  if (!size && trimmed(text).starts_with('[')) return "the brackets do not hold rows of numbers";
-  if (!size && sizeOfNumbers('[' + text + ']')) return "numbers stand in brackets";
-  if (!size) return std::nullopt;
+  if (!size) return bracketsFault(text);
   const auto [rows, columns] = *size;
-  if (rows != 1 || (columns != 3 && columns != 4))
-    return fmt::format("its size is {}-by-{}, not 1-by-3 or 1-by-4", rows, columns);
+  if (rows != 1 || (columns != 3 && columns != 4)) return sizeFault(*size, "1-by-3 or 1-by-4");
   const vcos::ArrayOwner numbers(convert::parse_mxn(rows, columns, vxDOUBLE_CLASS, text.c_str()));
   return channelFault(elementsOf<double>(numbers.get()));
 }
@@ -162,7 +144,7 @@ Explanation explainNamed(const std::string& name) {
 
 Explanation explainColorText(const std::string& text, const VGTypedEnumStringType& styles) {
   std::vector<std::string> names = namesMeantBy(text);
-  if (trimmed(text).empty() && names.size() != 1) return {.faults = {kEmpty}};
+  if (trimmed(text).empty() && names.size() != 1) return {.faults = {kEmptyText}};
   const auto style = styleMeantBy(text, styles);
   if (style && !isStandIn(*style)) names.insert(names.begin(), "the style " + *style);
   if (names.size() > 1) return {.candidates = names};
@@ -195,7 +177,7 @@ Explanation explainAlphaText(const std::string& text, const VGTypedEnumStringTyp
   if (const auto style = styleMeantBy(text, styles)) return {.faults = {standInFault(*style)}};
   if (const auto number = leadingNumber(text))
     return {.faults = {opacityFault(numberText(*number))}};
-  if (trimmed(text).empty()) return {.faults = {kEmpty}};
+  if (trimmed(text).empty()) return {.faults = {kEmptyText}};
   return {.faults = {fmt::format("no word begins with \"{}\", and it does not begin with a number",
                                  shortened(text))},
           .nearest = nearestName(trimmed(text), wordsOfStyles(styles))};

@@ -1,6 +1,7 @@
 #include "text/ShapedWords.h"
 
 #include "ArrayElements.h"
+#include "text/Faults.h"
 #include "text/NumberText.h"
 
 #include <fmt/format.h>
@@ -168,11 +169,8 @@ std::vector<std::string> findFaults(const Predicate& predicate, const vxArray* a
   if (finding.failure == Failure::kComplex) return {"it is complex"};
   std::vector<std::string> faults;
   if (!finding.fitsSize)
-    faults.push_back(fmt::format("its size is {}, not {}", fmt::join(dimensionsOf(array), "-by-"),
-                                 sizeWords(predicate.size)));
-  if (!finding.fitsClass)
-    faults.push_back(fmt::format("its class is {}, not {}", vxGetClassName(array),
-                                 classWords(predicate.classes)));
+    faults.push_back(sizeFault(dimensionsOf(array), sizeWords(predicate.size)));
+  if (!finding.fitsClass) faults.push_back(classFault(array, classWords(predicate.classes)));
   if (finding.firstElement) faults.push_back(elementFaults(predicate, array, finding));
   return faults;
 }

@@ -1,6 +1,7 @@
 #include "text/TypeWords.h"
 
 #include "text/ColorWords.h"
+#include "text/GeometryWords.h"
 #include "text/ShapedWords.h"
 
 #include <fmt/format.h>
@@ -101,6 +102,7 @@ std::string possibleValues(const Type& type) {
 
 TypeWords wordsOf(const Type& type) {
   if (const auto own = ownWords().find(type.name); own != ownWords().end()) return own->second;
+  if (auto words = geometryWords(type.name)) return *words;
   if (const auto* rules = shapedRules(type)) return shapedWords(*rules);
   const std::string values = possibleValues(type);
   return {.family = familyOf(type),

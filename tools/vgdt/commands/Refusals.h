@@ -1,0 +1,18 @@
+#pragma once
+
+#include "commands/Console.h"
+#include "text/Explanation.h"
+
+#include <string>
+
+namespace vgdt {
+
+/// Tells a person that a type has refused a value, why, and what it takes.
+void explainRefusal(const Console& console, const Refusal& refusal);
+
+/// Tells a person what is wrong with a request, and shows the place in a literal that does not
+/// parse.
+void reportRequestError(const Console& console, const std::string& literal,
+                        const RequestError& error);
+
+}  // namespace vgdt
