@@ -68,6 +68,13 @@ class Eval : public testing::Test {
     EXPECT_EQ(status_, kNotUnderstood);
   }
 
+  static void expectRefusal(const char* type, const GivenValue& given, const char* words) {
+    std::ostringstream output;
+    const Console console{output, output, Style(ColorDepth::None), Style(ColorDepth::None)};
+    EXPECT_EQ(convertValue(console, type, given, false), kRefused) << type << ' ' << given.content;
+    EXPECT_THAT(output.str(), HasSubstr(words)) << type << ' ' << given.content;
+  }
+
   ExitStatus status_ = kDone;
 };
 
@@ -410,15 +417,9 @@ TEST_F(Colors, AreRefusedWithWhatWasWrong) {
       {{{kText, "col"}}, "the word \"color\" stands for numbers"},
       {{{kText, ""}, {kText, " \t"}, {kArray, "''"}, {kArray, "char(0)"}}, "the text is empty\n"},
   };
-  const auto expect = [](const char* type, const GivenValue& given, const char* words) {
-    std::ostringstream output;
-    const Console console{output, output, Style(ColorDepth::None), Style(ColorDepth::None)};
-    EXPECT_EQ(convertValue(console, type, given, false), kRefused);
-    EXPECT_THAT(output.str(), HasSubstr(words)) << type << ' ' << given.content;
-  };
   for (const auto& [values, words] : kCases)
     for (const GivenValue& given : values)
-      expect("RGBAColor", given, words);
+      expectRefusal("RGBAColor", given, words);
   const std::tuple<const char*, const char*, const char*> kOthers[] = {
       {"MarkerColor", "single([0 0.5 1.1])", "blue is 1.1; a channel"},
       {"MarkerColor", "true", "its class is logical, not numeric or char"},
@@ -430,7 +431,55 @@ TEST_F(Colors, AreRefusedWithWhatWasWrong) {
       {"MeshAlpha", "'interpp'", "did you mean \"interp\"?"},
   };
   for (const auto& [type, literal, words] : kOthers)
-    expect(type, {kArray, literal}, words);
+    expectRefusal(type, {kArray, literal}, words);
+}
+
+TEST_F(Eval, ExplainsWhatTheTypesOfGeometryRefuseByTheFirstTestThatDoesNotHold) {
+  const std::tuple<const char*, GivenValue, const char*> kCases[] = {
+      {"Position",
+       {kArray, "'ab'"},
+       "its class is char, not numeric\n              its size is 1-by"},
+      {"Position",
+       {kArray, "[1 2; 3 NaN]"},
+       "refused     its size is 2-by-2, not 1-by-4 or 4-by-1\n"},
+      {"Position", {kArray, "[NaN 0 -1 1]"}, "refused     width is -1; it is a number from 0 upw"},
+      {"Position",
+       {kArray, "single([0 NaN Inf 1])"},
+       "refused     y is NaN; it is a finite number\n"},
+      {"Position",
+       {kText, "[NaN 0 NaN -0.5]"},
+       "height is -0.5; it is a number from 0 upwards, or"},
+      {"ScreenPosition", {kArray, "[0 0 1 1]"}, "its class is double, not an integer class\n"},
+      {"ScreenPosition", {kArray, "int64([0 0 -4294967296 1])"}, "width is -4294967296; it is a"},
+      {"ScreenPosition",
+       {kArray, "uint32([0; 0; 4294967295; 1])"},
+       "width is 4294967295, as a 32-bit integer -1; it is a number from 0 upwards"},
+      {"ScreenPosition",
+       {kText, "[0 0 -0.9 NaN]"},
+       "height is NaN, as a 32-bit integer -2147483648;"},
+      {"Point2", {kArray, "[1 2 3]"}, "refused     it has 3 elements, not 2\n"},
+      {"Point2", {kText, "1 2"}, "refused     numbers stand in brackets\n"},
+      {"Point2d", {kText, "[1 2 3]"}, "refused     its size is 1-by-3, not 1-by-2\n"},
+      {"Point3", {kText, "point"}, "refused     it is no list of numbers in brackets\n"},
+      {"PositivePoint3", {kArray, "int8([1 0 2])"}, "y is 0; it is a finite number above 0"},
+      {"Rectangle2", {kArray, "[0 0 -0.5 -1.5]"}, "height is -1.5, as a 32-bit integer -1; it is"},
+      {"Inset", {kArray, "[1;2;3;4]"}, "its size is 4-by-1, not 1-by-4\n"},
+      {"Inset", {kText, "[0 NaN -1 0]"}, "right is -1; it is a number from 0 upwards, or NaN\n"},
+      {"BoundingVolume", {kArray, "[0 1 0; 0 -1 0]"}, "the width along y is -2, from 1 to -1; it"},
+      {"BoundingVolume",
+       {kText, "[0 1 Inf; 0 1 Inf]"},
+       "the width along z is NaN, from Inf to Inf"},
+      {"Matrix4x4",
+       {kArray, "{}"},
+       "its class is cell, not numeric\n              its size is 0-by-0, "},
+      {"Matrix4x4", {kText, ""}, "the text is empty\n"},
+      {"Positive", {kText, "-Inf"}, "the number is -Inf; it is a finite number above 0\n"},
+      {"Positive", {kText, "one"}, "refused     it is no number\n"},
+      {"Positive", {kText, "1 2"}, "its size is 1-by-2, not 1-by-1\n"},
+      {"LightingStrength", {kArray, "2"}, "the number is 2; it is a number from 0 to 1\n"},
+  };
+  for (const auto& [type, given, words] : kCases)
+    expectRefusal(type, given, words);
 }
 
 TEST_F(Eval, ReportsTheWorstOutcomeInTheStatus) {

@@ -141,10 +141,12 @@ std::vector<std::string> arrayFaults(const vxArray* array, const Rules& rules) {
 
 std::vector<std::string> textFaults(const std::string& text, const Rules& rules) {
   if (trimmed(text).empty()) return {kEmptyText};
-  const bool isSingle = rules.rows * rules.columns == 1;  // which may stand without brackets
-  const std::string numbers = isSingle && !trimmed(text).starts_with('[') ? '[' + text + ']' : text;
+  // A single number may stand without brackets.
+  const bool isBare = rules.rows * rules.columns == 1 && !trimmed(text).starts_with('[');
+  const std::string numbers = isBare ? '[' + text + ']' : text;
   const auto size = sizeOfNumbers(numbers);
-  if (!size) return {bracketsFault(numbers).value_or("it is no list of numbers in brackets")};
+  if (!size && isBare) return {"it is no number"};
+  if (!size) return {bracketsFault(text).value_or("it is no list of numbers in brackets")};
   if (*size != std::array{rules.rows, rules.columns})
     return {sizeFault(*size, fmt::format("{}-by-{}", rules.rows, rules.columns))};
   const vcos::ArrayOwner array(gui_objects::convert_from_string_utils::parse_mxn(
@@ -162,9 +164,9 @@ const std::unordered_map<std::string, Row>& rowsByType() {
       {"BoundingVolume",
        {{.family = "geometry",
          .inShort = "2-by-3: minimum and maximum of x, y and z",
-         .values =
-             {"2-by-3 numeric: a column for each of x, y and z, its minimum above its maximum",
-              "no maximum below its minimum, no NaN, no two equal infinities in a column"},
+         .values = {"2-by-3 numeric: columns for x, y and z, the minimum in the first row, the "
+                    "maximum in the second",
+                    "no maximum below its minimum, no NaN, no two equal infinities in a column"},
          .texts = {"2 rows of 3 numbers in brackets, such as [0 0 0; 1 1 1]; a text that is none "
                    "becomes [0 0 0; 0 0 0]"},
          .samples = {"[0 0 0; 1 2 3]", "int8([-1 -1 -1; -1 -1 -1])", "[-1 0 0; Inf 1 1]",
