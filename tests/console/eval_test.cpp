@@ -472,6 +472,7 @@ TEST_F(Eval, ExplainsWhatTheTypesOfGeometryRefuseByTheFirstTestThatDoesNotHold) 
       {"Matrix4x4",
        {kArray, "{}"},
        "its class is cell, not numeric\n              its size is 0-by-0, "},
+      {"Matrix4x4", {kArray, "zeros(4,2,2)"}, "its size is 4-by-2-by-2, not 4-by-4\n"},
       {"Matrix4x4", {kText, ""}, "the text is empty\n"},
       {"Positive", {kText, "-Inf"}, "the number is -Inf; it is a finite number above 0\n"},
       {"Positive", {kText, "one"}, "refused     it is no number\n"},

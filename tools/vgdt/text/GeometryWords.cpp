@@ -52,7 +52,14 @@ struct Test {
   Tested tested = Tested::kElement;
 };
 
-enum class Shape { kMatrix, kRowOrColumn, kAny };
+/// Which arrays of the right number of elements count. Where an array may have more than two
+/// dimensions, those after the first count as one.
+enum class Shape {
+  kMatrix,  ///< two dimensions
+  kFolded,
+  kFoldedOrColumn,  ///< also with rows and columns the other way round
+  kAny,
+};
 
 /// What the conversions of a type test: the class, the shape and the elements, in this order.
 struct Rules {
@@ -112,8 +119,9 @@ std::vector<std::string> elementFaults(std::span<const T> elements, const Rules&
 bool fitsSize(const vxArray* array, const Rules& rules) {
   const std::size_t rows = vxGetM(array);
   const std::size_t columns = vxGetN(array);
+  if (rules.shape == Shape::kMatrix && vxGetNumberOfDimensions(array) != 2) return false;
   return (rows == rules.rows && columns == rules.columns) ||
-         (rules.shape == Shape::kRowOrColumn && rows == rules.columns && columns == rules.rows);
+         (rules.shape == Shape::kFoldedOrColumn && rows == rules.columns && columns == rules.rows);
 }
 
 std::optional<std::string> shapeFault(const vxArray* array, const Rules& rules) {
@@ -121,7 +129,7 @@ std::optional<std::string> shapeFault(const vxArray* array, const Rules& rules) 
   if (rules.shape == Shape::kAny) return countFault(array, count, count);
   if (fitsSize(array, rules)) return std::nullopt;
   std::string wanted = fmt::format("{}-by-{}", rules.rows, rules.columns);
-  if (rules.shape == Shape::kRowOrColumn)
+  if (rules.shape == Shape::kFoldedOrColumn)
     wanted += fmt::format(" or {}-by-{}", rules.columns, rules.rows);
   return sizeFault(dimensionsOf(array), wanted);
 }
@@ -171,7 +179,7 @@ const std::unordered_map<std::string, Row>& rowsByType() {
                    "becomes [0 0 0; 0 0 0]"},
          .samples = {"[0 0 0; 1 2 3]", "int8([-1 -1 -1; -1 -1 -1])", "[-1 0 0; Inf 1 1]",
                      "[1 0 0; 0 1 1]", "[0 1; 0 1; 0 1]", "'text'"}},
-        {.shape = Shape::kMatrix,
+        {.shape = Shape::kFolded,
          .rows = 2,
          .columns = 3,
          .names = {"the width along x", "the width along y", "the width along z"},
@@ -187,7 +195,7 @@ const std::unordered_map<std::string, Row>& rowsByType() {
                    "[0 0 0 0]"},
          .samples = {"[1 2 3 4]", "uint8([5 5 5 5])", "[0 NaN Inf 0.5]", "[0 -1 0 0]",
                      "[1; 2; 3; 4]", "'text'"}},
-        {.shape = Shape::kMatrix,
+        {.shape = Shape::kFolded,
          .columns = 4,
          .names = {"left", "bottom", "right", "top"},
          .ofArrays = {{0, 4, kNotNegative}},
@@ -223,7 +231,7 @@ const std::unordered_map<std::string, Row>& rowsByType() {
        {{.family = "geometry",
          .inShort = "2 elements, finite: x and y",
          .values = {"2 elements of a numeric class, finite: x and y"},
-         .texts = {"2 numbers in brackets, such as [0.5 1], also NaN and infinities"},
+         .texts = {"2 numbers in brackets, such as [0.5 1], also NaN, Inf and -Inf"},
          .samples = {"[0.5 -1]", "int8([1; 2])", "reshape(1:2,1,1,2)", "[Inf 0]", "[1 2 3]",
                      "'ab'"}},
         {.columns = 2, .names = {"x", "y"}, .ofArrays = {{0, 2, kFinite}}}}},
@@ -231,7 +239,7 @@ const std::unordered_map<std::string, Row>& rowsByType() {
        {{.family = "geometry",
          .inShort = "3 elements, finite: x, y and z",
          .values = {"3 elements of a numeric class, finite: x, y and z"},
-         .texts = {"3 numbers in brackets, such as [0.5 1 2], also NaN and infinities"},
+         .texts = {"3 numbers in brackets, such as [0.5 1 2], also NaN, Inf and -Inf"},
          .samples = {"[1 2.5 -3]", "int32([-1; 0; 1])", "[NaN 1 1]", "[1 2]", "'abc'"}},
         {.columns = 3, .names = {"x", "y", "z"}, .ofArrays = {{0, 3, kFinite}}}}},
       {"Position",
@@ -240,11 +248,11 @@ const std::unordered_map<std::string, Row>& rowsByType() {
          .values = {"1-by-4 or 4-by-1 numeric, finite: x, y, width and height, in the units of the "
                     "owner's property Units",
                     "width and height from 0 upwards"},
-         .texts = {"4 numbers in brackets, such as [10 20 640 480], also NaN, and infinities; a "
-                   "text that is none becomes [0 0 0 0]"},
+         .texts = {"4 numbers in brackets, such as [10 20 640 480], also NaN, Inf and, but for the "
+                   "sizes, -Inf; a text that is none becomes [0 0 0 0]"},
          .samples = {"[10 20 640 480]", "int32([1; 2; 3; 4])", "[0.1 -2 0 0]", "[0 0 -1 1]",
                      "[NaN 0 1 1]", "[1 2 3]", "'text'"}},
-        {.shape = Shape::kRowOrColumn,
+        {.shape = Shape::kFoldedOrColumn,
          .columns = 4,
          .names = {"x", "y", "width", "height"},
          .ofArrays = {{2, 4, kFromZero}, {0, 4, kFinite}},
@@ -262,8 +270,8 @@ const std::unordered_map<std::string, Row>& rowsByType() {
        {{.family = "geometry",
          .inShort = "3 elements, finite and above 0: x, y and z",
          .values = {"3 elements of a numeric class, finite and above 0: x, y and z"},
-         .texts = {"3 numbers in brackets, such as [0.5 1 2], also negative ones, NaN and "
-                   "infinities; a text that is none becomes null"},
+         .texts = {"3 numbers in brackets, such as [0.5 1 2], also negative ones, NaN, "
+                   "Inf and -Inf; a text that is none becomes null"},
          .samples = {"[1 2 0.5]", "uint8([3; 2; 1])", "[1 1 0]", "int32([-1 0 1])", "[1 2]",
                      "'abc'"}},
         {.columns = 3, .names = {"x", "y", "z"}, .ofArrays = {{0, 3, kAboveZero}}}}},
@@ -278,7 +286,7 @@ const std::unordered_map<std::string, Row>& rowsByType() {
          .texts = {"4 numbers in brackets, such as [1 2 3 4], with the same rules"},
          .samples = {"[1 2 3 4]", "[1.9 -1.9 0.5 3.5]", "int64([0 0 1 1])", "[0 0 -1 1]",
                      "[1; 2; 3; 4]", "'text'"}},
-        {.shape = Shape::kMatrix,
+        {.shape = Shape::kFolded,
          .columns = 4,
          .names = {"x", "y", "width", "height"},
          .ofArrays = {{2, 4, kFromZero, Tested::kInteger}},
@@ -294,7 +302,7 @@ const std::unordered_map<std::string, Row>& rowsByType() {
          .samples = {"int32([10 20 640 480])", "uint8([1; 2; 3; 4])", "uint32([4294967295 0 1 1])",
                      "[10 20 640 480]", "int32([0 0 -1 1])", "int32([1 2 3])"}},
         {.takesIntegersOnly = true,
-         .shape = Shape::kRowOrColumn,
+         .shape = Shape::kFoldedOrColumn,
          .columns = 4,
          .names = {"x", "y", "width", "height"},
          .ofArrays = {{2, 4, kFromZero}, {2, 4, kFromZero, Tested::kInteger}},
