@@ -8,13 +8,11 @@
 
 namespace graphics::datatype {
 
-/// All enumerated types report the size of their value class, and start from a default-constructed
-/// value.
+/// All enumerated types report the size of their value class.
 template <class Value>
-struct EnumeratedTypeTraits {
+struct EnumeratedTypeTraits : PlainValues<Value> {
   static constexpr std::size_t kBytes = 24;
   static_assert(sizeof(Value) == kBytes);
-  static Value* createDefault() { return new Value; }
 };
 
 template <class Value>

@@ -37,7 +37,7 @@ Value* newDefault(const shaped::ShapedType& type) {
 
 #define VGDT_SHAPED_TYPE(Type, Empty, Default, Storage, Stored)                                       \
   template <>                                                                                         \
-  struct PropertyTypeTraits<Type##DataType> {                                                         \
+  struct PropertyTypeTraits<Type##DataType> : PlainValues<Type> {                                     \
     static constexpr std::size_t kBytes = 8; /* kept: a pointer, although the object is larger */       \
     static Type* createDefault() { return newDefault<Type>(typeAt(shaped::TypeIndex::Type)); }        \
   };

@@ -1,5 +1,5 @@
+#include "NumberText.h"
 #include "PropertyDataType.ipp"
-#include "ShortNumber.h"
 #include "StyledValues.h"
 #include "TypeRegistration.h"
 
@@ -8,7 +8,6 @@
 #include <vg/MatrixTraits.h>
 #include <vx/errors.h>
 
-#include <array>
 #include <locale>
 #include <sstream>
 
@@ -18,10 +17,9 @@ using vcos::COSValue;
 namespace real = VORTIL::vg::dt_conv::Matrix_to_Real;
 
 template <>
-struct PropertyTypeTraits<MeshAlphaDataType> {
+struct PropertyTypeTraits<MeshAlphaDataType> : PlainValues<MeshAlpha> {
   static constexpr std::size_t kBytes = 16;
   static_assert(sizeof(MeshAlpha) == kBytes);
-  static MeshAlpha* createDefault() { return new MeshAlpha; }
 };
 template class NamedDataType<MeshAlphaDataType>;
 template class PropertyDataType<MeshAlphaDataType, MeshAlpha>;
@@ -66,9 +64,7 @@ COSValue valueFromText(const char* text) {
 }
 
 char* newText(const MeshAlpha& alpha) {
-  std::array<char, kLongestShortNumber + 1> text;
-  *writeShortNumber(text.data(), alpha.getAlpha()) = '\0';
-  return copyText(text.data());
+  return (NumberText<1>() << alpha.getAlpha()).newText();
 }
 
 vxArray* newArray(const MeshAlpha& alpha) {

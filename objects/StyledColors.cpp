@@ -1,7 +1,8 @@
 // RGBAColor, MarkerColor and MeshColor: a colour, or a word of a table of styles.
 
+#include "NewArray.h"
+#include "NumberText.h"
 #include "PropertyDataType.ipp"
-#include "ShortNumber.h"
 #include "StyledValues.h"
 #include "TypeRegistration.h"
 
@@ -13,9 +14,6 @@
 #include <vg/ArrayDispatcher.h>
 #include <vx/errors.h>
 
-#include <algorithm>
-#include <array>
-#include <string_view>
 #include <type_traits>
 
 namespace graphics::datatype {
@@ -47,25 +45,15 @@ VGDT_MESSAGES_OF(MeshColor)
 
 /// "[ 1 0.5 0 ]", on the host's heap.
 char* newText(const ColorBase& color) {
-  constexpr std::string_view kOpening = "[";
-  constexpr std::string_view kClosing = " ]";
-  std::array<char, kOpening.size() + 3 * (1 + kLongestShortNumber) + kClosing.size() + 1> text;
-  char* end = std::ranges::copy(kOpening, text.data()).out;
-  for (const double channel : {color.getRed(), color.getGreen(), color.getBlue()}) {
-    *end++ = ' ';
-    end = writeShortNumber(end, channel);
-  }
-  *std::ranges::copy(kClosing, end).out = '\0';
-  return copyText(text.data());
+  NumberText<3> text;
+  text << "[";
+  for (const double channel : {color.getRed(), color.getGreen(), color.getBlue()})
+    text << " " << channel;
+  return (text << " ]").newText();
 }
 
 vxArray* newArray(const ColorBase& color) {
-  gui_objects::AutoPtr<vxArray, gui_objects::VxArrayDtor> array(vxCreateDoubleMatrix(1, 3, vxREAL));
-  auto* const channels = static_cast<double*>(vxGetWritableData(array.get()));
-  channels[0] = color.getRed();
-  channels[1] = color.getGreen();
-  channels[2] = color.getBlue();
-  return array.release();
+  return newMatrix<1>({color.getRed(), color.getGreen(), color.getBlue()});
 }
 
 template <class Color>
@@ -198,10 +186,9 @@ COSValue MeshColorVC::from(COSValue array) const {
 /// What the three types do alike.
 #define VGDT_STYLED_COLOR(Type)                                                                 \
   template <>                                                                                   \
-  struct PropertyTypeTraits<Type##DataType> {                                                   \
+  struct PropertyTypeTraits<Type##DataType> : PlainValues<Type> {                               \
     static constexpr std::size_t kBytes = 40;                                                   \
     static_assert(sizeof(Type) == kBytes);                                                      \
-    static Type* createDefault() { return new Type; }                                           \
   };                                                                                            \
   template class NamedDataType<Type##DataType>;                                                 \
   template class PropertyDataType<Type##DataType, Type>;                                        \

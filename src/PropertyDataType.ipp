@@ -1,28 +1,41 @@
 #pragma once
 
 /// The bodies of NamedDataType and PropertyDataType, for the unit that defines a type. That says
-/// which size the type reports and how its default is made, before it makes the templates' members
-/// for it. A size that is not that of the value class has the word "kept" beside it:
+/// which size the type reports and how its values are made and compared, before it makes the
+/// templates' members for it. A size that is not that of the value class has the word "kept" beside
+/// it:
 ///
 ///     template <>
-///     struct PropertyTypeTraits<Rectangle2DataType> {
-///       static constexpr std::size_t kBytes = 16;
-///       static_assert(sizeof(gui_objects::Rectangle2d) == kBytes);
-///       static gui_objects::Rectangle2d* createDefault() { return new gui_objects::Rectangle2d; }
+///     struct PropertyTypeTraits<Point2DataType> : PlainValues<gui_objects::Point2i> {
+///       static constexpr std::size_t kBytes = 8;
+///       static_assert(sizeof(gui_objects::Point2i) == kBytes);
 ///     };
-///     template class NamedDataType<Rectangle2DataType>;
-///     template class PropertyDataType<Rectangle2DataType, gui_objects::Rectangle2d>;
+///     template class NamedDataType<Point2DataType>;
+///     template class PropertyDataType<Point2DataType, gui_objects::Point2i>;
 ///
 /// A type that derives from NamedDataType alone says only the size, and makes only its members.
 
 #include <graphics/datatype/PropertyDataType.h>
 
 #include <string_view>
+#include <utility>
 
 namespace graphics::datatype {
 
 template <class Type>
 struct PropertyTypeTraits;
+
+/// Values that are made with new, without a word by default, and compared with ==. What a type does
+/// in another way, its PropertyTypeTraits says itself.
+template <class Value>
+struct PlainValues {
+  template <class... Arguments>
+  static Value* create(Arguments&&... arguments) {
+    return new Value{std::forward<Arguments>(arguments)...};
+  }
+  static Value* createDefault() { return create(); }
+  static bool isEqual(const Value& a, const Value& b) { return a == b; }
+};
 
 namespace detail {
 
@@ -95,13 +108,14 @@ vcos::COSValue PropertyDataType<Type, Value>::getDefaultValue() const {
 template <class Type, class Value>
 bool PropertyDataType<Type, Value>::isEqual(vcos::COSValue a, vcos::COSValue b) const {
   if (a.isNull() || b.isNull()) return a == b;
-  return *detail::valueIn<Value>(a) == *detail::valueIn<Value>(b);
+  return PropertyTypeTraits<Type>::isEqual(*detail::valueIn<Value>(a), *detail::valueIn<Value>(b));
 }
 
 template <class Type, class Value>
 vcos::COSValue PropertyDataType<Type, Value>::copy(vcos::COSValue value) const {
   if (value.isNull()) return value;
-  return vcos::COSValue::fromPointer(new Value(*detail::valueIn<Value>(value)));
+  return vcos::COSValue::fromPointer(
+      PropertyTypeTraits<Type>::create(*detail::valueIn<Value>(value)));
 }
 
 template <class Type, class Value>

@@ -90,5 +90,8 @@ using Numeric = decltype(detail::numericFrom<0>(std::make_index_sequence<detail:
 /// The numeric classes but double.
 using NumericButDouble =
     decltype(detail::numericFrom<1>(std::make_index_sequence<detail::kNumericCount - 1>()));
+/// The integer classes.
+using Integers =
+    decltype(detail::numericFrom<2>(std::make_index_sequence<detail::kNumericCount - 2>()));
 
 }  // namespace vg::TL

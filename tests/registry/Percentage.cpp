@@ -47,10 +47,9 @@ class PercentageSC final : public vcos::COSTypeConversion {
 };
 
 template <>
-struct PropertyTypeTraits<PercentageDataType> {
+struct PropertyTypeTraits<PercentageDataType> : PlainValues<Percentage> {
   static constexpr std::size_t kBytes = 8;
   static_assert(sizeof(Percentage) == kBytes);
-  static Percentage* createDefault() { return new Percentage; }
 };
 template class NamedDataType<PercentageDataType>;
 template class PropertyDataType<PercentageDataType, Percentage>;

@@ -68,6 +68,7 @@ class VGHOST_API TypeAccess {
   COSDataType* dataType_;
   const COSTypeConversion* text_;
   const COSTypeConversion* array_;
+  bool isTextFromArray_;  ///< the text conversion is handed the array of a value
 };
 
 }  // namespace vcos

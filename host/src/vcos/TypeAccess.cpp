@@ -4,7 +4,9 @@
 #include <vcos/TypeAccess.h>
 #include <vcos/exceptions.h>
 
+#include <algorithm>
 #include <memory>
+#include <string_view>
 
 namespace vcos {
 namespace {
@@ -21,6 +23,11 @@ struct FreeText {
     if (!isConstant(text)) utFree(text);
   }
 };
+
+/// Types whose text conversion reads a host array where others read a value.
+constexpr std::string_view kTextFromArray[] = {
+    "vortil.graphics.datatype.Inset", "vortil.graphics.datatype.Point2d",
+    "vortil.graphics.datatype.Point3", "vortil.graphics.datatype.PositivePoint3"};
 
 bool holdsNothing(const COSDataType& type, COSValue value) {
   return type.getValueSizeInBytes(value) == 0;
@@ -40,7 +47,9 @@ TypeAccess::TypeAccess(COSNameID name, COSDataType& dataType)
     : name_(name),
       dataType_(&dataType),
       text_(COSTypeRepository::getConversion(COSNameID("string"), name)),
-      array_(COSTypeRepository::getConversion(COSNameID("any"), name)) {}
+      array_(COSTypeRepository::getConversion(COSNameID("any"), name)),
+      isTextFromArray_(std::ranges::find(kTextFromArray, std::string_view(name.c_str())) !=
+                       std::ranges::end(kTextFromArray)) {}
 
 std::optional<TypeAccess> TypeAccess::find(COSNameID name) {
   COSDataType* dataType = COSTypeRepository::getType(name).getObject();
@@ -61,6 +70,11 @@ COSValue TypeAccess::fromArray(const vxArray* array) const {
 }
 
 std::optional<std::string> TypeAccess::toText(COSValue value) const {
+  ArrayOwner array;
+  if (isTextFromArray_ && !value.isNull()) {
+    array = toArray(value);
+    value = COSValue::fromPointer(array.get());
+  }
   const std::unique_ptr<char, FreeText> text(text_->to(value).asPointer<char>());
   return text ? std::optional<std::string>(text.get()) : std::nullopt;
 }

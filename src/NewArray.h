@@ -1,0 +1,27 @@
+#pragma once
+
+/// Host arrays of a few numbers.
+
+#include <gui_objects/AutoPtr.h>
+#include <vx/array.h>
+
+#include <algorithm>
+#include <concepts>
+#include <cstddef>
+
+namespace graphics::datatype {
+
+/// A new matrix with that many rows, of class double or int32, from its elements column by column.
+/// It is the caller's.
+template <std::size_t rows, class Number, std::size_t count>
+requires std::same_as<Number, double> || std::same_as<Number, int> vxArray* newMatrix(
+    const Number (&elements)[count]) {
+  static_assert(count % rows == 0);
+  constexpr vxClassID kClassID = std::same_as<Number, double> ? vxDOUBLE_CLASS : vxINT32_CLASS;
+  gui_objects::AutoPtr<vxArray, gui_objects::VxArrayDtor> array(
+      vxCreateNumericMatrix(rows, count / rows, kClassID, vxREAL));
+  std::ranges::copy(elements, static_cast<Number*>(vxGetWritableData(array.get())));
+  return array.release();
+}
+
+}  // namespace graphics::datatype
