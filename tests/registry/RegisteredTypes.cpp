@@ -183,19 +183,22 @@ std::vector<RegisteredType> geometricTypes() {
   inset.fromNullText = "[0 0 0 0]";
   RegisteredType volume = numbers("BoundingVolume", 56, "[0 -1 0; 1 2 0.5]", "[ 0 -1 0 ; 1 2 0.5 ]",
                                   "2x3 double", {-1, 1, 0, 2}, {0}, "[ 0 0 0 ; 0 0 0 ]", kPlain);
+  volume.obstacles.valueToText = "na";  // a long text
   volume.fromNullText = "[ 0 0 0 ; 0 0 0 ]";
   RegisteredType matrix = numbers("Matrix4x4", 128, "[1 2 3 4;5 6 7 8;9 10 11 12;13 14 15 16]",
                                   "[1 2 3 4;5 6 7 8;9 10 11 12;13 14 15 16]", "4x4 double", {2},
                                   identity, "[1 0 0 0;0 1 0 0;0 0 1 0;0 0 0 1]", kPlain);
+  matrix.obstacles.valueToText = "na";
   matrix.nullArray = matrix.defaultArray;
   matrix.fromNullArray = *matrix.defaultPrinted;
   matrix.nullPrinted = kIdentity;
+  constexpr Obstacles kScalar{"a", "ac", "a", "ac", "", "a"};
   RegisteredType positive =
-      numbers("Positive", 8, "2.5", "[2.5]", "1x1 double", {0.5}, {1}, "[1]", kHostAllocated);
+      numbers("Positive", 8, "2.5", "[2.5]", "1x1 double", {0.5}, {1}, "[1]", kScalar);
   positive.nullArray = positive.defaultArray;
   positive.fromNullText = "thrown invalidValuePositive";
   RegisteredType strength =
-      numbers("LightingStrength", 8, "[1]", "[1]", "1x1 double", {0.5}, {0}, "[0]", kHostAllocated);
+      numbers("LightingStrength", 8, "[1]", "[1]", "1x1 double", {0.5}, {0}, "[0]", kScalar);
   strength.nullArray = strength.defaultArray;
   strength.fromNullText = "thrown invalidValue_0_1";
   return {position,
