@@ -10,8 +10,6 @@ namespace {
 using gui_objects::Inset2d;
 using gui_objects::Point2d;
 
-constexpr double kCentimetersPerInch = 2.54;
-
 /// What a conversion does to a coordinate of each axis: (x + before) * xScale + after.
 struct Factors {
   double xScale = 1;
@@ -30,24 +28,19 @@ struct Scale {
   double y = 1;
 };
 
+/// By the number of the unit. Those that are no part of an inch have a 0; a character has the 72
+/// points of the inch, since it is measured in points.
+constexpr double kUnitsPerInch[] = {1, 2.54, 0, 72, 0, 72};
+
+/// A table and few branches: this is most of the time that a conversion takes.
 Scale pixelsPerUnit(const Pixel& pixel, const Units& units, const Position& reference,
                     double characterWidth, double characterHeight) {
-  const auto both = [](double scale) { return Scale{scale, scale}; };
-  switch (units.getIntValue()) {
-    case Units::kInches:
-      return both(pixel.getPixelsPerInch());
-    case Units::kCentimeters:
-      return both(pixel.getPixelsPerInch() / kCentimetersPerInch);
-    case Units::kNormalized:
-      return {reference.getWidth(), reference.getHeight()};
-    case Units::kPoints:
-      return both(pixel.getPixelsPerPoint());
-    case Units::kCharacters:
-      return {pixel.getPixelsPerPoint() * characterWidth,
-              pixel.getPixelsPerPoint() * characterHeight};
-    default:
-      return {};
-  }
+  if (units.isNormalized()) return {reference.getWidth(), reference.getHeight()};
+  const auto number = static_cast<std::size_t>(units.getIntValue());
+  if (units.isPixels() || number >= std::size(kUnitsPerInch)) return {};
+  const double scale = pixel.getPixelsPerInch() / kUnitsPerInch[number];
+  if (units.isCharacters()) return {scale * characterWidth, scale * characterHeight};
+  return {scale, scale};
 }
 
 /// A reference of no size has no fractions: they are 0.

@@ -1,20 +1,19 @@
-// Lower bounds of the colours: the least work that gives the same three numbers, without a class
-// system, without styles in the place of a colour, and without a check of the numbers.
+// Lower bounds of the colours, without styles in the place of a colour.
 
+#include "bounds.h"
 #include "colors.h"
 
 #include <graphics/datatype/ColorNameTable.h>
-#include <ut/memory.h>
+#include <graphics/datatype/RGBAColorDataType.h>
 
-#include <charconv>
-#include <cstdlib>
+#include <cstddef>
 #include <cstring>
-#include <memory>
-#include <new>
 #include <vector>
 
 namespace peers {
 namespace {
+
+using graphics::datatype::RGBAColor;
 
 struct NamedColor {
   const char* name;
@@ -50,74 +49,25 @@ Rgb abbreviated(const char* text) {
   return found ? found->color : kNoColor;
 }
 
-/// The three numbers of a text in brackets, one blank between them.
-Rgb readByFromChars(const char* text) {
-  const char* const end = text + std::strlen(text);
-  double numbers[3] = {};
-  for (double& number : numbers)
-    text = std::from_chars(text + 1, end, number).ptr;
-  return {numbers[0], numbers[1], numbers[2]};
-}
-
-Rgb readByStrtod(const char* text) {
-  double numbers[3] = {};
-  for (double& number : numbers) {
-    char* stop = nullptr;
-    number = std::strtod(text + 1, &stop);
-    text = stop;
-  }
-  return {numbers[0], numbers[1], numbers[2]};
-}
-
-struct Free {
-  void operator()(Rgb* block) const { utFree(block); }
-};
-using Block = std::unique_ptr<Rgb, Free>;
-
-/// The colour at the beginning of a block of the host's memory as large as a value of RGBAColor.
-Block newBlock(const Rgb& color) {
-  constexpr std::size_t kBytes = 40;
-  void* const storage = utCalloc(1, kBytes);
-  if (!storage) fail("out of memory");
-  return Block(new (storage) Rgb(color));
-}
-
-constexpr auto kAsItIs = [](const Rgb& color) { return color; };
-constexpr auto kInBlock = [](const Block& block) { return *block; };
-
 void addNames() {
-  const auto namedInBlock = [](const char* text) { return newBlock(named(text)); };
-  const auto abbreviatedInBlock = [](const char* text) { return newBlock(abbreviated(text)); };
-  competeWithColor(kColorLookUp, "linear-bound", Goal::kNone, kColorName, named, kAsItIs);
-  competeWithColor(kColorFromName, "linear-bound", Goal::kNone, kColorName, named, kAsItIs);
-  competeWithColor(kColorFromName, "linear-bound+block", Goal::kNone, kColorName, namedInBlock,
-                   kInBlock);
-  competeWithColor(kColorFromAbbreviation, "linear-bound", Goal::kNone, kColorAbbreviation,
-                   abbreviated, kAsItIs);
-  competeWithColor(kColorFromAbbreviation, "linear-bound+block", Goal::kNone, kColorAbbreviation,
-                   abbreviatedInBlock, kInBlock);
-}
-
-void addNumbers() {
-  competeWithColor(kColorFromNumbers, "from_chars", Goal::kTwice, kColorNumbers, readByFromChars,
-                   kAsItIs);
-  competeWithColor(
-      kColorFromNumbers, "from_chars+block", Goal::kNone, kColorNumbers,
-      [](const char* text) { return newBlock(readByFromChars(text)); }, kInBlock);
-  competeWithColor(kColorFromNumbers, "strtod", Goal::kAhead, kColorNumbers, readByStrtod, kAsItIs);
-}
-
-void addArray() {
-  static constexpr Rgb kElements = kColorNumbers.color;
-  competeWithColor(
-      kColorFromArray, "copy+block", Goal::kNone, ColorInput<const Rgb*>{&kElements, kElements},
-      [](const Rgb* elements) { return newBlock(*elements); }, kInBlock);
+  const auto namedInBlock = [](const char* text) { return newBlock<RGBAColor>(named(text)); };
+  const auto abbreviatedInBlock = [](const char* text) {
+    return newBlock<RGBAColor>(abbreviated(text));
+  };
+  competeInMaking(kColorLookUp, "linear-bound", Goal::kNone, kColorName, named);
+  competeInMaking(kColorFromName, "linear-bound", Goal::kNone, kColorName, named);
+  competeInMaking(kColorFromName, "linear-bound+block", Goal::kNone, kColorName, namedInBlock,
+                  kInBlock);
+  competeInMaking(kColorFromAbbreviation, "linear-bound", Goal::kNone, kColorAbbreviation,
+                  abbreviated);
+  competeInMaking(kColorFromAbbreviation, "linear-bound+block", Goal::kNone, kColorAbbreviation,
+                  abbreviatedInBlock, kInBlock);
 }
 
 void addColorBounds() {
   addNames();
-  addNumbers();
-  addArray();
+  addTextBounds<RGBAColor>(kColorFromNumbers, Goal::kTwice, kColorNumbers);
+  addArrayBound<RGBAColor>(kColorFromArray, Goal::kNone, kColorNumbers.numbers);
 }
 
 [[maybe_unused]] const bool added = addContender(addColorBounds);

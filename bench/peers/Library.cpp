@@ -2,8 +2,6 @@
 
 #include "Library.h"
 
-#include "contest.h"
-
 #include <graphics/datatype/VGTypedEnumStringType.h>
 #include <graphics/datatype/vgdatatypes.h>
 #include <vcos/COSNameID.h>
@@ -11,7 +9,9 @@
 #include <vcos/COSTypeConversion.h>
 #include <vcos/COSTypeRepository.h>
 #include <vcos/TypeAccess.h>
+#include <vx/array.h>
 
+#include <algorithm>
 #include <string>
 
 namespace peers {
@@ -84,6 +84,12 @@ double countLibraryTypes(std::size_t) {
   VLInitialize_vgdatatypes();
   return static_cast<double>(
       vcos::COSPackage::getPackage(COSNameID(kPackage))->getDataTypes().size());
+}
+
+vcos::ArrayOwner newArray(std::span<const double> elements) {
+  vcos::ArrayOwner array(vxCreateDoubleMatrix(1, elements.size(), vxREAL));
+  std::ranges::copy(elements, static_cast<double*>(vxGetWritableData(array.get())));
+  return array;
 }
 
 }  // namespace peers

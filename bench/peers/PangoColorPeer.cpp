@@ -19,7 +19,7 @@ Rgb rgbOf(const PangoColor& color) {
 }
 
 void addPangoColor() {
-  competeWithColor(kColorFromName, "Pango", Goal::atMost(0.5), kColorName, parse, rgbOf);
+  competeInMaking(kColorFromName, "Pango", Goal::atMost(0.5), kColorName, parse, rgbOf);
 }
 
 [[maybe_unused]] const bool added = addContender(addPangoColor);

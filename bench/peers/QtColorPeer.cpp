@@ -9,7 +9,7 @@ namespace peers {
 namespace {
 
 void addQtColor() {
-  competeWithColor(
+  competeInMaking(
       kColorFromName, "Qt", Goal::kAhead, kColorName,
       [](const char* text) { return QColor(QString::fromUtf8(text)); },
       [](const QColor& color) {

@@ -1,7 +1,7 @@
 #pragma once
 
 /// What the contenders of the peer benchmark share: the works, the names of an enumerated type, the
-/// check that a contender resolves them, and the list of what is measured.
+/// checks that a contender is right, and the list of what is measured.
 
 #include "../common/measuring.h"
 
@@ -47,11 +47,20 @@ inline constexpr const char* kColorFromName = "colorFromName";
 inline constexpr const char* kColorFromAbbreviation = "colorFromAbbreviation";
 inline constexpr const char* kColorFromNumbers = "colorFromNumbers";
 inline constexpr const char* kColorFromArray = "colorFromArray";
+inline constexpr const char* kPositionToPixels = "positionToPixels";
+inline constexpr const char* kPositionToPoints = "positionToPoints";
+inline constexpr const char* kPointToPixels = "pointToPixels";
+inline constexpr const char* kPositionFromText = "positionFromText";
+inline constexpr const char* kPositionFromArray = "positionFromArray";
 inline constexpr const char* kStartUp = "startUp";
 /// In the order of the table.
-inline constexpr std::array kWorks{kNameToValue,      kAbbreviationToValue, kSetFromText,
-                                   kColorLookUp,      kColorFromName,       kColorFromAbbreviation,
-                                   kColorFromNumbers, kColorFromArray,      kStartUp};
+inline constexpr std::array kWorks{kNameToValue,       kAbbreviationToValue,
+                                   kSetFromText,       kColorLookUp,
+                                   kColorFromName,     kColorFromAbbreviation,
+                                   kColorFromNumbers,  kColorFromArray,
+                                   kPositionToPixels,  kPositionToPoints,
+                                   kPointToPixels,     kPositionFromText,
+                                   kPositionFromArray, kStartUp};
 
 /// The name of the library among the contenders.
 inline constexpr const char* kOurs = "vgdatatypes";
@@ -101,6 +110,32 @@ void compete(const char* work, const char* contender, Goal goal, const Inputs& i
   verify(contender, inputs, operation);
   measure(work, contender, goal, inputs,
           [operation](const Input& input) { benchmark::DoNotOptimize(operation(input.text)); });
+}
+
+/// The numbers of a value: three of a colour, four of a rectangle.
+template <std::size_t count>
+using Numbers = std::array<double, count>;
+
+/// What a value is made from, and the numbers that it has to have.
+template <class Given, std::size_t count>
+struct Task {
+  Given given;
+  Numbers<count> numbers;
+};
+
+/// Adds the measurement of an operation that makes a value and destroys what it returns.
+/// `numbersOf` reads the result for the check that is done now, and takes no part in the
+/// measurement. The loop makes sixteen values in each round, so that its own time hardly counts.
+template <class Given, std::size_t count, class Operation, class Read = std::identity>
+void competeInMaking(const char* work, const char* contender, Goal goal,
+                     const Task<Given, count>& task, Operation operation, Read numbersOf = {}) {
+  if (numbersOf(operation(task.given)) != task.numbers)
+    fail(std::string(contender) + " makes the wrong value at " + work);
+  measure(work, contender, goal, std::vector<Given>(16, task.given),
+          [operation](const Given& given) {
+            const auto made = operation(given);
+            benchmark::DoNotOptimize(made);
+          });
 }
 
 /// Adds the measurement of a start-up, which gets a fresh process each time.

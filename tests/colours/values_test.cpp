@@ -5,6 +5,7 @@
 #include "support/FailingNew.h"
 #include "support/GlobalLocale.h"
 #include "support/HostError.h"
+#include "support/Outcomes.h"
 
 #include <gmock/gmock.h>
 #include <graphics/datatype/ColorNameTable.h>
@@ -39,29 +40,20 @@ class Colours : public testing::Test {
   static void SetUpTestSuite() { VLInitialize_vgdatatypes(); }
 };
 
-/// The text of the value that `make` gives, or the last parts of the identifier that it raises.
-template <class Make>
-std::string outcomeOf(const TypeAccess& access, Make&& make) {
-  std::string text;
-  std::string raised = identifierRaisedBy([&] {
-    const OwnedValue value(access.dataType(), make(access));
-    text = access.toText(value.get()).value_or("no text");
-  });
-  for (const std::string_view prefix : {"VORTIL:datatypes:", "VORTIL:vg:dt_conv:", "VORTIL:vg:"})
-    if (raised.starts_with(prefix)) raised.erase(0, prefix.size());
-  return raised.empty() ? text : raised;
-}
-
 /// In the order RGBAColor, MarkerColor, MeshColor, MeshAlpha.
 constexpr const char* kTypes[] = {"RGBAColor", "MarkerColor", "MeshColor", "MeshAlpha"};
 using Outcomes = std::vector<std::string>;
 
-template <class Make>
-Outcomes outcomesOf(Make&& make) {
+/// What all types make of an array or a text.
+template <class Given>
+Outcomes outcomesOf(std::string (*outcomeOfGiven)(const TypeAccess&, Given), Given given) {
   Outcomes outcomes;
   for (const char* type : kTypes)
-    outcomes.push_back(outcomeOf(accessOf(type), make));
+    outcomes.push_back(outcomeOfGiven(accessOf(type), given));
   return outcomes;
+}
+Outcomes outcomesOf(const ArrayOwner& array) {
+  return outcomesOf<const vxArray*>(test::outcomeOfArray, array.get());
 }
 
 const std::string kElements = "ValueMustBe3ElementVector";
@@ -126,9 +118,7 @@ TEST_F(Colours, FromArraysAreTakenOrRefusedInTheOrderOfTheTypesTests) {
   };
   for (const auto& [expected, arrays] : rows)
     for (const auto& [words, numbers] : arrays) {
-      const ArrayOwner array = test::array(words, numbers);
-      EXPECT_EQ(outcomesOf([&](const TypeAccess& access) { return access.fromArray(array.get()); }),
-                expected)
+      EXPECT_EQ(outcomesOf(test::array(words, numbers)), expected)
           << words << testing::PrintToString(numbers);
     }
 }
@@ -155,16 +145,11 @@ TEST_F(Colours, FromTextsAreWordsNamesOrNumbers) {
     char do_decimal_point() const override { return ','; }
   };
   const test::GlobalLocale locale(new DecimalComma);
-  const auto fromText = [](const char* text) {
-    return outcomesOf([&](const TypeAccess& access) { return access.fromText(text); });
-  };
+  const auto fromText = [](const char* text) { return outcomesOf(test::outcomeOfText, text); };
   for (const auto& [expected, texts] : rows)
     for (const char* text : texts) {
       EXPECT_EQ(fromText(text), expected) << text;
-      const ArrayOwner array(vxCreateString(text));
-      EXPECT_EQ(outcomesOf([&](const TypeAccess& access) { return access.fromArray(array.get()); }),
-                expected)
-          << text;
+      EXPECT_EQ(outcomesOf(ArrayOwner(vxCreateString(text))), expected) << text;
     }
   EXPECT_EQ(fromText(""), alike(kAmbiguous, kNumeric1));
   // A word that is also a name, whose colour is none.

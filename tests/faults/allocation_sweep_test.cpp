@@ -182,7 +182,9 @@ TEST(Sweep, NamesAndDefaultsSayThatMemoryHasRunOut) {
       if (row.storageType == 0) continue;
       const vcos::COSDataType& type = accessOf(row.name).dataType();
       vghost::faults::failAllocation(1, vghost::faults::Repeat::Once);
+      failNew(1, true);
       const Outcome outcome = outcomeOf([&] { type.getDefaultValue(); });
+      failNoNew();
       EXPECT_TRUE(outcome == Outcome::kOutOfMemory || outcome == Outcome::kClassSystemOutOfMemory);
       EXPECT_FALSE(type.getDefaultValue().isNull());
     }

@@ -27,8 +27,8 @@ RegisteredType onOff() {
           .isFinite = true,
           .order = 1,
           .reverseOrder = -1,
-          .nullTextRaises = "VORTIL:datatypes:onoffboolean:UnknownOnOffBooleanValue",
-          .nullArrayRaises = "VORTIL:datatypes:onoffboolean:IncorrectValue",
+          .fromNullText = "onoffboolean:UnknownOnOffBooleanValue",
+          .fromNullArray = "onoffboolean:IncorrectValue",
           .conversions = {{"any", "vortil.graphics.datatype.on_off"},
                           {"string", "vortil.graphics.datatype.on_off"},
                           {"string", "bool"}},
@@ -47,7 +47,7 @@ RegisteredType registered(const EnumeratedType& type) {
           .obstacles = {"a", "ac", "a", "ac", "na", "a"},
           .family = Family::kEnumerated,
           .isFinite = true,
-          .nullTextRaises = "VORTIL:datatypes:InvalidEnumValue"};
+          .fromNullText = "InvalidEnumValue"};
 }
 
 RegisteredType registered(const ShapedType& type) {
@@ -88,7 +88,7 @@ RegisteredType color(const char* name) {
           .defaultPrinted = "[ 0 0 0 ]",
           .nullArray = [] { return array("0x0 double"); },
           .obstacles = {"a", "a", "a", "ac", "", "a"},
-          .nullTextRaises = "VORTIL:datatypes:RGBAColor:ParseError"};
+          .fromNullText = "RGBAColor:ParseError"};
 }
 
 RegisteredType markerColor() {
@@ -100,7 +100,7 @@ RegisteredType markerColor() {
 
 RegisteredType meshColor() {
   RegisteredType row = color("MeshColor");
-  row.nullArrayRaises = "VORTIL:vg:dt_conv:Matrix_to_Real:ExpectedNumeric1";
+  row.fromNullArray = "Matrix_to_Real:ExpectedNumeric1";
   return row;
 }
 
@@ -137,12 +137,94 @@ RegisteredType colorTable() {
           .obstacles = {"a", "n", "", "nac", "", ""}};
 }
 
+/// A type of a few numbers, all arrays of which have the size and class of `words`.
+RegisteredType numbers(const char* name, std::size_t bytes, const char* text, const char* printed,
+                       const std::string& words, const Numbers& sample, const Numbers& byDefault,
+                       const char* defaultPrinted, const Obstacles& obstacles) {
+  return {.name = name,
+          .bytes = bytes,
+          .text = text,
+          .printed = printed,
+          .array = [words, sample] { return array(words, sample); },
+          .defaultArray = [words, byDefault] { return array(words, byDefault); },
+          .defaultPrinted = defaultPrinted,
+          .nullArray = [] { return array("0x0 double"); },
+          .obstacles = obstacles,
+          .fromNullText = "ParseException",
+          .nullPrinted = ""};
+}
+
+std::vector<RegisteredType> geometricTypes() {
+  constexpr Obstacles kHostAllocated{"a", "a", "a", "ac", "", "a"};
+  constexpr Obstacles kPlain{"an", "n", "a", "ac", "", "n"};
+  constexpr Obstacles kTextFromArray{"an", "n", "ac", "ac", "", "n"};
+  const Numbers point{0.5, -2};
+  const Numbers identity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+  const char* const kIdentity = "[1 0 0 0; 0 1 0 0; 0 0 1 0; 0 0 0 1]";
+
+  RegisteredType position = numbers("Position", 32, "[1, 2 0.5 4]", "[1 2 0.5 4]", "1x4 double",
+                                    {-1, 0.5, 3, 0}, {0}, "[0 0 0 0]", kHostAllocated);
+  position.fromNullText = position.copyOfNull = "[0 0 0 0]";
+  RegisteredType screen = numbers("ScreenPosition", 16, "[1 -2.9 3 4]", "[1 -2 3 4]", "1x4 int32",
+                                  {-1, 2, 3, 0}, {0}, "[0 0 0 0]", kHostAllocated);
+  screen.fromNullText = "[0 0 0 0]";
+  screen.nullArray = [] { return ArrayOwner(); };
+  RegisteredType point2 =
+      numbers("Point2", 8, "[3 -4]", "[3 -4]", "1x2 double", {1, 2}, {0}, "[0 0]", kPlain);
+  point2.nullPrinted = "[0 0]";
+  RegisteredType positivePoint3 = numbers("PositivePoint3", 24, "[-1 2 3]", "[-1 2 3]",
+                                          "1x3 double", {1, 2}, {1}, "[1 1 1]", kTextFromArray);
+  positivePoint3.fromNullText = "null";
+  RegisteredType rectangle = numbers("Rectangle2", 16, "[1 2 3 4]", "[1 2 4 6]", "1x4 double",
+                                     {0, 0, 1, 2}, {0}, "[0 0 0 0]", kPlain);
+  rectangle.nullPrinted = "[0 0 0 0]";
+  RegisteredType inset = numbers("Inset", 32, "[1 2 3 4]", "[1 2 3 4]", "1x4 double",
+                                 {4, 3, 2, 1.5}, {0}, "[0 0 0 0]", kTextFromArray);
+  inset.fromNullText = "[0 0 0 0]";
+  RegisteredType volume = numbers("BoundingVolume", 56, "[0 -1 0; 1 2 0.5]", "[ 0 -1 0 ; 1 2 0.5 ]",
+                                  "2x3 double", {-1, 1, 0, 2}, {0}, "[ 0 0 0 ; 0 0 0 ]", kPlain);
+  volume.obstacles.valueToText = "na";  // a long text
+  volume.fromNullText = "[ 0 0 0 ; 0 0 0 ]";
+  RegisteredType matrix = numbers("Matrix4x4", 128, "[1 2 3 4;5 6 7 8;9 10 11 12;13 14 15 16]",
+                                  "[1 2 3 4;5 6 7 8;9 10 11 12;13 14 15 16]", "4x4 double", {2},
+                                  identity, "[1 0 0 0;0 1 0 0;0 0 1 0;0 0 0 1]", kPlain);
+  matrix.obstacles.valueToText = "na";
+  matrix.nullArray = matrix.defaultArray;
+  matrix.fromNullArray = *matrix.defaultPrinted;
+  matrix.nullPrinted = kIdentity;
+  constexpr Obstacles kScalar{"a", "ac", "a", "ac", "", "a"};
+  RegisteredType positive =
+      numbers("Positive", 8, "2.5", "[2.5]", "1x1 double", {0.5}, {1}, "[1]", kScalar);
+  positive.nullArray = positive.defaultArray;
+  positive.fromNullText = "thrown invalidValuePositive";
+  RegisteredType strength =
+      numbers("LightingStrength", 8, "[1]", "[1]", "1x1 double", {0.5}, {0}, "[0]", kScalar);
+  strength.nullArray = strength.defaultArray;
+  strength.fromNullText = "thrown invalidValue_0_1";
+  return {position,
+          screen,
+          point2,
+          numbers("Point2d", 16, "[0.25 1]", "[0.25 1]", "1x2 double", point, {0}, "[0 0]",
+                  kTextFromArray),
+          numbers("Point3", 24, "[0.25 1 2]", "[0.25 1 2]", "1x3 double", point, {0}, "[0 0 0]",
+                  kTextFromArray),
+          positivePoint3,
+          rectangle,
+          inset,
+          volume,
+          matrix,
+          positive,
+          strength};
+}
+
 }  // namespace
 
 const std::vector<RegisteredType>& registeredTypes() {
   static const std::vector<RegisteredType> types = [] {
     std::vector<RegisteredType> all = {onOff(),     color("RGBAColor"), markerColor(),
                                        meshColor(), meshAlpha(),        colorTable()};
+    for (const RegisteredType& type : geometricTypes())
+      all.push_back(type);
     for (const EnumeratedType& type : kEnumeratedTypes)
       all.push_back(registered(type));
     for (const ShapedType& type : kShapedTypes)

@@ -45,8 +45,11 @@ struct RegisteredType {
   bool isFinite = false;  ///< as to its possible values
   int order = 2;          ///< of the value of the array and that of the text, if it is not equal
   int reverseOrder = 2;
-  std::string nullTextRaises = {};   ///< "" if a null text becomes a null word
-  std::string nullArrayRaises = {};  ///< the same of a null array
+  // What null becomes, as outcomeOf() tells it.
+  std::string fromNullText = "null";
+  std::string fromNullArray = "null";
+  std::string copyOfNull = "null";
+  std::optional<std::string> nullPrinted = std::nullopt;
   /// In the order in which they are registered: the name outside, and that of the type.
   std::vector<std::pair<std::string, std::string>> conversions = {{"any", dottedName()},
                                                                   {"string", dottedName()}};

@@ -7,9 +7,9 @@
 #include <vx/objects.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <cstddef>
+#include <cstdlib>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -167,19 +167,28 @@ inline Size sizeNamed(const std::string& word) {
 }
 
 /// An array told in words: "2x3 double", "sparse 1x2 logical", "complex 2x2 single". The elements
-/// are the numbers in storage order, the last of them repeated.
-inline ArrayOwner array(std::string_view words, const Numbers& numbers = {1}) {
+/// are the numbers in storage order, the last of them repeated: those in the words, if there are
+/// any
+/// ("1x3 int8 1 2"), else `numbers`.
+inline ArrayOwner array(std::string_view words, Numbers numbers = {1}) {
   Kind kind = kReal;
   Size size;
   bool isSparse = false;
+  Numbers told;
   std::istringstream stream{std::string(words)};
   for (std::string word; stream >> word;) {
     if (word == "complex") kind.complexity = vxCOMPLEX;
     isSparse |= word == "sparse";
-    if (std::isdigit(static_cast<unsigned char>(word.front()))) size = sizeNamed(word);
+    char* end = nullptr;
+    const double number = std::strtod(word.c_str(), &end);
+    if (word.find('x', 1) < word.find_first_not_of("0123456789x"))
+      size = sizeNamed(word);
+    else if (*end == '\0')
+      told.push_back(number);
     for (int classID = vxCELL_CLASS; classID <= vxOBJECT_CLASS; ++classID)
       if (word == vxClassName(vxClassID(classID))) kind.classID = vxClassID(classID);
   }
+  if (!told.empty()) numbers = told;
   ArrayOwner result = zeros(kind, size);
   for (std::size_t i = 0; i < vxGetNumberOfElements(result.get()); ++i)
     put(result.get(), i, numbers[std::min(i, numbers.size() - 1)]);

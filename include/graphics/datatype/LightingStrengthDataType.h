@@ -9,7 +9,7 @@ namespace graphics::datatype {
 /// How strong a kind of light is, from 0 to 1; 0 by default.
 ///
 ///     asDouble(LightingStrength(0.5));  // 0.5
-class LightingStrength final : public RangedScalar<LightingStrength> {
+class VGDT_API LightingStrength final : public RangedScalar<LightingStrength> {
   using RangedScalar::RangedScalar;
 };
 

@@ -9,7 +9,7 @@ namespace graphics::datatype {
 /// A finite number above 0, 1 by default.
 ///
 ///     asDouble(Positive(0.5));  // 0.5
-class Positive final : public RangedScalar<Positive> {
+class VGDT_API Positive final : public RangedScalar<Positive> {
   using RangedScalar::RangedScalar;
 };
 
