@@ -1,8 +1,8 @@
 #pragma once
 
-/// The road that the types of a few numbers share: from a host array, past the tests of its class,
-/// its shape and its data, in this order, to numbers and a value. A test that fails throws one of
-/// the exceptions of gui_objects, which becomes the host error that the type has for it.
+/// What the types of a few numbers share. A host array becomes a value after the tests of its
+/// class, its shape and its data, in this order; a test that fails throws one of the exceptions of
+/// gui_objects, which becomes the host error that the type has for it.
 
 #include "NumberText.h"
 #include "PropertyDataType.ipp"
@@ -26,22 +26,24 @@ namespace graphics::datatype {
 
 // --- errors -------------------------------------------------------------------------------------
 
-/// Raises a message of the catalogue, or one that has its identifier and its text here.
+/// Raises a message of the catalogue, or one that has its identifier and its text here. `void` is
+/// no message: the exception that is being handled goes on.
 template <class Message>
 [[noreturn]] void raise() {
-  if constexpr (std::derived_from<Message, resource_core::BaseMsgID>)
+  if constexpr (std::is_void_v<Message>)
+    throw;
+  else if constexpr (std::derived_from<Message, resource_core::BaseMsgID>)
     vxErrMsgId(Message());
   else
     vxErrMsgIdAndTxt(Message::kIdentifier, "%s", Message::kText);
 }
 
-/// The messages of a type: for an array of the wrong class, of the wrong shape, without data, and,
-/// if the type tests that, with the wrong data; and for anything else that fails, if the type has a
-/// message for that.
-template <class WrongClass, class WrongShape, class NoData, class WrongData = NoData,
+/// The messages of a type: for an array of the wrong class, of the wrong shape, without data, with
+/// the wrong data, and for anything else that fails.
+template <class WrongClass, class WrongShape, class NoData, class WrongData = void,
           class Otherwise = void>
 struct ArrayErrors {
-  /// Does `work` and raises the message for the test that failed in it.
+  /// Does `work` and raises the message for what failed in it.
   template <class Work>
   static auto duringWork(Work&& work) {
     try {
@@ -55,16 +57,13 @@ struct ArrayErrors {
     } catch (const gui_objects::InvalidArrayDataException&) {
       raise<WrongData>();
     } catch (...) {
-      if constexpr (std::is_void_v<Otherwise>)
-        throw;
-      else
-        raise<Otherwise>();
+      raise<Otherwise>();
     }
   }
 };
 
-/// Values whose class may refuse what they are made from, be it numbers, nothing or another value:
-/// the exception becomes a host error.
+/// Values whose class may refuse to be made, by any of its constructors: by default, from another
+/// value, or from numbers. Its exception becomes a host error.
 template <class Value, class Exception, class Message>
 struct GuardedValues : PlainValues<Value> {
   template <class... Arguments>
@@ -134,12 +133,24 @@ Number converted(Element element) {
     return static_cast<Number>(element);
 }
 
-// --- the road -----------------------------------------------------------------------------------
+// --- from a host array --------------------------------------------------------------------------
 
-/// Calls `use` with the elements of an array, for vg::TL::ArrayDispatcher.
+/// For executors of vg::TL::ArrayDispatcher.
+struct RefuseOtherClasses {
+  [[noreturn]] void onError(vxClassID) { throw gui_objects::InvalidArrayClassException(); }
+};
+
+/// Runs an executor for the class of an array, if that is in the list; null has no class.
+template <class List, class Executor>
+void dispatch(const vxArray* array, Executor& executor) {
+  vg::TL::ArrayDispatcher<Executor, List>::dispatchHelper(
+      array, vg::TL::detail::ArrayDispatcherBase::getClassID(array), executor);
+}
+
+/// Calls `use` with the elements of an array, as a span of their own type.
 template <bool (*hasShape)(const vxArray*), std::size_t count, class Use>
-struct ElementsExecutor {
-  Use& use;
+struct ElementsExecutor : RefuseOtherClasses {
+  explicit ElementsExecutor(const Use& ownUse) : use(ownUse) {}
 
   template <class Traits>
   void run(const vxArray* array) {
@@ -149,7 +160,8 @@ struct ElementsExecutor {
     if (!elements) throw gui_objects::NullArrayException();
     use(std::span<const Element, count>(elements, count));
   }
-  [[noreturn]] void onError(vxClassID) { throw gui_objects::InvalidArrayClassException(); }
+
+  const Use& use;
 };
 
 /// How a type reads `count` elements of an array of any numeric class.
@@ -159,31 +171,32 @@ struct ArrayReader {
   /// The elements, converted. Errors: those of the type.
   static std::array<Number, count> numbersIn(const vxArray* array) {
     std::array<Number, count> numbers;
-    useElements(array, [&numbers](const auto& elements) {
-      if (!Test()(elements)) throw gui_objects::InvalidArrayDataException();
-      std::ranges::transform(elements, numbers.begin(),
-                             [](auto element) { return converted<Number>(element); });
+    Errors::duringWork([&] {
+      useElements(array, [&numbers](const auto& elements) {
+        if (!Test()(elements)) throw gui_objects::InvalidArrayDataException();
+        std::ranges::transform(elements, numbers.begin(),
+                               [](auto element) { return converted<Number>(element); });
+      });
     });
     return numbers;
   }
 
-  /// "[1 2.5]", with integers as integers, on the host's heap; the data is not tested. Errors:
-  /// those of the type but for its data.
+  /// "[1 2.5]", with integers as integers, empty for null, on the host's heap. The data is not
+  /// tested. Errors: those of the type but for its data.
   static char* newText(const vxArray* array) {
-    char* text = nullptr;
-    useElements(array, [&text](const auto& elements) { text = newRowText(elements); });
-    return text;
+    return Errors::duringWork([array] {
+      if (!array) return copyText("");
+      char* text = nullptr;
+      useElements(array, [&text](const auto& elements) { text = newRowText(elements); });
+      return text;
+    });
   }
 
  private:
   template <class Use>
-  static void useElements(const vxArray* array, Use use) {
-    using Executor = ElementsExecutor<hasShape, count, Use>;
-    Executor executor{use};
-    Errors::duringWork([&] {
-      vg::TL::ArrayDispatcher<Executor, vg::TL::Numeric>::dispatchHelper(
-          array, vg::TL::detail::ArrayDispatcherBase::getClassID(array), executor);
-    });
+  static void useElements(const vxArray* array, const Use& use) {
+    ElementsExecutor<hasShape, count, Use> executor(use);
+    dispatch<vg::TL::Numeric>(array, executor);
   }
 };
 
@@ -196,14 +209,13 @@ vcos::COSValue valueFromArray(vcos::COSValue array) {
       std::apply(make, Reader::numbersIn(array.asPointer<const vxArray>())));
 }
 
-/// The text of a word that is, against the custom, a host array; empty for null.
+/// Kept: the word is a host array, where other text conversions get a value.
 template <class Reader>
 vcos::COSValue textFromArray(vcos::COSValue array) {
-  return vcos::COSValue::fromPointer(
-      array.isNull() ? copyText("") : Reader::newText(array.asPointer<const vxArray>()));
+  return vcos::COSValue::fromPointer(Reader::newText(array.asPointer<const vxArray>()));
 }
 
-// --- the way back -------------------------------------------------------------------------------
+// --- from a value -------------------------------------------------------------------------------
 
 /// What `newText` makes of the value that a word points to; `ofNull` for null.
 template <class Value, class NewText>

@@ -104,8 +104,7 @@ using Point3Reader = ThreeReader<FiniteNumbers, ExpectedFinite>;
 using PositivePoint3Reader =
     ThreeReader<FinitePositiveNumbers, messages::PositivePoint3DataType::ExpectedFinitePositive>;
 /// For the texts of both.
-using Point3TextReader =
-    ThreeReader<AnyNumbers, ExpectedFinite, messages::Point3DataType::UnknownException>;
+using Point3TextReader = ThreeReader<AnyNumbers, void, messages::Point3DataType::UnknownException>;
 using Rectangle2Reader = ArrayReader<
     int, 4, isMatrix<1, 4>, AnyNumbers,
     ArrayErrors<messages::Rectangle2DataType::ArrayClass, messages::Rectangle2DataType::ArrayShape,

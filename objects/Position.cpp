@@ -37,7 +37,7 @@ bool isVectorOfFour(const vxArray* array) {
   return isMatrix<1, 4>(array) || isMatrix<4, 1>(array);
 }
 
-/// Fails unless the width and the height are 0 or more; what is not signed is.
+/// Fails unless the width and the height are 0 or more; unsigned classes need no test.
 constexpr auto kRequireSize = [](const auto& elements) {
   using Element = std::remove_cvref_t<decltype(elements[0])>;
   if constexpr (std::is_signed_v<Element>)
@@ -45,8 +45,8 @@ constexpr auto kRequireSize = [](const auto& elements) {
 };
 
 /// Reads the record.
-struct ReadExecutor {
-  position::ValidateExecutor& record;
+struct ReadExecutor : RefuseOtherClasses {
+  explicit ReadExecutor(position::ValidateExecutor& ownRecord) : record(ownRecord) {}
 
   template <class Traits>
   void run(const vxArray* array) {
@@ -57,15 +57,16 @@ struct ReadExecutor {
     const auto number = [elements](std::size_t i) { return static_cast<double>(elements[i]); };
     record = {number(0), number(1), number(2), number(3)};
   }
-  [[noreturn]] void onError(vxClassID) { throw gui_objects::InvalidArrayClassException(); }
+
+  position::ValidateExecutor& record;
 };
 
 }  // namespace
 
 template <class Traits>
 void helpPositionArrayValidateExecutor(const vxArray* array) {
-  ElementsExecutor<isVectorOfFour, 4, decltype(kRequireSize)>{kRequireSize}.template run<Traits>(
-      array);
+  ElementsExecutor<isVectorOfFour, 4, decltype(kRequireSize)>(kRequireSize)
+      .template run<Traits>(array);
 }
 #define VGDT_INSTANTIATE(classID, Element)                                             \
   template VGDT_API void helpPositionArrayValidateExecutor<vg::MatrixTraits<classID>>( \
@@ -74,12 +75,8 @@ VG_NUMERIC_CLASSES(VGDT_INSTANTIATE)
 #undef VGDT_INSTANTIATE
 
 void position::validateArray(ValidateExecutor& record, const vxArray* array) {
-  using vg::TL::ArrayDispatcher;
-  ReadExecutor executor{record};
-  Errors::duringWork([&] {
-    ArrayDispatcher<ReadExecutor, vg::TL::Numeric>::dispatchHelper(
-        array, vg::TL::detail::ArrayDispatcherBase::getClassID(array), executor);
-  });
+  ReadExecutor executor(record);
+  Errors::duringWork([&] { dispatch<vg::TL::Numeric>(array, executor); });
 }
 
 bool operator==(const Position& a, const Position& b) noexcept {

@@ -58,13 +58,13 @@ const char* faultOf(double value) {
   return Range::contains(value) ? nullptr : Range::kOutside;
 }
 
-double scalarIn(const vxArray* array, const char* identifier) {
+double readScalar(const vxArray* array, const char* identifier) {
   if (!vg::isNumericClass(vxGetClassID(array)) || !vxIsScalar(array))
     throw InvalidValueException(identifier, "value not a numeric scalar");
   return vxGetScalar(array);
 }
 
-double numberIn(const char* text, const char* identifier, const char* fault) {
+double readNumber(const char* text, const char* identifier, const char* fault) {
   try {
     return convert::parse_double_scalar(text);
   } catch (const convert::ParseException&) {
@@ -77,8 +77,8 @@ COSValue valueFromArray(COSValue array) {
   if (array.isNull()) return array;
   using Range = RangeOf<Type>;
   try {
-    return COSValue::fromPointer(
-        new Type(scalarIn(array.asPointer<const vxArray>(), Range::kInvalidArray)));
+    const double number = readScalar(array.asPointer<const vxArray>(), Range::kInvalidArray);
+    return COSValue::fromPointer(new Type(number));
   } catch (const InvalidValueException& error) {
     vxErrMsgWrapper(error.identifier().c_str(), error.text().c_str(), Range::kName);
   }
@@ -88,8 +88,9 @@ COSValue valueFromArray(COSValue array) {
 template <class Type>
 COSValue valueFromText(COSValue text) {
   using Range = RangeOf<Type>;
-  return COSValue::fromPointer(
-      new Type(numberIn(text.asPointer<const char>(), Range::kInvalidText, Range::kOutside)));
+  const double number =
+      readNumber(text.asPointer<const char>(), Range::kInvalidText, Range::kOutside);
+  return COSValue::fromPointer(new Type(number));
 }
 
 template <class Type>

@@ -29,22 +29,14 @@ using Values = PropertyTypeTraits<ScreenPositionDataType>;
 using Errors = ArrayErrors<messages::InvalidDataType, messages::InvalidFormat,
                            messages::NullDataPointer, messages::InvalidWidthAndHeight>;
 
-/// Calls the executor for an integer class.
-template <class Executor>
-void dispatch(const vxArray* array, Executor& executor) {
-  vg::TL::ArrayDispatcher<Executor, vg::TL::Integers>::dispatchHelper(
-      array, vg::TL::detail::ArrayDispatcherBase::getClassID(array), executor);
-}
-
-struct TestExecutor {
+struct TestExecutor : RefuseOtherClasses {
   template <class Traits>
   void run(const vxArray* array) {
     helpPositionArrayValidateExecutor<Traits>(array);
   }
-  [[noreturn]] void onError(vxClassID) { throw gui_objects::InvalidArrayClassException(); }
 };
 
-/// Reads an array that has passed the tests. What is wrong nevertheless is reported at once.
+/// Reads an array that validateArray() has passed, so its errors cannot be met; kept.
 struct CopyExecutor {
   std::array<int, 4> numbers{};
 
@@ -61,10 +53,8 @@ struct CopyExecutor {
 }  // namespace
 
 void screenposition::validateArray(const vxArray* array) {
-  Errors::duringWork([array] {
-    TestExecutor executor;
-    dispatch(array, executor);
-  });
+  TestExecutor executor;
+  Errors::duringWork([&] { dispatch<vg::TL::Integers>(array, executor); });
 }
 
 bool operator==(const ScreenPosition& a, const ScreenPosition& b) noexcept {
@@ -91,7 +81,7 @@ COSValue ScreenPositionVC::from(COSValue array) const {
   const auto* const given = array.asPointer<const vxArray>();
   screenposition::validateArray(given);
   CopyExecutor executor;
-  dispatch(given, executor);
+  dispatch<vg::TL::Integers>(given, executor);
   const auto [x, y, width, height] = executor.numbers;
   return COSValue::fromPointer(Values::create(x, y, width, height));
 }

@@ -14,7 +14,8 @@
 
 namespace graphics::datatype {
 
-/// Builds a text of up to that many numbers, with up to two characters beside each and around all.
+/// Builds a text of up to that many numbers, with up to three characters behind each and before the
+/// first.
 template <std::size_t numbers>
 class NumberText {
  public:

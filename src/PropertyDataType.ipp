@@ -25,8 +25,8 @@ namespace graphics::datatype {
 template <class Type>
 struct PropertyTypeTraits;
 
-/// Values that are made with new, without a word by default, and compared with ==. What a type does
-/// in another way, its PropertyTypeTraits says itself.
+/// Values that are made with new, by default without arguments, and compared with ==. What a type
+/// does in another way, its PropertyTypeTraits says itself.
 template <class Value>
 struct PlainValues {
   template <class... Arguments>

@@ -5,8 +5,7 @@
 
 namespace graphics::datatype {
 
-/// Whether two numbers are equal but for rounding: small ones absolutely, large ones relatively.
-/// NaN and infinities never are.
+/// Whether |a - b| / max(1, |a|, |b|) is below 1e-12; with NaN and infinities it never is.
 inline bool equalWithinRoundoff(double a, double b) noexcept {
   constexpr double kTolerance = 1e-12;
   return std::abs(a - b) / std::max({1.0, std::abs(a), std::abs(b)}) < kTolerance;

@@ -22,7 +22,7 @@ struct Factors {
   }
 };
 
-/// Pixels to a unit of each axis; 1 for what is no unit.
+/// Pixels to a unit of each axis; 1 for pixels and for unknown units.
 struct Scale {
   double x = 1;
   double y = 1;
@@ -43,8 +43,8 @@ Scale pixelsPerUnit(const Pixel& pixel, const Units& units, const Position& refe
   return {scale, scale};
 }
 
-/// A reference of no size has no fractions: they are 0.
-double fractionOf(double size, double scale) {
+/// Only a normalized target is guarded against a reference of no size.
+double divideOrZero(double scale, double size) {
   return size == 0 ? 0 : scale / size;
 }
 
@@ -53,7 +53,8 @@ Factors factorsOf(const Pixel& pixel, const Units& from, const Units& to, const 
   const Scale source = pixelsPerUnit(pixel, from, reference, characterWidth, characterHeight);
   const Scale target = pixelsPerUnit(pixel, to, reference, characterWidth, characterHeight);
   Factors factors{source.x / target.x, source.y / target.y};
-  if (to.isNormalized()) factors = {fractionOf(target.x, source.x), fractionOf(target.y, source.y)};
+  if (to.isNormalized())
+    factors = {divideOrZero(source.x, target.x), divideOrZero(source.y, target.y)};
   if (from.isPixels()) factors.before = -pixelOrigin;
   if (to.isPixels()) factors.after = pixelOrigin;
   return factors;
@@ -64,10 +65,10 @@ double sizeIn(const Units& to, double size, double scale) {
   return to.isNormalized() && scale == 0 ? 1 : size * scale;
 }
 
-/// The units in the order of their numbers in Units, those that paper has first, then those that
-/// fonts have.
+/// How many of the units paper has, and fonts have: the first ones, under the same numbers.
 constexpr int kPaperUnits = 4;
 constexpr int kFontUnits = 5;
+/// In the order of their numbers in Units.
 constexpr UnitsWithData::value kUnitsWithData[] = {
     UnitsWithData::kInches, UnitsWithData::kCentimeters, UnitsWithData::kNormalized,
     UnitsWithData::kPoints, UnitsWithData::kPixels,      UnitsWithData::kCharacters};

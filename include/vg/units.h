@@ -3,6 +3,7 @@
 /// Coordinates in other units. Each conversion goes by way of pixels and has one scale for each
 /// axis:
 ///
+///     using graphics::datatype::Position;
 ///     using graphics::datatype::Units;
 ///     const Units inches(Units::kInches);
 ///     const Units pixels(Units::kPixels);
@@ -15,9 +16,10 @@
 /// number of the first pixel, for the side that is in pixels: 1 in the host, 0 in most other
 /// places. It moves points and corners, never sizes.
 ///
-/// Between equal units, whatever is given comes back as it is. To normalized units, a coordinate
-/// measured against a reference of no size is 0, but a size is 1. A character of no size is not
-/// looked for: it gives infinities or NaN. A value that is none of the six units has a scale of 1.
+/// Between equal units, whatever is given comes back as it is. To normalized units, where the
+/// reference has no size, or a character of the source has none, a coordinate is 0, but a size
+/// is 1. A character size of 0 is not checked for otherwise: it gives infinities or NaN. A value
+/// that is none of the six units has a scale of 1.
 ///
 /// Nothing is allocated and nothing kept, so all functions can be called on any thread. They report
 /// no error of their own.

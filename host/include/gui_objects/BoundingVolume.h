@@ -12,8 +12,8 @@ namespace gui_objects {
 class VGHOST_API BoundingVolume {
  public:
   BoundingVolume() = default;
-  /// From opposite corners. Errors: InvalidWidthException for a width that is not 0 or more; NaN is
-  /// not.
+  /// From opposite corners. Errors: InvalidWidthException for a width that is not 0 or more. That
+  /// between NaN, or between equal infinities, is NaN.
   BoundingVolume(const Point3d& minimum, const Point3d& maximum);
 
   double getXMin() const noexcept { return minimum_.x; }

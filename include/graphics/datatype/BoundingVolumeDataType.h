@@ -7,8 +7,8 @@
 namespace graphics::datatype {
 
 /// The type "BoundingVolume": a box in space, all zero by default. Its words point to a
-/// gui_objects::BoundingVolume, and values with the same center and the same three widths are
-/// equal:
+/// gui_objects::BoundingVolume. Values with the same center and the same three widths are equal;
+/// one that is infinite to both sides has no center, and equals nothing.
 ///
 ///     const vcos::COSValue text = vcos::COSValue::fromPointer("[0 0 0; 1 2 3]");
 ///     const vcos::COSValue word = BoundingVolumeSC().from(text);
@@ -28,7 +28,8 @@ class VGDT_API BoundingVolumeSC final : public vcos::COSTypeConversion {
   /// Takes two rows of three numbers in brackets, the minimum and the maximum. Kept: any other
   /// text, and null, gives a new value that is all zero.
   ///
-  /// Errors: gui_objects::InvalidWidthException for a maximum that is not at or above its minimum.
+  /// Errors: gui_objects::InvalidWidthException for a maximum that is not at or above its minimum,
+  /// or the same infinity.
   vcos::COSValue from(vcos::COSValue text) const override;
 };
 
@@ -44,7 +45,7 @@ class VGDT_API BoundingVolumeVC final : public vcos::COSTypeConversion {
   /// "VORTIL:datatypes:BoundingVolumeDataType:ArrayShape" for another size,
   /// "VORTIL:datatypes:BoundingVolumeDataType:ArrayNull" for an array without data,
   /// "VORTIL:datatypes:BoundingVolumeDataType:InvalidWidth" for a maximum that is not at or above
-  /// its minimum.
+  /// its minimum, or the same infinity.
   vcos::COSValue from(vcos::COSValue array) const override;
 };
 

@@ -26,10 +26,11 @@ class VGDT_API InsetDataType final : public PropertyDataType<InsetDataType, gui_
 /// Between a C string and a word.
 class VGDT_API InsetSC final : public vcos::COSTypeConversion {
  public:
-  /// Kept: the word is a host array, in the form that InsetVC::to() gives, and no value. "[1 2 3
-  /// 4]" with six digits, and integer classes as integers; empty for null; to be freed with utFree.
+  /// Kept: the word is a host array, in the form that InsetVC::to() gives, and no value. Gives
+  /// "[1 2 3 4]" with six digits, elements of integer classes as integers, NaN and infinities
+  /// as "nan" and "inf"; empty for null; to be freed with utFree.
   ///
-  /// Errors: those of InsetVC::from() for its class, its size and its data.
+  /// Errors: those of InsetVC::from() for its class, its size and an array without data.
   vcos::COSValue to(vcos::COSValue value) const override;
   /// Takes four numbers in brackets. Kept: any other text, and null, gives a new value that is all
   /// zero.

@@ -23,10 +23,12 @@ class VGDT_API Point2dDataType final
 /// Between a C string and a word.
 class VGDT_API Point2dSC final : public vcos::COSTypeConversion {
  public:
-  /// Kept: the word is a host array, in the form that Point2dVC::to() gives, and no value. "[0.5
-  /// 1]" with six digits, and integer classes as integers; empty for null; to be freed with utFree.
+  /// Kept: the word is a host array, in the form that Point2dVC::to() gives, and no value. Gives
+  /// "[0.5 1]" with six digits, elements of integer classes as integers, NaN and infinities
+  /// as "nan" and "inf"; empty for null; to be freed with utFree.
   ///
-  /// Errors: those of Point2dVC::from() for its class, its number of elements and its data.
+  /// Errors: those of Point2dVC::from() for its class, its number of elements and an array without
+  /// data.
   vcos::COSValue to(vcos::COSValue value) const override;
   /// Takes two numbers in brackets.
   ///

@@ -23,11 +23,13 @@ class VGDT_API Point3DataType final
 /// Between a C string and a word.
 class VGDT_API Point3SC final : public vcos::COSTypeConversion {
  public:
-  /// Kept: the word is a host array, in the form that Point3VC::to() gives, and no value. "[0 0.5
-  /// 1]" with six digits, and integer classes as integers; empty for null; to be freed with utFree.
+  /// Kept: the word is a host array, in the form that Point3VC::to() gives, and no value. Gives
+  /// "[0 0.5 1]" with six digits, elements of integer classes as integers, NaN and infinities
+  /// as "nan" and "inf"; empty for null; to be freed with utFree.
   ///
-  /// Errors: those of Point3VC::from() for its class, its number of elements and its data;
-  /// "VORTIL:datatypes:Point3DataType:UnknownException" for anything else, also for failed memory.
+  /// Errors: those of Point3VC::from() for its class, its number of elements and an array without
+  /// data; "VORTIL:datatypes:Point3DataType:UnknownException" for anything else, also for failed
+  /// memory.
   vcos::COSValue to(vcos::COSValue value) const override;
   /// Takes three numbers in brackets.
   ///

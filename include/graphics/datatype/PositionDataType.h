@@ -19,7 +19,7 @@ class VGDT_API Position final : public HostAllocated {
   Position() = default;
   /// Errors: gui_objects::RectangleCrossedPointsException for a negative width or height.
   Position(double x, double y, double width, double height) : rectangle_(x, y, width, height) {}
-  explicit Position(const gui_objects::Rectangle2d& rectangle) : rectangle_(rectangle) {}
+  Position(const gui_objects::Rectangle2d& rectangle) : rectangle_(rectangle) {}
 
   double getX() const noexcept { return rectangle_.getXMin(); }
   double getY() const noexcept { return rectangle_.getYMin(); }

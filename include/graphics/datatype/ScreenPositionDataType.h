@@ -18,7 +18,7 @@ class VGDT_API ScreenPosition final : public HostAllocated {
   ScreenPosition() = default;
   /// Errors: gui_objects::RectangleCrossedPointsException for a negative width or height.
   ScreenPosition(int x, int y, int width, int height) : rectangle_(x, y, width, height) {}
-  explicit ScreenPosition(const gui_objects::Rectangle2i& rectangle) : rectangle_(rectangle) {}
+  ScreenPosition(const gui_objects::Rectangle2i& rectangle) : rectangle_(rectangle) {}
 
   int getX() const noexcept { return rectangle_.getXMin(); }
   int getY() const noexcept { return rectangle_.getYMin(); }
