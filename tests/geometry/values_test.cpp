@@ -138,11 +138,11 @@ TEST_F(Geometry, ArraysAreTakenOrRefusedInTheOrderOfTheTypesTests) {
       {"LightingStrength", "invalidLightingStrength", "1x1 other 1 | 2x1 numeric 2"},
       {"LightingStrength", kRange, "1x1 numeric 2 | 1x1 double 1.0000001 | 1x1 single NaN"},
   };
-  for (const auto& [type, outcome, arrays] : rows)
-    for (const std::string& words : test::split(arrays))
-      test::forEachClass(words, [&](const std::string& array) {
-        EXPECT_EQ(test::outcomeOfArray(accessOf(type), test::array(array).get()), outcome)
-            << type << ", " << array;
+  for (const Row& row : rows)
+    for (const std::string& words : test::split(row.given))
+      test::forEachClass(words, [&row](const std::string& array) {
+        EXPECT_EQ(test::outcomeOfArray(accessOf(row.type), test::array(array).get()), row.outcome)
+            << row.type << ", " << array;
       });
 }
 
