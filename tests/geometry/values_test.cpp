@@ -146,6 +146,12 @@ TEST_F(Geometry, ArraysAreTakenOrRefusedInTheOrderOfTheTypesTests) {
       });
 }
 
+TEST_F(Geometry, BoundsThatDifferOnlyInTheClassOfTheArrayAreComparedInIt) {
+  const ArrayOwner bounds = test::array("2x3 uint64 9223372036854775808");
+  ++static_cast<std::uint64_t*>(vxGetWritableData(bounds.get()))[0];
+  EXPECT_EQ(test::outcomeOfArray(accessOf("BoundingVolume"), bounds.get()), kVolumeData);
+}
+
 TEST_F(Geometry, TextsAreNumbersOrWhatTheTypeMakesOfOthers) {
   constexpr const char* kUnreadable = "|hello|[]|[1 2 3 4 5]|[1 2 3 4|1";
   const Row rows[] = {
