@@ -28,11 +28,11 @@ struct Scale {
   double y = 1;
 };
 
-/// By the number of the unit. Those that are no part of an inch have a 0; a character has the 72
-/// points of the inch, since it is measured in points.
+/// By the number of the unit. Normalized units and pixels have no fixed length, and their entries
+/// are not read. Characters are measured in points, so they have the 72 points of an inch.
 constexpr double kUnitsPerInch[] = {1, 2.54, 0, 72, 0, 72};
 
-/// A table and few branches: this is most of the time that a conversion takes.
+/// The choice of the unit takes most of the time of a conversion, so it is made by a table.
 Scale pixelsPerUnit(const Pixel& pixel, const Units& units, const Position& reference,
                     double characterWidth, double characterHeight) {
   if (units.isNormalized()) return {reference.getWidth(), reference.getHeight()};

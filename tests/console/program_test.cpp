@@ -81,6 +81,7 @@ const Case kCases[] = {
     {2, {"colors --html /dev/full", "colors --html /nonexistent/x"}, "cannot be written: No s"},
     {2, {"colors --json --html x"}, "excludes"},
     {0, {"types --family color | wc -l"}, "6\n"},
+    {0, {"convert PositivePoint3 --text x"}, "  value       null\n  text        \n"},
     {0, {"units --help"}, "vgdt units --what position --from inches --to pixels --ppi 96 \"[1 1"},
     {0,
      {"units --what position --from in --to pix --ppi 96 '[1 1 2 2]'"},

@@ -23,6 +23,7 @@ std::string shownText(const Type& type, vcos::COSValue word) {
 }
 
 void printValue(const Console& console, const Type& type, vcos::COSValue word) {
+  if (word.isNull() && !type.isImmediate()) printField(console.output, "value", "null");
   printField(console.output, "text", shownText(type, word));
   if (type.isImmediate()) printField(console.output, "word", wordText(word));
   if (type.isScalar) return;
