@@ -1,12 +1,6 @@
 # The product: libvgdatatypes.so. It links to Boost's headers and to the host, nothing else.
 
 find_package(Boost REQUIRED)
-# Only jni.h is used: the types and the function table. No Java library is linked.
-find_path(JNI_INCLUDE_DIR jni.h
-  HINTS ENV JAVA_HOME
-  PATHS /usr/lib/jvm/default-java /usr/lib/jvm/java-17-openjdk-amd64
-  PATH_SUFFIXES include REQUIRED)
-
 string(TIMESTAMP VGDT_BUILD_SECONDS "%s" UTC)
 string(TIMESTAMP VGDT_BUILD_DATE "%Y-%m-%d %H:%M:%S UTC" UTC)
 configure_file(src/build_info.h.in ${PROJECT_BINARY_DIR}/made/build_info.h)

@@ -20,6 +20,7 @@
 
 #include <array>
 #include <cstddef>
+#include <string>
 #include <utility>
 
 namespace gui_objects::convert_from_string_utils {
@@ -50,5 +51,17 @@ VGHOST_API Matrix4x4d parse_4x4_double(const char* text);
 
 /// One number, with or without brackets.
 VGHOST_API double parse_double_scalar(const char* text);
+
+/// Texts: "{'a', 'b'}" is an n by 1 cell array of strings, in which two quotes stand for one, and
+/// which commas, semicolons or blanks separate. Null, "", "[]" and "{}" give null, and any other
+/// text is itself as a char row. The array is the caller's.
+[[nodiscard]] VGHOST_API vxArray* parse_strings(const char* text);
+
+/// Reads a colour letter, a line style and a marker, in any order and each at most once: one of
+/// r g b c m y k w; one of "-", "--", ":", "-."; and a name or symbol of a marker, or its first
+/// letter. The longest word that fits is taken. False for any other text, which leaves the outputs
+/// as they are; otherwise each is the part as it is spelled, or empty if the part is not there.
+VGHOST_API bool stringToColorMarkerLineStyle(const char* text, std::string& color,
+                                             std::string& line, std::string& marker);
 
 }  // namespace gui_objects::convert_from_string_utils

@@ -55,8 +55,8 @@ class VGHOST_API TypeAccess {
   /// A new value from a host array, which stays the caller's; whether it may be null is for the
   /// type to say.
   COSValue fromArray(const vxArray* array) const;
-  /// The text of a value, whether the conversion returns a constant or a string to be freed; none
-  /// where the type has no text form for it.
+  /// The text of a value, whether the conversion returns a constant, the word itself or a string to
+  /// be freed; none where the type has no text form for it.
   std::optional<std::string> toText(COSValue value) const;
   /// The host array of a value; null where the type has none.
   ArrayOwner toArray(COSValue value) const;

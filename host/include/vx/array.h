@@ -167,6 +167,12 @@ VGHOST_API void vxDestroyArray(vxArray* array) noexcept;
 /// A full copy without the sparse flag.
 [[nodiscard]] VGHOST_API vxArray* vxMustBeFull(const vxArray* array);
 
+/// The array itself if it is full and of the class already; otherwise a new full array with its
+/// elements in that class, which the caller destroys (vghost::castElement says what becomes of
+/// them). Twelve element classes; a complex array can become only one of a numeric class. The
+/// result must not be written to: it may be the caller's own array.
+[[nodiscard]] VGHOST_API vxArray* vxMustBe(const vxArray* array, vxClassID classID);
+
 // --- text ---------------------------------------------------------------------------------------
 
 /// The characters of a char array in storage order as UTF-8. An array of another class raises

@@ -75,8 +75,11 @@ std::optional<std::string> TypeAccess::toText(COSValue value) const {
     array = toArray(value);
     value = COSValue::fromPointer(array.get());
   }
-  const std::unique_ptr<char, FreeText> text(text_->to(value).asPointer<char>());
-  return text ? std::optional<std::string>(text.get()) : std::nullopt;
+  const COSValue converted = text_->to(value);
+  std::unique_ptr<char, FreeText> text(converted.asPointer<char>());
+  // The word itself is the value's own text.
+  char* const characters = converted == value ? text.release() : text.get();
+  return characters ? std::optional<std::string>(characters) : std::nullopt;
 }
 
 ArrayOwner TypeAccess::toArray(COSValue value) const {

@@ -1,3 +1,5 @@
+#include "text.h"
+
 #include "../messages/utf.h"
 #include "ArrayHeader.h"
 
@@ -24,7 +26,9 @@ vxChar* charactersOf(vxArray* array) {
   return static_cast<vxChar*>(vxGetWritableData(array));
 }
 
-std::basic_string_view<vxChar> textOf(const vxArray* array) {
+}  // namespace
+
+std::basic_string_view<vxChar> vghost::textOf(const vxArray* array) {
   if (!array)
     vxErrMsgIdAndTxt("VORTIL:class:VORTILConversionError",
                      "Null has no text: give an array of class char.");
@@ -34,8 +38,6 @@ std::basic_string_view<vxChar> textOf(const vxArray* array) {
                      vxGetClassName(array));
   return {static_cast<const vxChar*>(vxGetData(array)), array->count()};
 }
-
-}  // namespace
 
 vxArray* vxCreateString(const char* text) {
   countHostCall("vxCreateString");

@@ -1,7 +1,6 @@
 #include "literal/BracketBuilder.h"
 
 #include "ArrayElements.h"
-#include "literal/ClassCast.h"
 #include "literal/Literal.h"
 
 #include <fmt/format.h>
@@ -17,7 +16,7 @@ template <class From, class To>
 void storeByColumns(const From& from, std::size_t rows, std::span<To> to) {
   const std::size_t columns = to.size() / std::max<std::size_t>(rows, 1);
   for (std::size_t i = 0; i < to.size(); ++i)
-    to[i % columns * rows + i / columns] = castElement<To>(from[i]);
+    to[i % columns * rows + i / columns] = vghost::castElement<To>(from[i]);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "literal/LiteralFunctions.h"
 
 #include "ArrayElements.h"
-#include "literal/ClassCast.h"
 #include "literal/Literal.h"
 
 #include <fmt/format.h>
@@ -63,6 +62,13 @@ void requireCastable(const LiteralValue& argument, vxClassID target) {
   if (target == vxLOGICAL_CLASS && hasNaN(array)) refuse(argument, "NaN is no logical");
   const bool mayBeSparse = target == vxDOUBLE_CLASS || target == vxLOGICAL_CLASS;
   if (vxIsSparse(array) && !mayBeSparse) refuse(argument, "only double and logical can be sparse");
+}
+
+/// With the size, the imaginary parts and the sparsity.
+vcos::ArrayOwner castArray(const vxArray* array, vxClassID classID) {
+  vxArray* const cast = vxMustBe(array, classID);
+  vcos::ArrayOwner result(cast == array ? vxCreateSharedDataCopy(array) : cast);
+  return vxIsSparse(array) ? vcos::ArrayOwner(vxCreateSparse(result.get())) : std::move(result);
 }
 
 vcos::ArrayOwner cast(const LiteralCall& call) {

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <ut/export.h>
+
+struct JNIEnv_;
+using JNIEnv = JNIEnv_;  // as in jni.h, which whoever uses it includes
+
+/// The Java environment of the calling thread; null if no Java machine runs in the process or the
+/// thread is not attached to it. The machine is looked for at each call until one is found: nothing
+/// links to Java.
+VGHOST_API JNIEnv* GetJNIEnvR() noexcept;

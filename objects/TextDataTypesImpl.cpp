@@ -1,0 +1,243 @@
+#include "PropertyDataType.ipp"
+#include "TextLines.h"
+#include "TypeRegistration.h"
+
+#include <graphics/datatype/NumericOrStringDataType.h>
+#include <graphics/datatype/TextStringDataType.h>
+#include <messages/catalog.h>
+#include <vg/MatrixTraits.h>
+#include <vx/errors.h>
+#include <boost/shared_ptr.hpp>
+
+#include <cstddef>
+#include <optional>
+#include <typeinfo>
+#include <vector>
+
+namespace graphics::datatype {
+
+using resource_core::BaseMsgID;
+using vcos::COSValue;
+
+namespace {
+
+namespace text = VORTIL::vg::datatypes::TextStringDataType;
+namespace numericOrText = VORTIL::vg::datatypes::NumericOrStringDataType;
+
+using MessagePtr = boost::shared_ptr<BaseMsgID>;
+
+/// What a test of an array finds: null if the array is valid, or else a new message.
+using Fault = BaseMsgID*;
+
+ArrayPtr newTextRow(const char* characters) {
+  return ArrayPtr(vxCreateString(characters ? characters : ""));
+}
+
+bool isEmptyOrMatrix(const vxArray* array) {
+  return vxIsEmpty(array) || vxGetNumberOfDimensions(array) == 2;
+}
+
+bool isLine(const vxArray* element) {
+  return !element || (vxGetClassID(element) == vxCHAR_CLASS && isEmptyOrMatrix(element));
+}
+
+bool isTextOrNumbers(const vxArray* array) {
+  return vxGetClassID(array) == vxCHAR_CLASS || vg::isNumericClass(vxGetClassID(array));
+}
+
+template <class Holds>
+bool areAllElements(const vxArray* cells, Holds&& holds) {
+  for (std::size_t i = 0; i < vxGetNumberOfElements(cells); ++i)
+    if (!holds(vxGetCell(cells, i))) return false;
+  return true;
+}
+
+Fault newFaultOfText(const vxArray* array) {
+  if (!array) return nullptr;
+  const vxClassID classID = vxGetClassID(array);
+  if (classID == vxCHAR_CLASS) return isEmptyOrMatrix(array) ? nullptr : new text::IncorrectShape;
+  if (classID != vxCELL_CLASS) return new text::ArrayClass;
+  if (vxIsEmpty(array)) return nullptr;
+  if (vxGetNumberOfDimensions(array) != 2 || vxGetN(array) != 1) return new text::IncorrectShape;
+  return areAllElements(array, isLine) ? nullptr : new text::InvalidCellArray;
+}
+
+Fault newFaultOfNumericOrText(const vxArray* array) {
+  if (!array) return new numericOrText::ArrayClass;
+  if (isTextOrNumbers(array) || vxIsEmpty(array)) return nullptr;
+  if (vxGetClassID(array) != vxCELL_CLASS) return new numericOrText::ArrayClass;
+  const auto holds = [](const vxArray* element) { return element && isTextOrNumbers(element); };
+  return areAllElements(array, holds) ? nullptr : new numericOrText::InvalidCellArray;
+}
+
+bool isValidOrTells(Fault fault, MessagePtr& message) {
+  if (!fault) return true;
+  message.reset(fault);
+  return false;
+}
+
+/// The array itself, which has to be valid.
+const vxArray* checked(const vxArray* array, Fault (*newFault)(const vxArray* array)) {
+  if (const MessagePtr message{newFault(array)}) vxErrMsgId(*message);
+  return array;
+}
+
+/// Whether a text makes its lines as the types of this library do.
+bool hasOwnLines(const TextString& value) {
+  return typeid(value) == typeid(TextString) || typeid(value) == typeid(NumericOrString);
+}
+
+}  // namespace
+
+// --- the values ---------------------------------------------------------------------------------
+
+TextString::TextString() : TextString("") {}
+TextString::TextString(const char* characters) : ArrayBase(newTextRow(characters).get()) {}
+TextString::TextString(const vxArray* array) : ArrayBase(array) {
+  checked(array, newFaultOfText);
+}
+TextString::TextString(const TextString& other) : ArrayBase(other.getPtr()) {}  // NOLINT: as stated
+TextString& TextString::operator=(const TextString& other) {
+  TextString copy(other);
+  swap(copy);
+  return *this;
+}
+TextString::~TextString() = default;
+
+bool TextString::isValid(const vxArray* array, MessagePtr& message) {
+  return isValidOrTells(newFaultOfText(array), message);
+}
+
+std::vector<gui_objects::UTF16String> TextString::getUTF16String() const {
+  if (isEmpty(getPtr())) return {};
+  return gui_objects::createUTF16StringsFromArray(getPtr());
+}
+
+bool TextString::operator==(const TextString& other) const {
+  if (hasOwnLines(*this) && hasOwnLines(other))
+    if (const std::optional<bool> same = haveSameLines(getPtr(), other.getPtr())) return *same;
+  return getUTF16String() == other.getUTF16String();
+}
+
+NumericOrString::NumericOrString() = default;
+NumericOrString::NumericOrString(const char* characters) : TextString(characters) {}
+NumericOrString::NumericOrString(const vxArray* array)
+    : TextString(newLines(checked(array, newFaultOfNumericOrText)).get()) {}
+NumericOrString::NumericOrString(const NumericOrString& other) : TextString(other.getPtr()) {}
+NumericOrString& NumericOrString::operator=(const NumericOrString& other) {
+  NumericOrString copy(other);
+  swap(copy);
+  return *this;
+}
+NumericOrString::~NumericOrString() = default;
+
+bool NumericOrString::isValid(const vxArray* array, MessagePtr& message) {
+  return !array || isValidOrTells(newFaultOfNumericOrText(array), message);
+}
+
+// --- the types ----------------------------------------------------------------------------------
+
+namespace {
+
+/// Whether two values are equal; `raise` raises the message for what fails.
+template <class Value>
+bool areEqual(const Value& a, const Value& b, void (*raise)()) {
+  try {
+    return a == b;
+  } catch (...) {
+    raise();
+    throw;
+  }
+}
+
+/// Kept: null is copied to the default value.
+template <class Value>
+COSValue copyOf(COSValue value) {
+  return COSValue::fromPointer(value.isNull() ? new Value
+                                              : new Value(*value.asPointer<const Value>()));
+}
+
+template <class Value>
+COSValue valueFromText(COSValue text) {
+  return COSValue::fromPointer(new Value(text.asPointer<const char>()));
+}
+
+template <class Value>
+COSValue valueFromArray(COSValue array) {
+  return COSValue::fromPointer(array.isNull() ? new Value
+                                              : new Value(array.asPointer<const vxArray>()));
+}
+
+COSValue arrayOf(COSValue value) {
+  const auto* const text = value.asPointer<const TextString>();
+  ArrayPtr array = text ? text->getSharedDataCopy() : nullptr;
+  return COSValue::fromPointer(array ? array.release() : vxCreateString(""));
+}
+
+}  // namespace
+
+template <>
+struct PropertyTypeTraits<TextStringDataType> : PlainValues<TextString> {
+  static constexpr std::size_t kBytes = 16;
+  static_assert(sizeof(TextString) == kBytes);
+
+  static bool isEqual(const TextString& a, const TextString& b) {
+    return areEqual(a, b, [] { vxErrMsgId(VORTIL::datatypes::TextStringDataType::isEqual()); });
+  }
+};
+template class NamedDataType<TextStringDataType>;
+template class PropertyDataType<TextStringDataType, TextString>;
+
+template <>
+struct PropertyTypeTraits<NumericOrStringDataType> : PlainValues<NumericOrString> {
+  static constexpr std::size_t kBytes = 16;
+  static_assert(sizeof(NumericOrString) == kBytes);
+
+  static bool isEqual(const NumericOrString& a, const NumericOrString& b) {
+    return areEqual(a, b, [] {
+      vxErrMsgIdAndTxt("VORTIL:graphics::datatype::NumericOrStringDataType::isEqual",
+                       "Exception in NumericOrStringDataType::isEqual");
+    });
+  }
+};
+template class NamedDataType<NumericOrStringDataType>;
+template class PropertyDataType<NumericOrStringDataType, NumericOrString>;
+
+COSValue TextStringDataType::copy(COSValue value) const {
+  return copyOf<TextString>(value);
+}
+COSValue TextStringSC::to(COSValue) const {
+  return {};
+}
+COSValue TextStringSC::from(COSValue text) const {
+  return valueFromText<TextString>(text);
+}
+COSValue TextStringVC::to(COSValue value) const {
+  return arrayOf(value);
+}
+COSValue TextStringVC::from(COSValue array) const {
+  return valueFromArray<TextString>(array);
+}
+
+COSValue NumericOrStringDataType::copy(COSValue value) const {
+  return copyOf<NumericOrString>(value);
+}
+COSValue NumericOrStringSC::to(COSValue) const {
+  return {};
+}
+COSValue NumericOrStringSC::from(COSValue text) const {
+  return valueFromText<NumericOrString>(text);
+}
+COSValue NumericOrStringVC::to(COSValue value) const {
+  return arrayOf(value);
+}
+COSValue NumericOrStringVC::from(COSValue array) const {
+  return valueFromArray<NumericOrString>(array);
+}
+
+VGDT_REGISTER_TYPE(TextString, init_VortilGraphicsDatatype_TextStringDataType,
+                   init_VortilGraphicsDatatype_TextStringDataType_callback)
+VGDT_REGISTER_TYPE(NumericOrString, init_VortilGraphicsDatatype_NumericOrStringDataType,
+                   init_VortilGraphicsDatatype_NumericOrStringDataType_callback)
+
+}  // namespace graphics::datatype
