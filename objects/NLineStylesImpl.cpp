@@ -6,7 +6,6 @@
 #include <gui_objects/convert_from_string_utils.h>
 #include <messages/catalog.h>
 #include <messages/exceptions.h>
-#include <messages/ustring.h>
 #include <vx/errors.h>
 #include <vx/scopes.h>
 #include <boost/tokenizer.hpp>
@@ -60,10 +59,10 @@ Styles stylesOfText(const std::string& text) {
 std::string textOfRow(const vxArray* array, std::size_t row) {
   const std::span characters(static_cast<const vxChar*>(vxGetData(array)),
                              vxGetNumberOfElements(array));
-  fl::ustring text;
+  std::vector<vxChar> text;
   for (std::size_t i = row; i < characters.size() && characters[i] != 0; i += vxGetM(array))
-    text += characters[i];
-  return fl::i18n::to_utf8(text.data(), text.size());
+    text.push_back(characters[i]);
+  return vxArrayToStdString(ArrayPtr(vxCreateString_UTF16(text.data(), text.size())).get());
 }
 
 Styles stylesOfRows(const vxArray* array) {

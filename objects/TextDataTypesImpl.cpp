@@ -10,6 +10,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <typeinfo>
 #include <vector>
@@ -26,8 +27,8 @@ namespace numericOrText = VORTIL::vg::datatypes::NumericOrStringDataType;
 
 using MessagePtr = boost::shared_ptr<BaseMsgID>;
 
-/// What a test of an array finds: null if the array is valid, or else a new message.
-using Fault = BaseMsgID*;
+/// What a test of an array finds: null if the array is valid.
+using Fault = std::unique_ptr<BaseMsgID>;
 
 ArrayPtr newTextRow(const char* characters) {
   return ArrayPtr(vxCreateString(characters ? characters : ""));
@@ -52,33 +53,36 @@ bool areAllElements(const vxArray* cells, Holds&& holds) {
   return true;
 }
 
-Fault newFaultOfText(const vxArray* array) {
+Fault faultOfText(const vxArray* array) {
   if (!array) return nullptr;
   const vxClassID classID = vxGetClassID(array);
-  if (classID == vxCHAR_CLASS) return isEmptyOrMatrix(array) ? nullptr : new text::IncorrectShape;
-  if (classID != vxCELL_CLASS) return new text::ArrayClass;
+  if (classID == vxCHAR_CLASS)
+    return isEmptyOrMatrix(array) ? nullptr : std::make_unique<text::IncorrectShape>();
+  if (classID != vxCELL_CLASS) return std::make_unique<text::ArrayClass>();
   if (vxIsEmpty(array)) return nullptr;
-  if (vxGetNumberOfDimensions(array) != 2 || vxGetN(array) != 1) return new text::IncorrectShape;
-  return areAllElements(array, isLine) ? nullptr : new text::InvalidCellArray;
+  if (vxGetNumberOfDimensions(array) != 2 || vxGetN(array) != 1)
+    return std::make_unique<text::IncorrectShape>();
+  return areAllElements(array, isLine) ? nullptr : std::make_unique<text::InvalidCellArray>();
 }
 
-Fault newFaultOfNumericOrText(const vxArray* array) {
-  if (!array) return new numericOrText::ArrayClass;
+Fault faultOfNumericOrText(const vxArray* array) {
+  if (!array) return std::make_unique<numericOrText::ArrayClass>();
   if (isTextOrNumbers(array) || vxIsEmpty(array)) return nullptr;
-  if (vxGetClassID(array) != vxCELL_CLASS) return new numericOrText::ArrayClass;
+  if (vxGetClassID(array) != vxCELL_CLASS) return std::make_unique<numericOrText::ArrayClass>();
   const auto holds = [](const vxArray* element) { return element && isTextOrNumbers(element); };
-  return areAllElements(array, holds) ? nullptr : new numericOrText::InvalidCellArray;
+  return areAllElements(array, holds) ? nullptr
+                                      : std::make_unique<numericOrText::InvalidCellArray>();
 }
 
 bool isValidOrTells(Fault fault, MessagePtr& message) {
   if (!fault) return true;
-  message.reset(fault);
+  message.reset(fault.release());
   return false;
 }
 
 /// The array itself, which has to be valid.
-const vxArray* checked(const vxArray* array, Fault (*newFault)(const vxArray* array)) {
-  if (const MessagePtr message{newFault(array)}) vxErrMsgId(*message);
+const vxArray* checked(const vxArray* array, Fault (*faultOf)(const vxArray* array)) {
+  if (const Fault fault = faultOf(array)) vxErrMsgId(*fault);
   return array;
 }
 
@@ -94,7 +98,7 @@ bool hasOwnLines(const TextString& value) {
 TextString::TextString() : TextString("") {}
 TextString::TextString(const char* characters) : ArrayBase(newTextRow(characters).get()) {}
 TextString::TextString(const vxArray* array) : ArrayBase(array) {
-  checked(array, newFaultOfText);
+  checked(array, faultOfText);
 }
 TextString::TextString(const TextString& other) : ArrayBase(other.getPtr()) {}  // NOLINT: as stated
 TextString& TextString::operator=(const TextString& other) {
@@ -105,7 +109,7 @@ TextString& TextString::operator=(const TextString& other) {
 TextString::~TextString() = default;
 
 bool TextString::isValid(const vxArray* array, MessagePtr& message) {
-  return isValidOrTells(newFaultOfText(array), message);
+  return isValidOrTells(faultOfText(array), message);
 }
 
 std::vector<gui_objects::UTF16String> TextString::getUTF16String() const {
@@ -122,7 +126,7 @@ bool TextString::operator==(const TextString& other) const {
 NumericOrString::NumericOrString() = default;
 NumericOrString::NumericOrString(const char* characters) : TextString(characters) {}
 NumericOrString::NumericOrString(const vxArray* array)
-    : TextString(newLines(checked(array, newFaultOfNumericOrText)).get()) {}
+    : TextString(newLines(checked(array, faultOfNumericOrText)).get()) {}
 NumericOrString::NumericOrString(const NumericOrString& other) : TextString(other.getPtr()) {}
 NumericOrString& NumericOrString::operator=(const NumericOrString& other) {
   NumericOrString copy(other);
@@ -132,7 +136,7 @@ NumericOrString& NumericOrString::operator=(const NumericOrString& other) {
 NumericOrString::~NumericOrString() = default;
 
 bool NumericOrString::isValid(const vxArray* array, MessagePtr& message) {
-  return !array || isValidOrTells(newFaultOfNumericOrText(array), message);
+  return !array || isValidOrTells(faultOfNumericOrText(array), message);
 }
 
 // --- the types ----------------------------------------------------------------------------------

@@ -11,11 +11,13 @@
 #include <ut/memory.h>
 #include <vcos/TypeAccess.h>
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -109,10 +111,33 @@ bool sweep(const Subject& subject, const Work& work, const Obstacle& obstacle, b
   return true;
 }
 
+/// The types, some of them once more with arrays that go another road.
+std::vector<RegisteredType> subjects() {
+  const auto cells = [](const char* first, vxArray* second) {
+    ArrayOwner array = zeros(kCell, {1, 2});
+    vxSetCell(array.get(), 0, vxCreateString(first));
+    vxSetCell(array.get(), 1, second);
+    return array;
+  };
+  std::vector<RegisteredType> rows = registeredTypes();
+  const auto add = [&rows](const char* name, const Obstacles& obstacles, const auto& array) {
+    RegisteredType row = *std::ranges::find(rows, name, &RegisteredType::name);
+    row.array = array;
+    row.obstacles = obstacles;
+    rows.push_back(row);
+  };
+  add("NumericOrString", {"ac", "nac", "", "ac", "", "ac"},
+      [=] { return cells("a\nb", test::array("1x2 int8 1 22").release()); });
+  add("NLineStyles", {"nac", "nc", "", "ac", "", "n"},
+      [=] { return cells("square--", vxCreateString(":")); });
+  add("NLineStyles", {"nac", "nac", "", "nac", "", "n"}, [] { return array("2x1x2 char 45"); });
+  return rows;
+}
+
 TEST(Sweep, ConversionsFailCleanlyAtEveryAllocationAndHostCall) {
   inChildProcess([] {
     VLInitialize_vgdatatypes();
-    for (const RegisteredType& row : registeredTypes()) {
+    for (const RegisteredType& row : subjects()) {
       const Subject subject(row);
       for (const Work& work : kWorks) {
         SCOPED_TRACE(row.name + ", " + work.name);
@@ -179,7 +204,7 @@ TEST(Sweep, NamesAndDefaultsSayThatMemoryHasRunOut) {
       EXPECT_THROW(names.fromText("manual"), vcos::COSOutOfMemoryException);
     }
     for (const RegisteredType& row : registeredTypes()) {
-      if (row.storageType == 0) continue;
+      if (row.isDefaultNull) continue;
       const vcos::COSDataType& type = accessOf(row.name).dataType();
       vghost::faults::failAllocation(1, vghost::faults::Repeat::Once);
       failNew(1, true);
@@ -257,9 +282,13 @@ TEST(AllocationCount, ConversionsAllocateNothingButTheirResultsWhateverTheirSize
     const char* large[][2] = {{"ColorMap", "400000x3 double"},
                               {"ColorMap", "400000x3 uint8"},
                               {"PatchFaces", "1000000x1 single"},
-                              {"PrimitiveStripData", "1x1000000 uint32"}};
+                              {"PrimitiveStripData", "1x1000000 uint32"},
+                              {"TextString", "1000x1000 char"}};
     for (const auto& [name, words] : large)
       expectCosts(accessOf(name), test::array(words).get(), nullptr, kArray, kArray);
+    constexpr Cost kNormalized{0, 3, 1, 1};  // a header more, for the array before it is tested
+    expectCosts(accessOf("NumericOrString"), test::array("1x1000000 char").get(), nullptr,
+                kNormalized, kArray);
   });
 }
 

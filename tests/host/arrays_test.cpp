@@ -5,7 +5,11 @@
 #include "support/HostError.h"
 
 #include <gmock/gmock.h>
+#include <gui_objects/NStrings.h>
+#include <gui_objects/UTF16String.h>
 #include <ut/faults.h>
+#include <ut/memory.h>
+#include <ut/unicode.h>
 #include <vx/scopes.h>
 
 #include <cstdint>
@@ -123,6 +127,13 @@ TEST(Arrays, WrongArgumentsAreNamed) {
       {"array:IndexOutOfRange", [&] { vxGetFieldByNumber(record.get(), 2, 0); }},
       {"array:IndexOutOfRange", [&] { omGetArrayElement(object.get(), 2); }},
       {"array:WrongShape", [&] { ArrayOwner(vxTranspose(real.get())); }},
+      {"array:WrongClass", [&] { ArrayOwner(vxMustBe(cell.get(), vxDOUBLE_CLASS)); }},
+      {"array:WrongClass", [&] { ArrayOwner(vxMustBe(real.get(), vxCELL_CLASS)); }},
+      {"class:VORTILConversionError",
+       [&] {
+         NStrings(counting(kCell, {1, 1}).get());
+       }},
+      {"class:VORTILConversionError", [&] { NStrings(real.get()); }},
       {"class:VORTILConversionError", [&] { vxArrayToStdString(real.get()); }},
       {"class:VORTILConversionError", [&] { vxArrayToStdString(cell.get()); }},
       {"class:VORTILConversionError", [] { vxArrayToStdString(nullptr); }},
@@ -159,6 +170,70 @@ TEST(Arrays, TakeTextAndGiveItWithReplacementsForWhatIsBroken) {
   const ArrayOwner matrix(vxCreateCharMatrixFromStrings(3, lines));
   EXPECT_EQ(sizeOf(matrix.get()), (Size{3, 2}));
   EXPECT_EQ(vxArrayToStdString(matrix.get()), std::string("a\0\u00E9b\0\0", 7));
+}
+
+TEST(Arrays, BecomeOfAClassUnlessTheyAreFullAndOfIt) {
+  const ArrayOwner given = array("complex 1x3 double", {-1.5, 100, 3});
+  EXPECT_EQ(vxMustBe(given.get(), vxDOUBLE_CLASS), given.get());
+  const ArrayOwner whole(vxMustBe(given.get(), vxINT8_CLASS));
+  EXPECT_EQ(contentOf(whole), Content({1, 3}, {-2, 100, 3}));
+  EXPECT_TRUE(vxGetClassID(whole.get()) == vxINT8_CLASS && vxIsComplex(whole.get()));
+  const ArrayOwner sparse = array("sparse 2x1 double", {7});
+  const ArrayOwner full(vxMustBe(sparse.get(), vxDOUBLE_CLASS));
+  EXPECT_TRUE(full != sparse && !vxIsSparse(full.get()));
+}
+
+TEST(Arrays, AreListsOfTexts) {
+  using gui_objects::createUTF16StringsFromArray;
+  const auto text = [](const char* characters) { return vxCreateString(characters); };
+  const auto cells = [&](std::initializer_list<const char*> texts) {
+    ArrayOwner result = zeros(kCell, {texts.size(), 1});
+    for (std::size_t i = 0; i < texts.size(); ++i)
+      if (const char* one = texts.begin()[i]) vxSetCell(result.get(), i, text(one));
+    return result;
+  };
+  const char* const kRows[] = {"ab", "c "};
+  struct Row {
+    ArrayOwner given;
+    std::vector<std::string> lines;
+  };
+  const Row rows[] = {
+      {ArrayOwner(text("a b ")), {"a b "}},
+      {ArrayOwner(text("")), {}},
+      {zeros(kChar, {std::size_t{1} << 40U, 0}), {}},
+      {ArrayOwner(vxCreateCharMatrixFromStrings(2, kRows)), {"ab", "c "}},
+      {array("2x1x2 char 97 98 99 100"), {"ac", "bd"}},
+      {cells({"a", nullptr, "", "\U0001D11E"}), {"a", "", "", "\U0001D11E"}},
+  };
+  for (const auto& [given, lines] : rows) {
+    const std::vector<gui_objects::UTF16String> found = createUTF16StringsFromArray(given.get());
+    const NStrings list(given.get());
+    std::vector<std::string> back;
+    for (int i = 0; i < list.getNumStrings(); ++i)
+      back.emplace_back(list[i]);
+    EXPECT_EQ(back, lines);
+    EXPECT_EQ(found.size(), lines.size());
+    EXPECT_EQ(NStrings(ArrayOwner(list.toMatrix()).get()), list);
+  }
+  const char* const kTexts[] = {"a", nullptr};
+  NStrings list(2, kTexts);
+  EXPECT_EQ(list, NStrings(cells({"a", nullptr}).get()));
+  list.setStringAt(1, "b");
+  list.setStringAt(0, nullptr);
+  EXPECT_EQ(list, NStrings(cells({"", "b"}).get()));
+  EXPECT_EQ(sizeOf(ArrayOwner(NStrings().toMatrix()).get()), (Size{0, 1}));
+  EXPECT_EQ(NStrings(&list), list);
+  for (const int index : {-1, 2}) {
+    EXPECT_EQ(identifierRaisedBy([&] { static_cast<void>(list[index]); }),
+              "VORTIL:array:IndexOutOfRange");
+    EXPECT_EQ(identifierRaisedBy([&] { list.setStringAt(index, ""); }),
+              "VORTIL:array:IndexOutOfRange");
+  }
+  unsigned short* const units = utf8_to_utf16("a\u00E9z", 3);
+  EXPECT_EQ(gui_objects::UTF16String(units),
+            gui_objects::test::makeUTF16StringFromCharPtr("a\u00E9"));
+  utFree(units);
+  EXPECT_EQ(utf8_to_utf16(nullptr, -1), nullptr);
 }
 
 TEST(ArrayMemory, AnArrayHasToFitBesideThoseThatAreAlive) {

@@ -119,6 +119,8 @@ TEST(TypeAccess, LeavesATextToTheValueThatTakesIt) {
   const COSValue taken = type.fromText(text);
   EXPECT_NE(taken.asPointer<char>(), text);
   EXPECT_EQ(type.toText(taken), text);
+  EXPECT_EQ(type.toText(taken), text) << "it is not freed, as other texts are";
+  utFree(taken.asPointer<char>());
 }
 
 /// A package whose hooks add what they are asked for, once it may load.

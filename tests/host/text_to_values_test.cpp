@@ -186,4 +186,39 @@ TEST(TextToValues, TheLocaleOfTheProcessPlaysNoPart) {
   EXPECT_EQ(numbersIn("[12.6 1,234]", vxINT16_CLASS), (Numbers{13, 1, 234}));
 }
 
+TEST(TextToValues, StyleWordsStandInAnyOrderAndTheLongestCounts) {
+  using Parts = std::tuple<std::string, std::string, std::string>;
+  const std::pair<const char*, Parts> rows[] = {
+      {"", {"", "", ""}},
+      {"-", {"", "-", ""}},
+      {"--", {"", "--", ""}},
+      {"-.", {"", "-.", ""}},
+      {":", {"", ":", ""}},
+      {"--.", {"", "--", "."}},
+      {"-..", {"", "-.", "."}},
+      {".-", {"", "-", "."}},
+      {"square", {"", "", "square"}},
+      {"s", {"", "", "s"}},
+      {"sk", {"k", "", "s"}},
+      {"r:pentagram", {"r", ":", "pentagram"}},
+      {"hexagramw--", {"w", "--", "hexagram"}},
+      {"d-g", {"g", "-", "d"}},
+  };
+  for (const auto& [text, parts] : rows) {
+    auto [color, line, marker] = Parts("old", "old", "old");
+    EXPECT_TRUE(stringToColorMarkerLineStyle(text, color, line, marker)) << text;
+    EXPECT_EQ(Parts(color, line, marker), parts) << text;
+  }
+  for (const char* text :
+       {"---", "-:", "--.o", "ox", "rg", " -", "- ", "none", "squar", "S", "-|", "e"}) {
+    std::string part = "old";
+    EXPECT_FALSE(stringToColorMarkerLineStyle(text, part, part, part)) << text;
+    EXPECT_EQ(part, "old");
+  }
+  for (const char c : std::string("+o*.xv^><sdph-:rgbcmykw")) {
+    std::string part;
+    EXPECT_TRUE(stringToColorMarkerLineStyle(std::string(1, c).c_str(), part, part, part)) << c;
+  }
+}
+
 }  // namespace

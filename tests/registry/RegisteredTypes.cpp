@@ -217,14 +217,66 @@ std::vector<RegisteredType> geometricTypes() {
           strength};
 }
 
+/// A type whose values are texts, and which prints none.
+RegisteredType text(const char* name, std::size_t bytes, const char* array,
+                    const Obstacles& obstacles) {
+  return {.name = name,
+          .bytes = bytes,
+          .text = "some",
+          .printed = std::nullopt,
+          .array = textArray(array),
+          .defaultArray = textArray(""),
+          .defaultPrinted = std::nullopt,
+          .nullArray = textArray(""),
+          .obstacles = obstacles,
+          .fromNullText = "no text",
+          .fromNullArray = "no text"};
+}
+
+std::vector<RegisteredType> textTypes() {
+  const auto cell = [](std::size_t rows) {
+    ArrayOwner cells(vxCreateCellMatrix(rows, 1));
+    for (std::size_t i = 0; i < rows; ++i)
+      vxSetCell(cells.get(), i, vxCreateString("line"));
+    return cells;
+  };
+  constexpr Obstacles kArray{"ac", "ac", "", "ac", "", "ac"};
+  RegisteredType unicode =
+      text("UTF16String", 8, "a text of many letters", {"na", "nc", "na", "ac", "", "n"});
+  unicode.printed = "some";
+  RegisteredType insensitive =
+      text("CaseInsensitiveString", 1, "other", {"a", "ac", "", "ac", "", "a"});
+  insensitive.isDefaultNull = true;
+  insensitive.fromNullText = insensitive.fromNullArray = "null";
+  RegisteredType list = text("NStrings", 24, "", {"nac", "nac", "", "ac", "", "na"});
+  list.array = [cell] { return cell(2); };
+  list.nullArray = list.defaultArray = [cell] { return cell(0); };
+  RegisteredType display = text("TextString", 16, "other", kArray);
+  RegisteredType normalized = text("NumericOrString", 16, "", kArray);
+  normalized.array = [cell] { return cell(3); };
+  display.copyOfNull = normalized.copyOfNull = "no text";
+  RegisteredType font = text("FontName", 1, "Serif", {"a", "ac", "", "ac", "", "a"});
+  font.defaultArray = textArray("FixedWidth");
+  font.printed = "some";
+  font.defaultPrinted = "FixedWidth";
+  font.fromNullText = "null";
+  font.fromNullArray = "VORTIL:class:VORTILConversionError";
+  RegisteredType styles = text("NLineStyles", 32, "square", {"nac", "nc", "", "nac", "", "n"});
+  styles.text = "--|:";
+  styles.defaultArray = textArray("-");
+  styles.nullArray = [] { return ArrayOwner(); };
+  styles.fromNullArray = "VORTIL:vgdatatypes:InvalidInput";
+  return {unicode, insensitive, list, display, normalized, font, styles};
+}
+
 }  // namespace
 
 const std::vector<RegisteredType>& registeredTypes() {
   static const std::vector<RegisteredType> types = [] {
     std::vector<RegisteredType> all = {onOff(),     color("RGBAColor"), markerColor(),
                                        meshColor(), meshAlpha(),        colorTable()};
-    for (const RegisteredType& type : geometricTypes())
-      all.push_back(type);
+    for (const auto& group : {geometricTypes(), textTypes()})
+      all.insert(all.end(), group.begin(), group.end());
     for (const EnumeratedType& type : kEnumeratedTypes)
       all.push_back(registered(type));
     for (const ShapedType& type : kShapedTypes)

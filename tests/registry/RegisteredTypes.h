@@ -43,7 +43,8 @@ struct RegisteredType {
   std::string declarationName = name;
   int storageType = 7;
   bool isFinite = false;  ///< as to its possible values
-  int order = 2;          ///< of the value of the array and that of the text, if it is not equal
+  bool isDefaultNull = storageType == 0;
+  int order = 2;  ///< of the value of the array and that of the text, if it is not equal
   int reverseOrder = 2;
   // What null becomes, as outcomeOf() tells it.
   std::string fromNullText = "null";

@@ -1,0 +1,111 @@
+// Font names that Java is asked about, with a Java machine that stands in for one.
+
+#include "support/FakeJavaEnvironment.h"
+#include "support/HostError.h"
+
+#include <graphics/datatype/FontNameDataType.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using graphics::datatype::isFontNameValidIgnoreCase;
+
+/// Knows the font "Serif" in any case, by the class that the library expects, and writes down what
+/// it is asked. Texts are their own references.
+struct FontMachine : test::FakeJavaEnvironment {
+  FontMachine() {
+    table.FindClass = [](JNIEnv* env, const char* path) -> jclass {
+      self(env).calls += std::string(path) + " ";
+      self(env).pending = self(env).failing == "class";
+      return self(env).failing == "class" ? nullptr : reinterpret_cast<jclass>(env);
+    };
+    table.NewStringUTF = [](JNIEnv* env, const char* text) -> jstring {
+      self(env).calls += std::string(text) + " ";
+      self(env).pending = self(env).failing == "text";
+      return self(env).failing == "text" ? nullptr : reinterpret_cast<jstring>(env);
+    };
+    table.NewString = [](JNIEnv* env, const jchar*, jsize length) -> jstring {
+      self(env).calls += std::to_string(length) + " units ";
+      return reinterpret_cast<jstring>(env);
+    };
+    table.GetStaticMethodID = [](JNIEnv* env, jclass, const char* name,
+                                 const char* signature) -> jmethodID {
+      self(env).calls += std::string(name) + signature + " ";
+      return reinterpret_cast<jmethodID>(env);
+    };
+    table.CallStaticBooleanMethodV = [](JNIEnv* env, jclass, jmethodID, va_list) -> jboolean {
+      self(env).pending = self(env).failing == "call";
+      return self(env).answer;
+    };
+    table.DeleteLocalRef = [](JNIEnv* env, jobject object) { self(env).deleted += object ? 1 : 0; };
+  }
+  static FontMachine& self(JNIEnv* env) { return static_cast<FontMachine&>(*env); }
+
+  std::string failing;
+  std::string calls;
+  jboolean answer = JNI_TRUE;
+  int deleted = 0;
+};
+
+FontMachine* machine = nullptr;
+bool isAttached = true;
+
+jint getEnvironment(JavaVM*, void** environment, jint) {
+  *environment = static_cast<JNIEnv*>(machine);
+  return isAttached ? JNI_OK : JNI_EDETACHED;
+}
+
+}  // namespace
+
+extern "C" [[gnu::visibility("default")]] jint JNI_GetCreatedJavaVMs(JavaVM** machines, jsize,
+                                                                     jsize* count) {
+  static JNIInvokeInterface_ table{};
+  static JavaVM java{&table};
+  table.GetEnv = getEnvironment;
+  *machines = &java;
+  *count = machine ? 1 : 0;
+  return JNI_OK;
+}
+
+namespace {
+
+TEST(FontNames, AreAllValidWhereNoJavaRunsButTheEmptyOne) {
+  EXPECT_TRUE(isFontNameValidIgnoreCase("No Such Font"));
+  EXPECT_FALSE(isFontNameValidIgnoreCase("") || isFontNameValidIgnoreCase(nullptr));
+}
+
+TEST(FontNames, AreWhatJavaSaysWhereItRuns) {
+  FontMachine java;
+  machine = &java;
+  const char* const kAsked =
+      "com/lindgrove/vg/types/VGFontName Serif isFontNameValidIgnoreCase(Ljava/lang/String;)Z ";
+  EXPECT_TRUE(isFontNameValidIgnoreCase("Serif"));
+  EXPECT_EQ(java.calls, kAsked);
+  java.answer = 2;
+  EXPECT_FALSE(isFontNameValidIgnoreCase("Serif"));
+  java.calls.clear();
+  isFontNameValidIgnoreCase("\xF0\x9D\x84\x9E\xC3\xA9");
+  EXPECT_NE(java.calls.find(" 3 units "), std::string::npos);
+  EXPECT_FALSE(isFontNameValidIgnoreCase(""));
+  EXPECT_EQ(java.deleted, 6) << "each class and each text";
+  java.answer = JNI_TRUE;
+  for (const char* step : {"text", "call"}) {
+    java.failing = step;
+    EXPECT_FALSE(isFontNameValidIgnoreCase("Serif") || java.pending) << step;
+  }
+  java.failing = "class";
+  EXPECT_EQ(test::identifierRaisedBy([] { isFontNameValidIgnoreCase("Serif"); }),
+            "VORTIL:class:VORTILConversionError");
+  EXPECT_EQ(std::string(test::lastError().text)
+                .find("JNI cannot find class com/lindgrove/vg/types/VGFontName in file "
+                      "objects/FontNameDataTypeImpl line "),
+            0U);
+  EXPECT_FALSE(java.pending);
+  isAttached = false;
+  EXPECT_TRUE(isFontNameValidIgnoreCase("Serif")) << "as without Java";
+  machine = nullptr;
+}
+
+}  // namespace
