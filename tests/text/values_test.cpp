@@ -61,15 +61,23 @@ std::string shown(const vxArray* array) {
   return words + "'" + fl::i18n::to_utf8(text.data(), text.size()) + "'";
 }
 
-/// What goes back from the value that `make` gives, or what is raised.
+/// What goes back from the value that a type makes of an array or a text, or what is raised.
 template <class Make>
-std::string backFrom(const vcos::TypeAccess& access, Make&& make) {
+std::string backFrom(const char* type, Make&& make) {
+  const vcos::TypeAccess access = accessOf(type);
   std::string words;
   const std::string raised = identifierRaisedBy([&] {
-    const OwnedValue value(access.dataType(), make());
+    const OwnedValue value(access.dataType(), make(access));
     words = shown(access.toArray(value.get()).get());
   });
   return raised.empty() ? words : test::shortIdentifier(raised);
+}
+std::string backFromArray(const char* type, const char* literal) {
+  return backFrom(
+      type, [=](const auto& access) { return access.fromArray(parseLiteral(literal).get()); });
+}
+std::string backFromText(const char* type, const char* text) {
+  return backFrom(type, [=](const auto& access) { return access.fromText(text); });
 }
 
 /// What a type makes of each of several literals or texts.
@@ -177,10 +185,7 @@ TEST_F(Text, ArraysBecomeTextsOrAreRefused) {
   };
   for (const auto& [type, outcome, literals] : rows)
     for (const char* literal : literals)
-      EXPECT_EQ(backFrom(accessOf(type),
-                         [&] { return accessOf(type).fromArray(parseLiteral(literal).get()); }),
-                outcome)
-          << type << " " << literal;
+      EXPECT_EQ(backFromArray(type, literal), outcome) << type << " " << literal;
 }
 
 TEST_F(Text, TextsBecomeValues) {
@@ -207,16 +212,14 @@ TEST_F(Text, TextsBecomeValues) {
   };
   for (const auto& [type, outcome, texts] : rows)
     for (const char* text : texts)
-      EXPECT_EQ(backFrom(accessOf(type), [&] { return accessOf(type).fromText(text); }), outcome)
-          << type << " " << text;
-  static_cast<void>(
-      backFrom(accessOf("NLineStyles"), [] { return accessOf("NLineStyles").fromText("%s'{0}"); }));
+      EXPECT_EQ(backFromText(type, text), outcome) << type << " " << text;
+  EXPECT_EQ(backFromText("NLineStyles", "%s'{0}"), kNoStyle);
   EXPECT_THAT(test::lastError().text, testing::StartsWith("\"%s'{0}\" is no line style"));
   for (const char* literal : {"''", "reshape('',3,0)"}) {
-    static_cast<void>(test::outcomeOfArray(accessOf("FontName"), parseLiteral(literal).get()));
+    EXPECT_EQ(backFromArray("FontName", literal), kNoText);
     EXPECT_STREQ(test::lastError().text, "Invalid font name");
   }
-  static_cast<void>(test::outcomeOfArray(accessOf("FontName"), parseLiteral("char(0)").get()));
+  EXPECT_EQ(backFromArray("FontName", "char(0)"), kNoText);
   EXPECT_STREQ(test::lastError().text, "Invalid font: null or empty string");
 }
 
