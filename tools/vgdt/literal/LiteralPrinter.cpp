@@ -149,7 +149,7 @@ class Printer {
     if (array && vxGetClassID(array) == vxCHAR_CLASS && canBeRows(array)) rows = rowTexts(array);
     if (rows.size() < 2) return {print(array)};
     for (std::string& row : rows)
-      row = ' ' + row + ';';
+      row.insert(0, 1, ' ').push_back(';');
     const bool isCell = vxGetClassID(array) == vxCELL_CLASS;
     rows.front().front() = isCell ? '{' : '[';
     rows.back().back() = isCell ? '}' : ']';
@@ -202,9 +202,8 @@ class Printer {
     std::vector<fl::ustring> rows = rowsOf(array);
     const std::size_t count = rows.size();
     if (count > maxElements_) rows.resize(std::min(count, kShownElements));
-    std::vector<std::string> texts;
-    for (const fl::ustring& row : rows)
-      texts.push_back(rowText(row));
+    std::vector<std::string> texts(rows.size());
+    std::ranges::transform(rows, texts.begin(), [this](const auto& row) { return rowText(row); });
     if (count > maxElements_) texts.push_back(fmt::format("... {} rows", count));
     return texts;
   }

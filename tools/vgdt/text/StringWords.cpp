@@ -22,14 +22,11 @@ namespace convert = gui_objects::convert_from_string_utils;
 
 using Faults = std::vector<std::string>;
 
-bool isOfClass(const vxArray* array, vxClassID classID) {
-  return vxGetClassID(array) == classID;
-}
 bool isText(const vxArray* array) {
-  return isOfClass(array, vxCHAR_CLASS);
+  return vxGetClassID(array) == vxCHAR_CLASS;
 }
 bool isCell(const vxArray* array) {
-  return isOfClass(array, vxCELL_CLASS);
+  return vxGetClassID(array) == vxCELL_CLASS;
 }
 bool isEmptyOrMatrix(const vxArray* array) {
   return vxIsEmpty(array) || vxGetNumberOfDimensions(array) == 2;
