@@ -483,6 +483,47 @@ TEST_F(Eval, ExplainsWhatTheTypesOfGeometryRefuseByTheFirstTestThatDoesNotHold) 
     expectRefusal(type, given, words);
 }
 
+TEST_F(Eval, ExplainsWhichCellOrStyleTheTypesOfTextsRefuse) {
+  const std::tuple<const char*, GivenValue, const char*> kCases[] = {
+      {"UTF16String", {kArray, "['ab';'cd']"}, "refused     it has 2 rows, not 1; each"},
+      {"UTF16String", {kArray, "3"}, "refused     its class is double, not char\n"},
+      {"CaseInsensitiveString", {kArray, "{'a'}"}, "its class is cell, not char\n"},
+      {"NStrings", {kArray, "{'a', 'b'; 1, 'c'}"}, "cell 2, at (2,1), is of class double, not"},
+      {"NStrings", {kArray, "@f"}, "its class is function_handle, not char or cell\n"},
+      {"TextString", {kArray, "{'a','b'}"}, "its size is 1-by-2, not n-by-1\n"},
+      {"TextString", {kArray, "reshape('ab',1,1,2)"}, "its size is 1-by-1-by-2, not m-by-n\n"},
+      {"TextString", {kArray, "{'a';reshape('ab',1,1,2);1}"}, "cell 2: its size is 1-by-1-by-2,"},
+      {"TextString", {kArray, "{'a';{}}"}, "refused     cell 2 is of class cell, not char\n"},
+      {"TextString", {kArray, "1"}, "its class is double, not char or cell\n"},
+      {"NumericOrString", {kArray, "{1,'a';@f,true}"}, "cell 2, at (2,1), is of class function_"},
+      {"NumericOrString", {kArray, "cell(2,1)"}, "cell 1 is null, not char or numeric\n"},
+      {"NumericOrString", {kArray, "logical([])"}, "is logical, not char, numeric or cell\n"},
+      {"FontName", {kArray, "['a';'b']"}, "refused     its size is 2-by-1, not 1-by-n\n"},
+      {"FontName", {kArray, "{}"}, "its class is cell, not char\n              it is empty\n"},
+      {"FontName", {kArray, "char([0 65])"}, "it begins with a NUL, which ends a name\n"},
+      {"NLineStyles", {kArray, "[]"}, "its class is double, not char or cell\n"},
+      {"NLineStyles", {kArray, "{}"}, "refused     it is empty\n"},
+      {"NLineStyles", {kArray, "{'-o',1}"}, "cell 2 is of class double, not char\n"},
+      {"NLineStyles", {kArray, "{'-','-';'r--',1}"}, "cell 2, at (2,1), \"r--\" has the colour"},
+      {"NLineStyles", {kText, "{'-','ok'}"}, "cell 2 \"ok\" has the colour \"k\", and styles"},
+      {"NLineStyles", {kText, "-|---"}, "style 2 \"---\" has two line styles, \"--\" and \"-\"\n"},
+      {"NLineStyles", {kArray, "'squareo'"}, "has two markers, \"square\" and \"o\"\n"},
+      {"NLineStyles", {kArray, "'-||--'"}, "style 2 is empty: one stands on each side of a \"|\""},
+      {"NLineStyles", {kArray, "['-';'|']"}, "style 2 is empty: one stands on each side of a"},
+      {"NLineStyles", {kArray, "['- ';'--']"}, "row 1 \"- \" ends in a blank, and blanks are no "},
+      {"NLineStyles", {kArray, "['- ';'--']"}, "of a style; styles of different lengths go into"},
+      {"NLineStyles",
+       {kArray, "['r ';'--']"},
+       "row 1 \"r \" has the colour \"r\", and styles have"},
+      {"NLineStyles", {kArray, "'-|- o'"}, "style 2 \"- o\" has a blank, and"},
+      {"NLineStyles", {kArray, "{'-|--'}"}, "cell 1 \"-|--\" has a \"|\", which stands between"},
+      {"NLineStyles", {kArray, "'-dash'"}, "has \"ash\", which begins with no line style and no"},
+      {"NLineStyles", {kText, "{'-', --}"}, "it is no list either, whose styles stand in quotes"},
+  };
+  for (const auto& [type, given, words] : kCases)
+    expectRefusal(type, given, words);
+}
+
 TEST_F(Eval, ReportsTheWorstOutcomeInTheStatus) {
   EXPECT_TRUE(repliesTo("\n  \n\t\r\n").empty());
   EXPECT_EQ(status_, kDone);
@@ -502,18 +543,20 @@ TEST_F(Eval, TabulatesRequestsForPeople) {
       "{\"op\":\"color\",\"name\":\"x\"}\n"
       "{\"op\":\"units\",\"what\":\"height\",\"from\":\"in\",\"to\":\"pix\",\"value\":1,\"ppi\":9}"
       "\n"
+      "{\"type\":\"NStrings\",\"text\":\"\"}\n"
       "x\ty\x1b\n");
   std::ostringstream output;
   EXPECT_EQ(tabulateLines(input, output), kNotUnderstood);
-  EXPECT_EQ(
-      output.str(),
-      "#  type    given                    outcome      message\n"
-      "1  on_off  text \"on\"                ok on\n"
-      "2  Probe   array '!invalid'         C:d          out of range\n"
-      "3  on_off  text \"on\" = word \"null\"  ok on        not equal, compare 1\n"
-      "4          \"color\" \"x\"              ok, missing\n"
-      "5  height  1 in to pix, ppi 9       ok 9 pixels\n"
-      "6          x\\ty\\x1b                 request      the line is not valid JSON (byte 1)\n");
+  EXPECT_EQ(output.str(),
+            "#  type      given                    outcome       message\n"
+            "1  on_off    text \"on\"                ok on\n"
+            "2  Probe     array '!invalid'         C:d           out of range\n"
+            "3  on_off    text \"on\" = word \"null\"  ok on         not equal, compare 1\n"
+            "4            \"color\" \"x\"              ok, missing\n"
+            "5  height    1 in to pix, ppi 9       ok 9 pixels\n"
+            "6  NStrings  text \"\"                  ok cell(0,1)\n"
+            "7            x\\ty\\x1b                 request       the line is not valid JSON "
+            "(byte 1)\n");
 }
 
 }  // namespace

@@ -222,12 +222,46 @@ TEST(LiteralPrinter, KeepsCharactersThatHaveNoUtf8AndCutsLargeArraysOnlyWhenAske
   const auto printed = [](const char* literal, auto... most) {
     return formatLiteral(parseLiteral(literal).get(), most...);
   };
-  for (const char* literal : {"char([55296 65])", "char([56832; 55357])", "'\U0001F600'"})
+  for (const char* literal : {"char([55296 65])", "char([56832; 55357])", "'\U0001F600'",
+                              "char([97 10 98])", "{char([97; 8238]), 'a'}"})
     EXPECT_EQ(printed(literal), literal);
   EXPECT_EQ(printed("zeros(1,100000)", 100U), "[0 0 0 0 0 0 0 0 ... 100000 elements]");
-  EXPECT_EQ(printed("{1:3, 'abcd'}", 2U), "{[1 2 3 ... 3 elements], ['abcd' ... 4 elements]}");
+  const std::string row(32, 'a');
+  EXPECT_EQ(
+      printed(("{1:3, '" + row + "', ['" + row + "a';'" + row + "b']}").c_str(), 3U),
+      "{[1 2 3], '" + row + "', ['" + row + "' ... 33 elements; '" + row + "' ... 33 elements]}");
+  EXPECT_EQ(printed("1:3", 2U), "[1 2 3 ... 3 elements]");
+  EXPECT_EQ(printed("{1; 2; 3}", 2U), "{1; 2; 3; ... 3 elements}");
   EXPECT_EQ(printed("{1, 2, 3}", 2U), "{1, 2, 3, ... 3 elements}");
   EXPECT_EQ(printed("1:3", 3U), "[1 2 3]");
+}
+
+TEST(LiteralPrinter, GivesEachRowOfATextALineAndStillReadsBack) {
+  const std::pair<const char*, std::vector<std::string>> kCases[] = {
+      {"['a ';'bc']", {"['a ';", " 'bc']"}},
+      {"{'a';['b';'c'];''}", {"{'a';", " ['b'; 'c'];", " ''}"}},
+      {"'a'", {"'a'"}},
+      {"{'a'}", {"{'a'}"}},
+      {"{'a','b'}", {"{'a', 'b'}"}},
+      {"{'a';1}", {"{'a'; 1}"}},
+      {"char([97; 10])", {"char([97; 10])"}},
+      {"zeros(0,1)", {"zeros(0,1)"}},
+      {"char(zeros(2,0))", {"char(zeros(2,0))"}},
+      {"reshape('abcd',2,1,2)", {"reshape('abcd',2,1,2)"}},
+  };
+  const ArrayScope scope;
+  for (const auto& [literal, lines] : kCases) {
+    const auto printed = formatLiteralRows(parseLiteral(literal).get(), 3);
+    EXPECT_EQ(printed, lines);
+    std::string whole;
+    for (const std::string& line : printed)
+      whole += line + '\n';
+    whole.pop_back();
+    EXPECT_EQ(jsonOfLiteral(whole), jsonOfLiteral(literal));
+  }
+  EXPECT_EQ(formatLiteralRows(nullptr, 3), std::vector<std::string>{"<null>"});
+  EXPECT_EQ(formatLiteralRows(parseLiteral("['a';'b']").get(), 1),
+            (std::vector<std::string>{"['a';", " 'b';", " ... 2 rows]"}));
 }
 
 TEST(Caret, StandsUnderThePlace) {

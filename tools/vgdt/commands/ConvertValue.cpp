@@ -2,8 +2,11 @@
 #include "commands/Refusals.h"
 #include "literal/LiteralPrinter.h"
 #include "requests/Requests.h"
+#include "text/TextDisplay.h"
 
 #include <fmt/format.h>
+#include <gui_objects/UTF16String.h>
+#include <messages/ustring.h>
 
 namespace vgdt {
 namespace {
@@ -22,15 +25,48 @@ std::string shownText(const Type& type, vcos::COSValue word) {
   return text.value_or("none");
 }
 
+bool isText(const vxArray* array) {
+  return array && vxGetClassID(array) == vxCHAR_CLASS;
+}
+
+bool isTextOrTexts(const vxArray* array) {
+  if (!array || vxGetClassID(array) != vxCELL_CLASS) return isText(array);
+  for (std::size_t i = 0; i < vxGetNumberOfElements(array); ++i)
+    if (!isText(vxGetCell(array, i))) return false;
+  return true;
+}
+
+/// The lines of a text with control characters, of which a literal has only the codes.
+std::vector<std::string> escapedLines(const vxArray* array) {
+  constexpr std::size_t kMaxLines = 20;
+  if (!isTextOrTexts(array)) return {};
+  const auto lines = gui_objects::createUTF16StringsFromArray(array);
+  std::vector<std::string> shown;
+  bool hasEscapes = false;
+  for (const auto& line : lines) {
+    const std::string text = fl::i18n::to_utf8(line.data(), line.size());
+    hasEscapes = hasEscapes || onOneLine(text) != text;
+    if (shown.size() < kMaxLines) shown.push_back(onOneLine(text, kColumns));
+  }
+  if (lines.size() > kMaxLines) shown.push_back(fmt::format("... {} lines", lines.size()));
+  return hasEscapes ? shown : std::vector<std::string>();
+}
+
+void printArray(std::ostream& output, const vxArray* array) {
+  if (!array) return printField(output, "array", "none");
+  std::vector<std::string> literal = formatLiteralRows(array, kMaxElements);
+  literal.back() += fmt::format("  ({})", sizeAndClass(array));
+  printField(output, "array", literal);
+  printField(output, "escaped", escapedLines(array));
+}
+
 void printValue(const Console& console, const Type& type, vcos::COSValue word) {
   if (word.isNull() && !type.isImmediate()) printField(console.output, "value", "null");
   printField(console.output, "text", shownText(type, word));
   if (type.isImmediate()) printField(console.output, "word", wordText(word));
   if (type.isScalar) return;
   const vcos::ArrayOwner array = arrayOf(type, word);
-  const std::string literal = formatLiteral(array.get(), kMaxElements);
-  printField(console.output, "array",
-             array ? fmt::format("{}  ({})", literal, sizeAndClass(array.get())) : "none");
+  printArray(console.output, array.get());
 }
 
 ExitStatus convertForPeople(const Console& console, const Type& type, const GivenValue& given) {

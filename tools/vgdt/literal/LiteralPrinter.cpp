@@ -2,6 +2,7 @@
 
 #include "ArrayElements.h"
 #include "text/NumberText.h"
+#include "text/TextDisplay.h"
 
 #include <fmt/format.h>
 #include <messages/ustring.h>
@@ -16,8 +17,9 @@ namespace vgdt {
 namespace {
 
 /// The elements of a large array that are shown before the cut.
-constexpr std::size_t kShownNumbers = 8;
-constexpr std::size_t kShownCharacters = 32;
+constexpr std::size_t kShownElements = 8;
+/// A row of a text is not cut shorter than this.
+constexpr std::size_t kLeastCharacters = 32;
 
 bool isMatrix(const vxArray* array) {
   return vxGetNumberOfDimensions(array) == 2;
@@ -33,6 +35,10 @@ std::string sizesText(const vxArray* array) {
 
 std::string called(std::string_view function, std::string_view argument) {
   return fmt::format("{}({})", function, argument);
+}
+
+std::string reshaped(const vxArray* array, std::string_view text) {
+  return fmt::format("reshape({},{})", text, sizesText(array));
 }
 
 /// "a b; c d" from the texts of the elements; an array of more dimensions is written as one row.
@@ -65,10 +71,11 @@ std::string quoted(const fl::ustring& characters) {
   return text + '\'';
 }
 
-/// Half of a surrogate pair has no UTF-8.
-bool hasUtf8(const fl::ustring& characters) {
-  return fl::i18n::to_ustring(fl::i18n::to_utf8(characters.data(), characters.size())) ==
-         characters;
+/// Whether a person who is shown the characters in quotes sees them all. Half of a surrogate pair
+/// has no UTF-8, and control characters are shown as escapes, which no literal has.
+bool canBeQuoted(const fl::ustring& characters) {
+  const std::string text = fl::i18n::to_utf8(characters.data(), characters.size());
+  return onOneLine(text) == text && fl::i18n::to_ustring(text) == characters;
 }
 
 std::vector<fl::ustring> rowsOf(const vxArray* array) {
@@ -80,25 +87,14 @@ std::vector<fl::ustring> rowsOf(const vxArray* array) {
   return texts;
 }
 
-std::string charactersText(const vxArray* array) {
-  const std::vector<fl::ustring> rows = rowsOf(array);
-  if (!std::ranges::all_of(rows, hasUtf8))
-    return called("char", bracketed(array, elementsOf<vxChar>(array)));
-  if (rows.size() == 1) return quoted(rows.front());
-  std::vector<std::string> texts;
-  std::ranges::transform(rows, std::back_inserter(texts), quoted);
-  return fmt::format("[{}]", fmt::join(texts, "; "));
-}
-
 /// One part, real or imaginary, of an array that is not empty.
 template <class T>
 std::string partText(const vxArray* array, std::span<const T> elements) {
   const vxClassID classID = vxGetClassID(array);
-  const bool isText = classID == vxCHAR_CLASS;
   const bool isPlain = classID == vxDOUBLE_CLASS || classID == vxLOGICAL_CLASS;
-  std::string text = isText ? charactersText(array) : bracketed(array, elements);
-  if (!isText && !isPlain) text = called(vxGetClassName(array), text);
-  return isMatrix(array) ? text : fmt::format("reshape({},{})", text, sizesText(array));
+  std::string text = bracketed(array, elements);
+  if (!isPlain) text = called(vxGetClassName(array), text);
+  return isMatrix(array) ? text : reshaped(array, text);
 }
 
 std::string emptyText(const vxArray* array) {
@@ -124,53 +120,118 @@ std::string partsText(const vxArray* array) {
 
 class Printer {
  public:
-  explicit Printer(std::size_t maxElements) : maxElements_(maxElements) {}
+  explicit Printer(std::size_t maxElements)
+      : maxElements_(maxElements),
+        maxCharacters_(std::max(maxElements, kLeastCharacters)) {}
 
   std::string print(const vxArray* array) const {
     if (!array) return "<null>";
-    const bool isCut = vxGetNumberOfElements(array) > maxElements_;
     switch (vxGetClassID(array)) {
       case vxCELL_CLASS:
-        return isCut ? cutCells(array) : cells(array);
+        return cells(array);
       case vxSTRUCT_CLASS:
         return structure(array);
       case vxFUNCTION_CLASS:
         return fmt::format("@{}", vxGetFunctionName(array));
       case vxOBJECT_CLASS:
         return objects(array);
+      case vxCHAR_CLASS:
+        return characters(array);
       default:
-        if (isCut) return cutElements(array);
+        if (isTooLong(array)) return cutNumbers(array);
         return vxIsSparse(array) ? called("sparse", partsText(array)) : partsText(array);
     }
   }
 
+  std::vector<std::string> printRows(const vxArray* array) const {
+    std::vector<std::string> rows;
+    if (array && isColumnOfTexts(array)) rows = cellTexts(array);
+    if (array && vxGetClassID(array) == vxCHAR_CLASS && canBeRows(array)) rows = rowTexts(array);
+    if (rows.size() < 2) return {print(array)};
+    for (std::string& row : rows)
+      row.insert(0, 1, ' ').push_back(';');
+    const bool isCell = vxGetClassID(array) == vxCELL_CLASS;
+    rows.front().front() = isCell ? '{' : '[';
+    rows.back().back() = isCell ? '}' : ']';
+    return rows;
+  }
+
  private:
-  static std::string cutElements(const vxArray* array) {
+  bool isTooLong(const vxArray* array) const { return vxGetNumberOfElements(array) > maxElements_; }
+
+  static std::string cutNumbers(const vxArray* array) {
     const std::size_t count = vxGetNumberOfElements(array);
-    if (vxGetClassID(array) == vxCHAR_CLASS) {
-      const auto characters = elementsOf<vxChar>(array);
-      const auto shown = characters.first(std::min(count, kShownCharacters));
-      return fmt::format("[{} ... {} elements]", quoted({shown.begin(), shown.end()}), count);
-    }
     std::string text;
     withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) {
       const auto elements = elementsOf<T>(array);
-      for (const T element : elements.first(std::min(count, kShownNumbers)))
+      for (const T element : elements.first(std::min(count, kShownElements)))
         text += numberText(element) + ' ';
     });
     return fmt::format("[{}... {} elements]", text, count);
   }
 
-  std::string cutCells(const vxArray* array) const {
+  // --- texts -------------------------------------------------------------------------------------
+
+  std::string characters(const vxArray* array) const {
+    if (vxIsEmpty(array)) return emptyText(array);
+    if (!canBeRows(array)) return partText(array, elementsOf<vxChar>(array));
+    const std::vector<std::string> rows = rowTexts(array);
+    const bool isOne = rows.size() == 1 && !isCutText(array);
+    const std::string text = isOne ? rows.front() : fmt::format("[{}]", fmt::join(rows, "; "));
+    return isMatrix(array) || isCutText(array) ? text : reshaped(array, text);
+  }
+
+  /// Rows and the characters in a row have a limit each.
+  bool isCutText(const vxArray* array) const {
+    const std::size_t rows = isMatrix(array) ? vxGetM(array) : 1;
+    return rows > maxElements_ || vxGetNumberOfElements(array) / rows > maxCharacters_;
+  }
+
+  /// Of what is cut, nobody expects that it can be read back.
+  bool canBeRows(const vxArray* array) const {
+    return !vxIsEmpty(array) &&
+           (isCutText(array) || std::ranges::all_of(rowsOf(array), canBeQuoted));
+  }
+
+  std::string rowText(const fl::ustring& row) const {
+    if (row.size() <= maxCharacters_) return quoted(row);
+    return fmt::format("{} ... {} elements", quoted(row.substr(0, maxCharacters_)), row.size());
+  }
+
+  std::vector<std::string> rowTexts(const vxArray* array) const {
+    std::vector<fl::ustring> rows = rowsOf(array);
+    const std::size_t count = rows.size();
+    if (count > maxElements_) rows.resize(std::min(count, kShownElements));
+    std::vector<std::string> texts(rows.size());
+    std::ranges::transform(rows, texts.begin(), [this](const auto& row) { return rowText(row); });
+    if (count > maxElements_) texts.push_back(fmt::format("... {} rows", count));
+    return texts;
+  }
+
+  // --- cells -------------------------------------------------------------------------------------
+
+  static bool isColumnOfTexts(const vxArray* array) {
+    if (vxGetClassID(array) != vxCELL_CLASS || !isMatrix(array) || vxGetN(array) != 1) return false;
+    for (std::size_t i = 0; i < vxGetM(array); ++i)
+      if (const vxArray* cell = vxGetCell(array, i); !cell || vxGetClassID(cell) != vxCHAR_CLASS)
+        return false;
+    return true;
+  }
+
+  /// One after the other.
+  std::vector<std::string> cellTexts(const vxArray* array) const {
     const std::size_t count = vxGetNumberOfElements(array);
-    std::string text;
-    for (std::size_t i = 0; i < std::min(count, kShownNumbers); ++i)
-      text += print(vxGetCell(array, i)) + ", ";
-    return fmt::format("{{{}... {} elements}}", text, count);
+    std::vector<std::string> texts;
+    for (std::size_t i = 0; i < (isTooLong(array) ? std::min(count, kShownElements) : count); ++i)
+      texts.push_back(print(vxGetCell(array, i)));
+    if (isTooLong(array)) texts.push_back(fmt::format("... {} elements", count));
+    return texts;
   }
 
   std::string cells(const vxArray* array) const {
     const std::size_t count = vxGetNumberOfElements(array);
+    if (isTooLong(array))
+      return fmt::format("{{{}}}", fmt::join(cellTexts(array), vxGetN(array) == 1 ? "; " : ", "));
     std::size_t nulls = 0;
     for (std::size_t i = 0; i < count; ++i)
       nulls += vxGetCell(array, i) == nullptr ? 1 : 0;
@@ -179,7 +240,7 @@ class Printer {
     const std::string text =
         '{' + rowsText(array, ", ", [&](std::size_t i) { return print(vxGetCell(array, i)); }) +
         '}';
-    return isMatrix(array) ? text : fmt::format("reshape({},{})", text, sizesText(array));
+    return isMatrix(array) ? text : reshaped(array, text);
   }
 
   std::string structure(const vxArray* array) const {
@@ -204,12 +265,17 @@ class Printer {
   }
 
   std::size_t maxElements_;
+  std::size_t maxCharacters_;  ///< of a row
 };
 
 }  // namespace
 
 std::string formatLiteral(const vxArray* array, std::size_t maxElements) {
   return Printer(maxElements).print(array);
+}
+
+std::vector<std::string> formatLiteralRows(const vxArray* array, std::size_t maxElements) {
+  return Printer(maxElements).printRows(array);
 }
 
 std::string sizeAndClass(const vxArray* array) {

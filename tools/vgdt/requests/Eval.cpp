@@ -1,5 +1,6 @@
 #include "requests/Eval.h"
 
+#include "literal/LiteralPrinter.h"
 #include "requests/JsonForms.h"
 #include "requests/LineReader.h"
 #include "text/ColorForms.h"
@@ -38,9 +39,13 @@ ExitStatus serveLines(std::istream& input, const std::ostream& output, Use&& use
   return input.eof() ? worst : kNotUnderstood;
 }
 
-/// A value's text as it is, or else the JSON that stands in its place.
+/// A value's text as it is, or the literal of its array if the type has no text for it, or else the
+/// JSON that stands in the text's place.
 std::string shownText(const ValueForm& value) {
+  constexpr std::size_t kMaxElements = 20;
   if (value.text) return *value.text;
+  if (!value.isNull && !value.textFailure && value.array)
+    return formatLiteral(value.array.get(), kMaxElements);
   std::ostringstream json;
   JsonWriter writer(json);
   writeText(writer, value);

@@ -1,9 +1,12 @@
 #include "text/Faults.h"
 
+#include "ArrayElements.h"
 #include "text/TextDisplay.h"
 
 #include <fmt/format.h>
 #include <gui_objects/convert_from_string_utils.h>
+
+#include <vector>
 
 namespace vgdt {
 
@@ -22,6 +25,15 @@ std::optional<std::string> countFault(const vxArray* array, std::size_t least, s
   if (count >= least && count <= most) return std::nullopt;
   return fmt::format("it has {} element{}, not {}{}", count, count == 1 ? "" : "s", least,
                      least == most ? "" : fmt::format(" or {}", most));
+}
+
+std::string placeOf(std::size_t index, const vxArray* array) {
+  std::vector<std::size_t> place;
+  for (const std::size_t size : dimensionsOf(array)) {
+    place.push_back(index % size + 1);
+    index /= size;
+  }
+  return fmt::format("({})", fmt::join(place, ","));
 }
 
 std::optional<std::array<std::size_t, 2>> sizeOfNumbers(const std::string& text) {

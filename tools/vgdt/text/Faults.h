@@ -23,6 +23,9 @@ std::string sizeFault(std::span<const std::size_t> size, std::string_view wanted
 /// "it has 1 element, not 3 or 4"; none if their number is from `least` to `most`.
 std::optional<std::string> countFault(const vxArray* array, std::size_t least, std::size_t most);
 
+/// "(2,3)", counted from 1, of an element's place in storage order.
+std::string placeOf(std::size_t index, const vxArray* array);
+
 constexpr const char* kEmptyText = "the text is empty";
 
 /// Rows and columns of numbers in brackets; none for another text.

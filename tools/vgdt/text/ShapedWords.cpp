@@ -132,16 +132,6 @@ std::vector<std::string> waysOf(const ShapedType& type, Words words) {
   return lines;
 }
 
-/// "(2,3)", counted from 1, of an element's place in storage order.
-std::string placeOf(std::size_t index, const vxArray* array) {
-  std::vector<std::size_t> place;
-  for (const std::size_t size : dimensionsOf(array)) {
-    place.push_back(index % size + 1);
-    index /= size;
-  }
-  return fmt::format("({})", fmt::join(place, ","));
-}
-
 std::string elementText(const vxArray* array, std::size_t index) {
   return withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) {
     return numberText(elementsOf<T>(array)[index]);

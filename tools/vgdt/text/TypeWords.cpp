@@ -3,6 +3,7 @@
 #include "text/ColorWords.h"
 #include "text/GeometryWords.h"
 #include "text/ShapedWords.h"
+#include "text/StringWords.h"
 
 #include <fmt/format.h>
 
@@ -103,6 +104,7 @@ std::string possibleValues(const Type& type) {
 TypeWords wordsOf(const Type& type) {
   if (const auto own = ownWords().find(type.name); own != ownWords().end()) return own->second;
   if (auto words = geometryWords(type.name)) return *words;
+  if (auto words = stringWords(type.name)) return *words;
   if (const auto* rules = shapedRules(type)) return shapedWords(*rules);
   const std::string values = possibleValues(type);
   return {.family = familyOf(type),

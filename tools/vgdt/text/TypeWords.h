@@ -18,8 +18,8 @@ struct TypeWords {
   Explain explain = explainNames;
 };
 
-/// The words of a type with rules of its own are a row in TypeWords.cpp or GeometryWords.cpp; those
-/// of the others follow from the rules of their family.
+/// The words of a type with rules of its own are a row in TypeWords.cpp, GeometryWords.cpp or
+/// StringWords.cpp; those of the others follow from the rules of their family.
 TypeWords wordsOf(const Type& type);
 
 }  // namespace vgdt
