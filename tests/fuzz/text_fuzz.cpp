@@ -20,6 +20,7 @@
 #include <cstdlib>
 #include <iterator>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,7 +38,7 @@ using vcos::OwnedValue;
 using Lines = std::vector<UTF16String>;
 
 /// Small enough for a result to be refused for its size.
-constexpr std::size_t kArrayMemory = 1U << 20U;
+constexpr std::size_t kArrayMemory = 1U << 18U;
 constexpr std::size_t kElementsWorthModelling = 512;
 
 void require(bool holds, const char* what) {
@@ -57,12 +58,16 @@ bool isText(const vxArray* array) {
   return vxGetClassID(array) == vxCHAR_CLASS;
 }
 
+std::span<const vxChar> charactersOf(const vxArray* text) {
+  return {static_cast<const vxChar*>(vxGetData(text)), vxGetNumberOfElements(text)};
+}
+
 /// The rows of a char array.
 Lines rowsOf(const vxArray* text) {
-  const std::size_t rows = vxIsEmpty(text) ? 0 : vxGetM(text);
-  Lines lines(rows);
-  for (std::size_t i = 0; i < vxGetNumberOfElements(text); ++i)
-    lines[i % rows] += static_cast<const vxChar*>(vxGetData(text))[i];
+  const std::span characters = charactersOf(text);
+  Lines lines(characters.empty() ? 0 : vxGetM(text));
+  for (std::size_t i = 0; i < characters.size(); ++i)
+    lines[i % lines.size()] += characters[i];
   return lines;
 }
 
@@ -154,7 +159,7 @@ bool areIdentical(const vxArray* a, const vxArray* b) {
   };
   if (vxGetClassID(a) != vxGetClassID(b) || !std::ranges::equal(dimensionsOf(a), dimensionsOf(b)))
     return false;
-  if (vxGetClassID(a) != vxCELL_CLASS) return rowsOf(a) == rowsOf(b);
+  if (isText(a)) return std::ranges::equal(charactersOf(a), charactersOf(b));
   for (std::size_t i = 0; i < vxGetNumberOfElements(a); ++i)
     if (!areIdentical(vxGetCell(a, i), vxGetCell(b, i))) return false;
   return true;
