@@ -193,7 +193,8 @@ std::size_t countLines(const vxArray* text) {
 
 ArrayPtr newRow(const vxArray* text, std::size_t row) {
   if (vxIsEmpty(text)) return newEmptyText();
-  if (vxGetM(text) == 1) return ArrayPtr(vxCreateSharedDataCopy(text));
+  const bool isRow = vxGetM(text) == 1 && vxGetNumberOfDimensions(text) == 2;
+  if (isRow) return ArrayPtr(vxCreateSharedDataCopy(text));
   return newRows(1, vxGetN(text), [&](std::size_t) { return rowOf(text, row); });
 }
 
