@@ -115,31 +115,38 @@ Lines linesOfNumbers(const vxArray* array) {
   return padded(lines);
 }
 
-/// None for what is neither text nor numbers, and for a text of fewer than two dimensions that is
-/// shared as it is.
+/// None for what is neither text nor numbers.
 std::optional<Lines> linesOfPart(const vxArray* array) {
   if (vxIsNumeric(array)) return linesOfNumbers(array);
-  if (!isText(array)) return std::nullopt;
-  Lines rows = rowsOf(array);
-  const Lines lines = linesOfText(array);
-  const bool isShared = lines == rows;
-  if (isShared && !rows.empty() && vxGetNumberOfDimensions(array) < 2) return std::nullopt;
-  return lines;
+  return isText(array) ? std::optional(linesOfText(array)) : std::nullopt;
+}
+
+/// Whether a text that is shared as it is has too few dimensions.
+bool lacksDimensions(const vxArray* array) {
+  return isText(array) && !vxIsEmpty(array) && vxGetNumberOfDimensions(array) < 2 &&
+         std::ranges::find(charactersOf(array), vxChar{'\n'}) == charactersOf(array).end();
+}
+
+std::optional<Lines> linesOfCells(const vxArray* cells) {
+  const std::size_t count = vxGetNumberOfElements(cells);
+  Lines lines;
+  bool isRefusedIfShared = false;
+  for (std::size_t i = 0; i < count; ++i) {
+    const vxArray* const element = vxGetCell(cells, i);
+    std::optional<Lines> part = element ? linesOfPart(element) : std::nullopt;
+    if (!part) return std::nullopt;
+    isRefusedIfShared |= lacksDimensions(element);
+    if (part->empty()) part->emplace_back();
+    std::ranges::move(*part, std::back_inserter(lines));
+  }
+  return lines.size() == count && isRefusedIfShared ? std::nullopt : std::optional(lines);
 }
 
 /// None for an array that is refused.
 std::optional<Lines> linesOf(const vxArray* array) {
   if (!array) return Lines();
-  if (vxGetClassID(array) != vxCELL_CLASS) return linesOfPart(array);
-  Lines lines;
-  for (std::size_t i = 0; i < vxGetNumberOfElements(array); ++i) {
-    const vxArray* const element = vxGetCell(array, i);
-    std::optional<Lines> part = element ? linesOfPart(element) : std::nullopt;
-    if (!part) return std::nullopt;
-    if (part->empty()) part->emplace_back();
-    std::ranges::move(*part, std::back_inserter(lines));
-  }
-  return lines;
+  if (vxGetClassID(array) == vxCELL_CLASS) return linesOfCells(array);
+  return lacksDimensions(array) ? std::nullopt : linesOfPart(array);
 }
 
 // --- texts ---------------------------------------------------------------------------------------
