@@ -82,16 +82,21 @@ Lines padded(Lines lines) {
   return lines;
 }
 
+/// What stands between the separators.
+Lines split(const UTF16String& text, vxChar separator) {
+  Lines pieces(1);
+  for (const vxChar character : text)
+    if (character == separator)
+      pieces.emplace_back();
+    else
+      pieces.back() += character;
+  return pieces;
+}
+
 Lines linesOfText(const vxArray* text) {
   Lines lines;
-  for (const UTF16String& row : rowsOf(text)) {
-    lines.emplace_back();
-    for (const vxChar character : row)
-      if (character == '\n')
-        lines.emplace_back();
-      else
-        lines.back() += character;
-  }
+  for (const UTF16String& row : rowsOf(text))
+    std::ranges::move(split(row, '\n'), std::back_inserter(lines));
   return padded(lines);
 }
 
@@ -204,6 +209,22 @@ void checkThatTextIsRefused(const vxArray* array) {
 
 // --- style lists ---------------------------------------------------------------------------------
 
+/// The texts of the styles in an array, each up to its first NUL.
+Lines textsOfStyles(const vxArray* array) {
+  Lines texts;
+  const auto whole = [](const vxArray* text) {
+    return UTF16String(charactersOf(text).begin(), charactersOf(text).end());
+  };
+  if (isText(array))
+    texts = vxIsVector(array) ? split(whole(array), '|') : rowsOf(array);
+  else
+    for (std::size_t i = 0; i < vxGetNumberOfElements(array); ++i)
+      texts.push_back(whole(vxGetCell(array, i)));
+  for (UTF16String& text : texts)
+    text.resize(std::min(text.find(vxChar{0}), text.size()));
+  return texts;
+}
+
 /// What comes back as it went out: no text ends at a NUL, and rows are neither padded nor so short
 /// that they make one column.
 bool comesBack(const std::vector<LineMarkerStyle>& styles, bool isCell) {
@@ -221,16 +242,17 @@ void checkStyles(const vcos::TypeAccess& type, const vxArray* array) {
   require(type.dataType().isEqual(value.get(), copy.get()), "a copy is equal");
 
   const auto& styles = value.get().asPointer<const NLineStyles>()->getStyles();
+  const auto hasText = [](const LineMarkerStyle& style, const UTF16String& text) {
+    return std::ranges::equal(std::string_view(style.getString()), text);
+  };
+  require(std::ranges::equal(styles, textsOfStyles(array), hasText), "each text is a style");
   const ArrayOwner made = type.toArray(value.get());
   const bool isCell = vxGetClassID(made.get()) == vxCELL_CLASS;
   require(isCell == (vxGetClassID(array) == vxCELL_CLASS), "the form stays");
   Lines rows = gui_objects::createUTF16StringsFromArray(made.get());
-  require(rows.size() == styles.size(), "each style has its row");
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    const std::string_view text = styles[i].getString();
-    if (!isCell) rows[i].erase(rows[i].find_last_not_of(' ') + 1);
-    require(std::ranges::equal(rows[i], text), "the row has the style's text");
-  }
+  for (UTF16String& row : rows)
+    if (!isCell) row.erase(row.find_last_not_of(' ') + 1);
+  require(std::ranges::equal(styles, rows, hasText), "each style has its row");
   if (!comesBack(styles, isCell)) return;
   const OwnedValue again(type.dataType(), type.fromArray(made.get()));
   require(type.dataType().isEqual(value.get(), again.get()), "made again it is equal");
