@@ -53,24 +53,22 @@ ArrayPtr newTextArray(std::size_t rows, std::size_t columns) {
 
 // --- lines to rows ------------------------------------------------------------------------------
 
-/// The rows are the lines that `lineAt(i)` gives. A few are written side by side, so that both the
-/// reading and the writing go forward.
+/// The rows are the lines that `lineAt(i)` gives. They are written in tiles, so that the columns of
+/// one stay in the fastest cache while its rows are read.
 template <class LineAt>
 ArrayPtr newRows(std::size_t count, std::size_t longest, LineAt&& lineAt) {
   if (longest == 0) return newEmptyText();
-  constexpr std::size_t kSideBySide = 32;
+  constexpr std::size_t kTile = 64;
   ArrayPtr text = newTextArray(count, longest);
-  auto* const characters = static_cast<vxChar*>(vxGetWritableData(text.get()));
-  std::array<Line, kSideBySide> lines;
-  for (std::size_t begin = 0; begin < count; begin += kSideBySide) {
-    const std::size_t rows = std::min(kSideBySide, count - begin);
-    for (std::size_t row = 0; row < rows; ++row)
-      lines[row] = lineAt(begin + row);
-    for (std::size_t column = 0; column < longest; ++column)
-      for (std::size_t row = 0; row < rows; ++row)
-        characters[column * count + begin + row] =
-            column < lines[row].length ? lines[row][column] : kBlank;
-  }
+  const std::span characters(static_cast<vxChar*>(vxGetWritableData(text.get())), count * longest);
+  std::ranges::fill(characters, kBlank);
+  for (std::size_t top = 0; top < count; top += kTile)
+    for (std::size_t left = 0; left < longest; left += kTile)
+      for (std::size_t row = top; row < std::min(count, top + kTile); ++row) {
+        const Line line = lineAt(row);
+        for (std::size_t column = left; column < std::min(line.length, left + kTile); ++column)
+          characters[column * count + row] = line[column];
+      }
   return text;
 }
 
@@ -89,13 +87,21 @@ bool hasLineFeed(const vxArray* text) {
   return hasLineFeed(std::span(charactersOf(text), vxGetNumberOfElements(text)));
 }
 
+/// The place of the first line feed from `begin` on; the length if there is none.
+std::size_t findLineFeed(const Line& row, std::size_t begin) {
+  if (row.stride == 1)
+    return static_cast<std::size_t>(
+        std::find(row.first + begin, row.first + row.length, kLineFeed) - row.first);
+  while (begin < row.length && row[begin] != kLineFeed)
+    ++begin;
+  return begin;
+}
+
 /// What stands between the line feeds of a row, be it nothing.
-void addPieces(std::vector<Line>& pieces, Line row) {
-  std::size_t begin = 0;
-  for (std::size_t i = 0; i <= row.length; ++i) {
-    if (i != row.length && row[i] != kLineFeed) continue;
-    pieces.push_back({row.first + begin * row.stride, i - begin, row.stride});
-    begin = i + 1;
+void addPieces(std::vector<Line>& pieces, const Line& row) {
+  for (std::size_t begin = 0, end = 0; begin <= row.length; begin = end + 1) {
+    end = findLineFeed(row, begin);
+    pieces.push_back({row.first + begin * row.stride, end - begin, row.stride});
   }
 }
 
@@ -187,7 +193,8 @@ std::size_t countLines(const vxArray* text) {
 
 ArrayPtr newRow(const vxArray* text, std::size_t row) {
   if (vxIsEmpty(text)) return newEmptyText();
-  if (vxGetM(text) == 1) return ArrayPtr(vxCreateSharedDataCopy(text));
+  const bool isRow = vxGetM(text) == 1 && vxGetNumberOfDimensions(text) == 2;
+  if (isRow) return ArrayPtr(vxCreateSharedDataCopy(text));
   return newRows(1, vxGetN(text), [&](std::size_t) { return rowOf(text, row); });
 }
 
@@ -244,9 +251,10 @@ bool beginAlike(const Line& a, const Line& b, std::size_t length) {
 /// the same in both ways.
 std::optional<bool> areSame(const std::optional<Line>& a, const std::optional<Line>& b) {
   if (!a || !b) return std::nullopt;
+  if (a->length == b->length) return beginAlike(*a, *b, a->length);
   const std::size_t length = lengthWithoutBlanks(*a);
   if (length != lengthWithoutBlanks(*b) || !beginAlike(*a, *b, length)) return false;
-  return a->length == b->length ? std::optional(true) : std::nullopt;
+  return std::nullopt;
 }
 
 }  // namespace

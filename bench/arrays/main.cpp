@@ -1,7 +1,7 @@
 // Measures the validity tests of the shaped array types, all contenders in turns, and prints how
 // they stand against each.
 
-#include "Comparisons.h"
+#include "../common/Comparisons.h"
 #include "PlainTests.h"
 #include "Subject.h"
 #include "WidestSum.h"
@@ -17,10 +17,10 @@
 
 namespace {
 
-using arrays::Comparison;
 using arrays::Place;
 using arrays::Subject;
 using measuring::Goal;
+using measuring::measure;
 
 struct Size {
   const char* name;
@@ -39,24 +39,6 @@ constexpr Goal kSameTime = Goal::atMost(1.5);
 
 /// Where a NaN is put in each of the parts that the library may look at together.
 constexpr std::size_t kBytesForNaN = 4096;
-
-/// Adds the measurement of `operation(context)`, where `makeContext()` is not measured.
-template <class MakeContext, class Operation>
-void measure(const std::string& name, MakeContext makeContext, Operation operation) {
-  benchmark::RegisterBenchmark(name.c_str(), [makeContext, operation](benchmark::State& state) {
-    const auto context = makeContext();
-    benchmark::DoNotOptimize(operation(context));  // from here on the caches are warm
-    for (auto _ : state)
-      benchmark::DoNotOptimize(operation(context));
-    state.SetItemsProcessed(state.iterations());
-  });
-}
-
-template <class Operation>
-void measure(const std::string& name, Operation operation) {
-  measure(
-      name, [] { return 0; }, [operation](int) { return operation(); });
-}
 
 template <class Rules>
 std::string nameOfTest(const Subject<Rules>& subject) {
@@ -79,7 +61,7 @@ void addSpeeds(Subject<Rules>& subject, const Size& size) {
   const auto compete = [&](const std::string& contender, Goal goal, auto operation) {
     const std::string other = subject.name() + '/' + contender;
     measure(other, operation);
-    arrays::compareSpeeds({subject.name(), contender, ours, other, goal}, subject.bytes());
+    measuring::compareSpeeds({subject.name(), contender, ours, other, goal}, subject.bytes());
   };
   for (const auto& test : arrays::plainTests<Rules>()) {
     const auto isValid = [&subject, test] {
@@ -120,7 +102,7 @@ void addChanged(Subject<Rules>& subject, const std::string& how, bool isValid, G
   if (const auto changed = makeChanged(); subject.isValid() != isValid)
     measuring::fail(name + " is wrong");
   measure(name, makeChanged, [&subject](const auto&) { return subject.isValid(); });
-  arrays::compareTimes({name, "valid", name, nameOfTest(subject), goal});
+  measuring::compareTimes({name, "valid", name, nameOfTest(subject), goal});
 }
 
 template <class Rules>
@@ -148,7 +130,7 @@ void addWithValues(const Subject<Rules>& smaller, const Subject<Rules>& larger,
   };
   const std::string other = add(smaller);
   const std::string ours = add(larger);
-  arrays::compareTimes({ours, "smaller", ours, other, kSameTime});
+  measuring::compareTimes({ours, "smaller", ours, other, kSameTime});
 }
 
 template <class Rules>
@@ -188,5 +170,5 @@ int main(int argc, char** argv) {
   addType<arrays::PrimitiveVertexDataRules>();
   addType<arrays::PrimitiveVertexIndicesRules>();
   addType<arrays::PatchFacesRules>();
-  arrays::printComparisons(measuring::runBenchmarks());
+  measuring::printComparisons(measuring::runBenchmarks());
 }

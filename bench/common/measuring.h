@@ -2,6 +2,8 @@
 
 /// What the programs that compare contenders share: the run of what is registered, and goals.
 
+#include <benchmark/benchmark.h>
+
 #include <map>
 #include <string>
 #include <utility>
@@ -34,6 +36,24 @@ void takeArguments(int argc, char** argv);
 /// Runs the registered benchmarks. Each has to set the number of items that it has processed, or
 /// counts as one item for each iteration in real time.
 Times runBenchmarks();
+
+/// Adds the measurement of `operation(context)`, where `makeContext()` is not measured.
+template <class MakeContext, class Operation>
+void measure(const std::string& name, MakeContext makeContext, Operation operation) {
+  benchmark::RegisterBenchmark(name.c_str(), [makeContext, operation](benchmark::State& state) {
+    const auto context = makeContext();
+    benchmark::DoNotOptimize(operation(context));  // from here on the caches are warm
+    for (auto _ : state)
+      benchmark::DoNotOptimize(operation(context));
+    state.SetItemsProcessed(state.iterations());
+  });
+}
+
+template <class Operation>
+void measure(const std::string& name, Operation operation) {
+  measure(
+      name, [] { return 0; }, [operation](int) { return operation(); });
+}
 
 /// What a ratio shall be.
 class Goal {
