@@ -5,7 +5,6 @@
 #include <graphics/datatype/FontNameDataType.h>
 #include <java/environment.h>
 #include <ut/unicode.h>
-#include <vcos/COSTypeRepository.h>
 #include <vx/array.h>
 #include <vx/errors.h>
 
@@ -30,13 +29,6 @@ template class NamedDataType<FontNameDataType>;
 namespace {
 
 constexpr const char* kError = "VORTIL:class:VORTILConversionError";
-
-/// Between a host array and a C string.
-const vcos::COSTypeConversion& textConversion() {
-  static const vcos::COSNameID any("any");
-  static const vcos::COSNameID string("string");
-  return *vcos::COSTypeRepository::getConversion(any, string);
-}
 
 bool isRow(const vxArray* array) {
   return array && !vxIsEmpty(array) && vxGetNumberOfDimensions(array) == 2 && vxGetM(array) == 1;
@@ -72,12 +64,12 @@ COSValue FontNameSC::from(COSValue text) const {
 }
 
 COSValue FontNameVC::to(COSValue value) const {
-  return textConversion().to(value);
+  return arrayTextConversion()->to(value);
 }
 
 COSValue FontNameVC::from(COSValue array) const {
   if (!isRow(array.asPointer<const vxArray>())) vxErrMsgIdAndTxt(kError, "Invalid font name");
-  HostText name(textConversion().from(array).asPointer<char>());
+  HostText name(arrayTextConversion()->from(array).asPointer<char>());
   if (!name || *name == '\0') vxErrMsgIdAndTxt(kError, "Invalid font: null or empty string");
   return COSValue::fromPointer(name.release());
 }
@@ -120,7 +112,7 @@ class LocalReference {
 jstring newJavaString(JNIEnv& java, const char* text) {
   const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
   if (std::ranges::all_of(std::string_view(text), isAscii)) return java.NewStringUTF(text);
-  const UTF16String units = asUTF16String(text);  // the other call has a UTF-8 of its own
+  const UTF16String units = asUTF16String(text);  // the other call reads modified UTF-8
   return java.NewString(units.data(), static_cast<jsize>(units.size()));
 }
 

@@ -8,6 +8,7 @@
 #include <messages/exceptions.h>
 #include <vx/errors.h>
 #include <vx/scopes.h>
+#include <boost/tokenizer.hpp>
 
 #include <algorithm>
 #include <cstddef>
@@ -47,11 +48,10 @@ Styles stylesOfCells(const vxArray* cells) {
 
 /// Empty pieces count, and are refused as styles.
 Styles stylesOfText(const std::string& text) {
+  const boost::char_separator<char> separator("|", "", boost::keep_empty_tokens);
   Styles styles;
-  for (std::size_t begin = 0, end = 0; begin <= text.size(); begin = end + 1) {
-    end = std::min(text.find('|', begin), text.size());
-    styles.emplace_back(text.substr(begin, end - begin));
-  }
+  for (const std::string& piece : boost::tokenizer(text, separator))
+    styles.emplace_back(piece);
   return styles;
 }
 

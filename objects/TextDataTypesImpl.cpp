@@ -22,8 +22,8 @@ using vcos::COSValue;
 
 namespace {
 
-namespace text = VORTIL::vg::datatypes::TextStringDataType;
-namespace numericOrText = VORTIL::vg::datatypes::NumericOrStringDataType;
+namespace textMessages = VORTIL::vg::datatypes::TextStringDataType;
+namespace numericOrTextMessages = VORTIL::vg::datatypes::NumericOrStringDataType;
 
 using MessagePtr = boost::shared_ptr<BaseMsgID>;
 
@@ -57,21 +57,23 @@ Fault faultOfText(const vxArray* array) {
   if (!array) return nullptr;
   const vxClassID classID = vxGetClassID(array);
   if (classID == vxCHAR_CLASS)
-    return isEmptyOrMatrix(array) ? nullptr : std::make_unique<text::IncorrectShape>();
-  if (classID != vxCELL_CLASS) return std::make_unique<text::ArrayClass>();
+    return isEmptyOrMatrix(array) ? nullptr : std::make_unique<textMessages::IncorrectShape>();
+  if (classID != vxCELL_CLASS) return std::make_unique<textMessages::ArrayClass>();
   if (vxIsEmpty(array)) return nullptr;
   if (vxGetNumberOfDimensions(array) != 2 || vxGetN(array) != 1)
-    return std::make_unique<text::IncorrectShape>();
-  return areAllElements(array, isLine) ? nullptr : std::make_unique<text::InvalidCellArray>();
+    return std::make_unique<textMessages::IncorrectShape>();
+  return areAllElements(array, isLine) ? nullptr
+                                       : std::make_unique<textMessages::InvalidCellArray>();
 }
 
 Fault faultOfNumericOrText(const vxArray* array) {
-  if (!array) return std::make_unique<numericOrText::ArrayClass>();
+  if (!array) return std::make_unique<numericOrTextMessages::ArrayClass>();
   if (isTextOrNumbers(array) || vxIsEmpty(array)) return nullptr;
-  if (vxGetClassID(array) != vxCELL_CLASS) return std::make_unique<numericOrText::ArrayClass>();
+  if (vxGetClassID(array) != vxCELL_CLASS)
+    return std::make_unique<numericOrTextMessages::ArrayClass>();
   const auto holds = [](const vxArray* element) { return element && isTextOrNumbers(element); };
   return areAllElements(array, holds) ? nullptr
-                                      : std::make_unique<numericOrText::InvalidCellArray>();
+                                      : std::make_unique<numericOrTextMessages::InvalidCellArray>();
 }
 
 bool isValidOrTells(Fault fault, MessagePtr& message) {
@@ -100,12 +102,8 @@ TextString::TextString(const char* characters) : ArrayBase(newTextRow(characters
 TextString::TextString(const vxArray* array) : ArrayBase(array) {
   checked(array, faultOfText);
 }
-TextString::TextString(const TextString& other) : ArrayBase(other.getPtr()) {}  // NOLINT: as stated
-TextString& TextString::operator=(const TextString& other) {
-  TextString copy(other);
-  swap(copy);
-  return *this;
-}
+TextString::TextString(const TextString& other) = default;
+TextString& TextString::operator=(const TextString& other) = default;
 TextString::~TextString() = default;
 
 bool TextString::isValid(const vxArray* array, MessagePtr& message) {
@@ -126,13 +124,9 @@ bool TextString::operator==(const TextString& other) const {
 NumericOrString::NumericOrString() = default;
 NumericOrString::NumericOrString(const char* characters) : TextString(characters) {}
 NumericOrString::NumericOrString(const vxArray* array)
-    : TextString(newLines(checked(array, faultOfNumericOrText)).get()) {}
+    : TextString(linesOf(checked(array, faultOfNumericOrText)).get()) {}
 NumericOrString::NumericOrString(const NumericOrString& other) : TextString(other.getPtr()) {}
-NumericOrString& NumericOrString::operator=(const NumericOrString& other) {
-  NumericOrString copy(other);
-  swap(copy);
-  return *this;
-}
+NumericOrString& NumericOrString::operator=(const NumericOrString& other) = default;
 NumericOrString::~NumericOrString() = default;
 
 bool NumericOrString::isValid(const vxArray* array, MessagePtr& message) {
@@ -142,17 +136,6 @@ bool NumericOrString::isValid(const vxArray* array, MessagePtr& message) {
 // --- the types ----------------------------------------------------------------------------------
 
 namespace {
-
-/// Whether two values are equal; `raise` raises the message for what fails.
-template <class Value>
-bool areEqual(const Value& a, const Value& b, void (*raise)()) {
-  try {
-    return a == b;
-  } catch (...) {
-    raise();
-    throw;
-  }
-}
 
 /// Kept: null is copied to the default value.
 template <class Value>
@@ -186,7 +169,11 @@ struct PropertyTypeTraits<TextStringDataType> : PlainValues<TextString> {
   static_assert(sizeof(TextString) == kBytes);
 
   static bool isEqual(const TextString& a, const TextString& b) {
-    return areEqual(a, b, [] { vxErrMsgId(VORTIL::datatypes::TextStringDataType::isEqual()); });
+    try {
+      return a == b;
+    } catch (...) {
+      vxErrMsgId(VORTIL::datatypes::TextStringDataType::isEqual());
+    }
   }
 };
 template class NamedDataType<TextStringDataType>;
@@ -198,10 +185,12 @@ struct PropertyTypeTraits<NumericOrStringDataType> : PlainValues<NumericOrString
   static_assert(sizeof(NumericOrString) == kBytes);
 
   static bool isEqual(const NumericOrString& a, const NumericOrString& b) {
-    return areEqual(a, b, [] {
+    try {
+      return a == b;
+    } catch (...) {
       vxErrMsgIdAndTxt("VORTIL:graphics::datatype::NumericOrStringDataType::isEqual",
                        "Exception in NumericOrStringDataType::isEqual");
-    });
+    }
   }
 };
 template class NamedDataType<NumericOrStringDataType>;

@@ -13,6 +13,7 @@
 #include <span>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 namespace graphics::datatype {
@@ -46,30 +47,61 @@ ArrayPtr newEmptyText() {
   return ArrayPtr(vxCreateString(""));
 }
 
-ArrayPtr newTextArray(std::size_t rows, std::size_t columns) {
-  const std::size_t dimensions[] = {rows, columns};
-  return ArrayPtr(vxCreateCharArray(2, dimensions));
-}
-
 // --- lines to rows ------------------------------------------------------------------------------
 
-/// The rows are the lines that `lineAt(i)` gives. They are written in tiles, so that the columns of
-/// one stay in the fastest cache while its rows are read.
-template <class LineAt>
-ArrayPtr newRows(std::size_t count, std::size_t longest, LineAt&& lineAt) {
-  if (longest == 0) return newEmptyText();
-  constexpr std::size_t kTile = 64;
-  ArrayPtr text = newTextArray(count, longest);
-  const std::span characters(static_cast<vxChar*>(vxGetWritableData(text.get())), count * longest);
-  std::ranges::fill(characters, kBlank);
-  for (std::size_t top = 0; top < count; top += kTile)
-    for (std::size_t left = 0; left < longest; left += kTile)
-      for (std::size_t row = top; row < std::min(count, top + kTile); ++row) {
-        const Line line = lineAt(row);
+/// Writes lines, one after another, as the rows of a new char array with blanks behind the shorter
+/// ones. `count` lines have to come, none longer than `longest`, which is not 0.
+class RowWriter {
+ public:
+  RowWriter(std::size_t count, std::size_t longest) : count_(count), longest_(longest) {
+    const std::size_t dimensions[] = {count, longest};
+    text_.reset(vxCreateCharArray(2, dimensions));
+    characters_ = static_cast<vxChar*>(vxGetWritableData(text_.get()));
+    std::fill_n(characters_, count * longest, kBlank);
+  }
+
+  void add(const Line& line) {
+    lines_[added_++ % kTile] = line;
+    if (added_ % kTile == 0 || added_ == count_) writeTiles((added_ - 1) / kTile * kTile);
+  }
+
+  ArrayPtr take() { return std::move(text_); }
+
+ private:
+  static constexpr std::size_t kTile = 64;
+
+  /// The rows from `top` on. Each row of a tile reads on in its line, and the columns of a tile
+  /// stay in the fastest cache.
+  void writeTiles(std::size_t top) {
+    for (std::size_t left = 0; left < longest_; left += kTile)
+      for (std::size_t row = top; row < added_; ++row) {
+        const Line& line = lines_[row - top];
         for (std::size_t column = left; column < std::min(line.length, left + kTile); ++column)
-          characters[column * count + row] = line[column];
+          characters_[column * count_ + row] = line[column];
       }
-  return text;
+  }
+
+  std::size_t count_;
+  std::size_t longest_;
+  std::size_t added_ = 0;
+  ArrayPtr text_;
+  vxChar* characters_ = nullptr;
+  std::array<Line, kTile> lines_;
+};
+
+/// The rows are the lines that `forEachLine(use)` calls `use` with, each time the same ones.
+template <class ForEachLine>
+ArrayPtr rowsOfLines(ForEachLine&& forEachLine) {
+  std::size_t count = 0;
+  std::size_t longest = 0;
+  forEachLine([&](const Line& line) {
+    ++count;
+    longest = std::max(longest, line.length);
+  });
+  if (longest == 0) return newEmptyText();
+  RowWriter writer(count, longest);
+  forEachLine([&writer](const Line& line) { writer.add(line); });
+  return writer.take();
 }
 
 bool hasLineFeed(std::span<const vxChar> characters) {
@@ -97,20 +129,20 @@ std::size_t findLineFeed(const Line& row, std::size_t begin) {
   return begin;
 }
 
-/// What stands between the line feeds of a row, be it nothing.
-void addPieces(std::vector<Line>& pieces, const Line& row) {
+/// Calls `use` with what stands between the line feeds of a row, be it nothing.
+template <class Use>
+void forEachPiece(const Line& row, Use&& use) {
   for (std::size_t begin = 0, end = 0; begin <= row.length; begin = end + 1) {
     end = findLineFeed(row, begin);
-    pieces.push_back({row.first + begin * row.stride, end - begin, row.stride});
+    use(Line{row.first + begin * row.stride, end - begin, row.stride});
   }
 }
 
-ArrayPtr newRowsOfText(const vxArray* text) {
-  std::vector<Line> lines;
-  for (std::size_t row = 0; row < vxGetM(text); ++row)
-    addPieces(lines, rowOf(text, row));
-  const std::size_t longest = std::ranges::max_element(lines, {}, &Line::length)->length;
-  return newRows(lines.size(), longest, [&lines](std::size_t i) { return lines[i]; });
+ArrayPtr rowsOfText(const vxArray* text) {
+  return rowsOfLines([text](const auto& use) {
+    for (std::size_t row = 0; row < vxGetM(text); ++row)
+      forEachPiece(rowOf(text, row), use);
+  });
 }
 
 // --- numbers to rows ----------------------------------------------------------------------------
@@ -156,24 +188,26 @@ class WrittenNumber {
   unsigned char length_ = 0;
 };
 
-/// Kept: a matrix that is neither a row nor a column becomes the empty text.
-ArrayPtr newRowsOfNumbers(const vxArray* array) {
+/// Kept: an array with several rows and several columns, which are all after the first dimension,
+/// becomes the empty text.
+ArrayPtr rowsOfNumbers(const vxArray* array) {
   const bool isVector = vxGetM(array) == 1 || vxGetN(array) == 1;
   if (vxIsEmpty(array) || !isVector) return newEmptyText();
   vxArray* const doubles = vxMustBe(array, vxDOUBLE_CLASS);
   const ArrayPtr converted(doubles == array ? nullptr : doubles);
   const std::span numbers(static_cast<const double*>(vxGetData(doubles)),
                           vxGetNumberOfElements(doubles));
-  const std::vector<WrittenNumber> lines(numbers.begin(), numbers.end());
-  std::size_t longest = 0;
-  for (const WrittenNumber& written : lines)
-    longest = std::max(longest, written.line().length);
-  return newRows(lines.size(), longest, [&lines](std::size_t i) { return lines[i].line(); });
+  const std::vector<WrittenNumber> written(numbers.begin(), numbers.end());
+  return rowsOfLines([&written](const auto& use) {
+    for (const WrittenNumber& number : written)
+      use(number.line());
+  });
 }
 
 // --- cells --------------------------------------------------------------------------------------
 
-ArrayPtr newTextMatrix(const vxArray* text) {
+/// The same characters with two dimensions, if they had more.
+ArrayPtr asMatrix(const vxArray* text) {
   ArrayPtr copy(vxCreateSharedDataCopy(text));
   const std::size_t dimensions[] = {vxGetM(text), vxGetN(text)};
   if (!vxIsEmpty(text) && vxGetNumberOfDimensions(text) > 2)
@@ -181,41 +215,44 @@ ArrayPtr newTextMatrix(const vxArray* text) {
   return copy;
 }
 
-ArrayPtr newLinesOfOne(const vxArray* element) {
-  if (!isText(element)) return newRowsOfNumbers(element);
-  return hasLineFeed(element) ? newRowsOfText(element) : newTextMatrix(element);
+/// The lines of a char or numeric array as rows.
+ArrayPtr rowsOf(const vxArray* array) {
+  if (!isText(array)) return rowsOfNumbers(array);
+  return hasLineFeed(array) ? rowsOfText(array) : asMatrix(array);
 }
 
-/// How many cells a text takes.
-std::size_t countLines(const vxArray* text) {
+/// How many cells the rows of a text take.
+std::size_t countCells(const vxArray* text) {
   return vxIsEmpty(text) ? 1 : vxGetM(text);
 }
 
-ArrayPtr newRow(const vxArray* text, std::size_t row) {
+/// A row as a text of its own.
+ArrayPtr cellOf(const vxArray* text, std::size_t row) {
   if (vxIsEmpty(text)) return newEmptyText();
   const bool isRow = vxGetM(text) == 1 && vxGetNumberOfDimensions(text) == 2;
   if (isRow) return ArrayPtr(vxCreateSharedDataCopy(text));
-  return newRows(1, vxGetN(text), [&](std::size_t) { return rowOf(text, row); });
+  return rowsOfLines([&](const auto& use) { use(rowOf(text, row)); });
 }
 
-ArrayPtr newCells(const vxArray* array) {
+/// A column with the lines of all cells.
+ArrayPtr cellsOf(const vxArray* array) {
   const std::size_t count = vxGetNumberOfElements(array);
   ArrayPtr texts(vxCreateCellMatrix(count, 1));
   std::size_t lines = 0;
   for (std::size_t i = 0; i < count; ++i) {
-    ArrayPtr text = newLinesOfOne(vxGetCell(array, i));
-    lines += countLines(text.get());
+    ArrayPtr text = rowsOf(vxGetCell(array, i));
+    lines += countCells(text.get());
     vxSetCell(texts.get(), i, text.release());
   }
   if (lines == count) return texts;
-  ArrayPtr result(vxCreateCellMatrix(lines, 1));
+  ArrayPtr cells(vxCreateCellMatrix(lines, 1));
   std::size_t next = 0;
   for (std::size_t i = 0; i < count; ++i) {
     const vxArray* const text = vxGetCell(texts.get(), i);
-    for (std::size_t row = 0; row < countLines(text); ++row)
-      vxSetCell(result.get(), next++, newRow(text, row).release());
+    for (std::size_t row = 0; row < countCells(text); ++row)
+      vxSetCell(cells.get(), next++, cellOf(text, row).release());
   }
-  return result;
+  return cells;
 }
 
 // --- comparison ---------------------------------------------------------------------------------
@@ -247,21 +284,21 @@ bool beginAlike(const Line& a, const Line& b, std::size_t length) {
   return true;
 }
 
-/// Whether two lines are the same with their trailing blanks and without them; none if they are not
-/// the same in both ways.
+/// Whether two lines are the same, be their trailing blanks kept or taken away. None if that makes
+/// a difference, or if one of them is not known.
 std::optional<bool> areSame(const std::optional<Line>& a, const std::optional<Line>& b) {
   if (!a || !b) return std::nullopt;
   if (a->length == b->length) return beginAlike(*a, *b, a->length);
   const std::size_t length = lengthWithoutBlanks(*a);
-  if (length != lengthWithoutBlanks(*b) || !beginAlike(*a, *b, length)) return false;
-  return std::nullopt;
+  const bool differInBlanks = length == lengthWithoutBlanks(*b) && beginAlike(*a, *b, length);
+  return differInBlanks ? std::nullopt : std::optional(false);
 }
 
 }  // namespace
 
-ArrayPtr newLines(const vxArray* array) {
-  if (isText(array) || vg::isNumericClass(vxGetClassID(array))) return newLinesOfOne(array);
-  return vxIsEmpty(array) ? ArrayPtr(vxCreateSharedDataCopy(array)) : newCells(array);
+ArrayPtr linesOf(const vxArray* array) {
+  if (isText(array) || vg::isNumericClass(vxGetClassID(array))) return rowsOf(array);
+  return vxIsEmpty(array) ? ArrayPtr(vxCreateSharedDataCopy(array)) : cellsOf(array);
 }
 
 std::optional<bool> haveSameLines(const vxArray* a, const vxArray* b) {

@@ -18,7 +18,7 @@ namespace graphics::datatype {
 ///
 /// The array, or each of its elements if it is a cell array, has to be of class char or numeric; an
 /// empty one may be of any class.
-ArrayPtr newLines(const vxArray* array);
+ArrayPtr linesOf(const vxArray* array);
 
 /// Whether two char or cell arrays have the same lines. None if that depends on what the host makes
 /// of trailing blanks, of elements with several rows, or of null elements.

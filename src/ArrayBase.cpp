@@ -3,8 +3,6 @@
 #include <graphics/datatype/ArrayBase.h>
 #include <graphics/datatype/exceptions.h>
 #include <messages/BaseMsgID.h>
-#include <vcos/COSNameID.h>
-#include <vcos/COSTypeRepository.h>
 #include <vg/ArrayDispatcher.h>
 #include <vx/scopes.h>
 #include <boost/shared_ptr.hpp>
@@ -158,9 +156,7 @@ bool ArrayBase::operator==(const ArrayBase& other) const {
 char* ArrayBase::convert_to_string() const {
   if (!data_) return nullptr;
   try {
-    const vcos::COSNameID any("any");
-    const vcos::COSNameID string("string");
-    if (const auto* conversion = vcos::COSTypeRepository::getConversion(any, string))
+    if (const auto* conversion = arrayTextConversion())
       return conversion->from(vcos::COSValue::fromPointer(data_)).asPointer<char>();
   } catch (...) {
     // Most arrays are no text: they are described.

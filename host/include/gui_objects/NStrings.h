@@ -7,8 +7,9 @@
 #include <string>
 #include <vector>
 
-/// A list of texts in UTF-8, on a heap of its own. A list that cannot be made for lack of memory is
-/// a vcos::COSOutOfMemoryException.
+/// A list of texts in UTF-8. A list that is made with new stands on the host's heap: where that has
+/// no room, it is a vcos::COSOutOfMemoryException, and a std::bad_alloc where there is none for its
+/// texts.
 class VGHOST_API NStrings {
  public:
   NStrings() noexcept = default;

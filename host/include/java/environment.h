@@ -6,6 +6,5 @@ struct JNIEnv_;
 using JNIEnv = JNIEnv_;  // as in jni.h, which whoever uses it includes
 
 /// The Java environment of the calling thread; null if no Java machine runs in the process or the
-/// thread is not attached to it. The machine is looked for at each call until one is found: nothing
-/// links to Java.
+/// thread is not attached to it. The machine is looked for at each call: nothing links to Java.
 VGHOST_API JNIEnv* GetJNIEnvR() noexcept;

@@ -17,12 +17,12 @@ std::vector<UTF16String> createUTF16StringsFromArray(const vxArray* array) {
   const auto text = vghost::textOf(array);
   if (text.empty()) return lines;
   const std::size_t rows = vxGetM(array);
-  lines.resize(rows);
-  for (std::size_t row = 0; row < rows; ++row) {
-    lines[row].reserve(text.size() / rows);
-    for (std::size_t i = row; i < text.size(); i += rows)
-      lines[row] += text[i];
-  }
+  lines.assign(rows, UTF16String(text.size() / rows, 0));
+  for (std::size_t row = 0; row < rows; ++row)
+    for (std::size_t i = row; vxChar & character : lines[row]) {
+      character = text[i];
+      i += rows;
+    }
   return lines;
 }
 

@@ -56,7 +56,8 @@ class VGDT_API FontNameVC final : public vcos::COSTypeConversion {
 /// com.lindgrove.vg.types.VGFontName is missing.
 VGDT_API bool isFontNameValidIgnoreCase(const char* name);
 
-/// A UTF-8 text in 16-bit units; empty for null. Errors: a vcos::COSOutOfMemoryException.
+/// A UTF-8 text in 16-bit units; empty for null. Errors: a vcos::COSOutOfMemoryException or a
+/// std::bad_alloc.
 VGDT_API gui_objects::UTF16String asUTF16String(const char* text);
 
 /// Queues the registration of the type; runs at load.

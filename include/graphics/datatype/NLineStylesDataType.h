@@ -9,7 +9,8 @@
 
 namespace graphics::datatype {
 
-/// A line style, a marker, or both: "-", "o", "--square". The text is kept as it came.
+/// A line style, a marker, or both: "-", "o", "--square". The text is kept as it came. What follows
+/// a NUL in it is not read and does not go back, but counts when styles are compared.
 class VGDT_API LineMarkerStyle final {
  public:
   /// Errors: "VORTIL:vgdatatypes:InvalidMarkerLineStyle" with the text for one that the host's
@@ -50,8 +51,8 @@ class VGDT_API NLineStyles final {
   /// LineMarkerStyle.
   explicit NLineStyles(const std::vector<std::string>& texts);
   NLineStyles(const NLineStyles& other);
-  /// Kept: callers know it so that a value that is assigned to itself loses its styles.
-  NLineStyles& operator=(const NLineStyles& other);  // NOLINT: see above
+  /// Kept: a value that is assigned to itself loses its styles.
+  NLineStyles& operator=(const NLineStyles& other);  // NOLINT: without a test for that
 
   /// Adds the styles of the other, and takes its form.
   void copy(const NLineStyles& other);
@@ -66,9 +67,12 @@ class VGDT_API NLineStyles final {
   }
 
   /// The styles as an array in the form that they came in: a char matrix with a row for each and
-  /// blanks behind the shorter ones, or an n-by-1 cell array. It is the caller's.
+  /// blanks behind the shorter ones, or an n-by-1 cell array. It is the caller's. The constructor
+  /// does not take every such matrix: blanks are no part of a style, and a single column is read as
+  /// one text.
   ///
-  /// Errors: a Lindgrove::System::OutOfMemoryException_DEPRECATED.
+  /// Errors: a Lindgrove::System::OutOfMemoryException_DEPRECATED, or what else the host throws
+  /// when memory fails.
   vxArray* getMatrixRepresentation() const;
 
  private:
