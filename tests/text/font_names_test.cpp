@@ -12,36 +12,36 @@ namespace {
 
 using graphics::datatype::isFontNameValidIgnoreCase;
 
-/// Knows the font "Serif" in any case, by the class that the library expects, and writes down what
-/// it is asked. Texts are their own references.
+/// Answers what it is told to, writes down what it is asked, and fails where `failing` says. Any
+/// reference will do.
 struct FontMachine : test::FakeJavaEnvironment {
   FontMachine() {
-    table.FindClass = [](JNIEnv* env, const char* path) -> jclass {
-      self(env).calls += std::string(path) + " ";
-      self(env).pending = self(env).failing == "class";
-      return self(env).failing == "class" ? nullptr : reinterpret_cast<jclass>(env);
+    table.FindClass = [](JNIEnv* env, const char* path) {
+      return self(env).reference<jclass>("class", path);
     };
-    table.NewStringUTF = [](JNIEnv* env, const char* text) -> jstring {
-      self(env).calls += std::string(text) + " ";
-      self(env).pending = self(env).failing == "text";
-      return self(env).failing == "text" ? nullptr : reinterpret_cast<jstring>(env);
+    table.NewStringUTF = [](JNIEnv* env, const char* text) {
+      return self(env).reference<jstring>("text", text);
     };
-    table.NewString = [](JNIEnv* env, const jchar*, jsize length) -> jstring {
-      self(env).calls += std::to_string(length) + " units ";
-      return reinterpret_cast<jstring>(env);
+    table.NewString = [](JNIEnv* env, const jchar*, jsize length) {
+      return self(env).reference<jstring>("text", std::to_string(length) + " units");
     };
-    table.GetStaticMethodID = [](JNIEnv* env, jclass, const char* name,
-                                 const char* signature) -> jmethodID {
-      self(env).calls += std::string(name) + signature + " ";
-      return reinterpret_cast<jmethodID>(env);
+    table.GetStaticMethodID = [](JNIEnv* env, jclass, const char* name, const char* signature) {
+      return self(env).reference<jmethodID>("method", std::string(name) + signature);
     };
-    table.CallStaticBooleanMethodV = [](JNIEnv* env, jclass, jmethodID, va_list) -> jboolean {
-      self(env).pending = self(env).failing == "call";
+    table.CallStaticBooleanMethodV = [](JNIEnv* env, jclass, jmethodID, va_list) {
+      self(env).reference<jobject>("call", "");
       return self(env).answer;
     };
     table.DeleteLocalRef = [](JNIEnv* env, jobject object) { self(env).deleted += object ? 1 : 0; };
   }
   static FontMachine& self(JNIEnv* env) { return static_cast<FontMachine&>(*env); }
+
+  template <class Reference>
+  Reference reference(const std::string& step, const std::string& asked) {
+    calls += asked + " ";
+    pending = failing == step;
+    return pending ? nullptr : reinterpret_cast<Reference>(this);
+  }
 
   std::string failing;
   std::string calls;
@@ -80,7 +80,7 @@ TEST(FontNames, AreWhatJavaSaysWhereItRuns) {
   FontMachine java;
   machine = &java;
   const char* const kAsked =
-      "com/lindgrove/vg/types/VGFontName Serif isFontNameValidIgnoreCase(Ljava/lang/String;)Z ";
+      "com/lindgrove/vg/types/VGFontName Serif isFontNameValidIgnoreCase(Ljava/lang/String;)Z  ";
   EXPECT_TRUE(isFontNameValidIgnoreCase("Serif"));
   EXPECT_EQ(java.calls, kAsked);
   java.answer = 2;
@@ -91,7 +91,7 @@ TEST(FontNames, AreWhatJavaSaysWhereItRuns) {
   EXPECT_FALSE(isFontNameValidIgnoreCase(""));
   EXPECT_EQ(java.deleted, 6) << "each class and each text";
   java.answer = JNI_TRUE;
-  for (const char* step : {"text", "call"}) {
+  for (const char* step : {"text", "method", "call"}) {
     java.failing = step;
     EXPECT_FALSE(isFontNameValidIgnoreCase("Serif") || java.pending) << step;
   }

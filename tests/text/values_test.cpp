@@ -236,6 +236,29 @@ TEST_F(Text, NumbersAreWrittenAsTheCLibraryWritesThem) {
             "'-9.22337e+18'");
 }
 
+TEST_F(Text, LinesOfAllLengthsBecomeRows) {
+  constexpr std::size_t kLongest = 150;
+  std::string text;
+  for (std::size_t i = 0; i <= kLongest; ++i)
+    text += std::string(kLongest - i, static_cast<char>('a' + i % 26)) + (i < kLongest ? "\n" : "");
+  const NumericOrString value(ArrayOwner(vxCreateString(text.c_str())).get());
+  const auto lines = value.getUTF16String();
+  ASSERT_EQ(lines.size(), kLongest + 1);
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    gui_objects::UTF16String expected(kLongest - i, static_cast<vxChar>('a' + i % 26));
+    expected.resize(kLongest, ' ');
+    EXPECT_EQ(lines[i], expected) << i;
+  }
+  // A text of one dimension is a row like others in a longer list, and alone it is none.
+  for (const std::size_t numbers : {1U, 2U}) {
+    const ArrayOwner cells = test::array("1x2 cell");
+    vxSetCell(cells.get(), 0, test::array("1x char 97").release());
+    vxSetCell(cells.get(), 1, test::array(numbers == 1 ? "1x1 int8 5" : "1x2 int8 5 6").release());
+    EXPECT_EQ(backFrom("NumericOrString", [&](auto& type) { return type.fromArray(cells.get()); }),
+              numbers == 1 ? "datatypes:TextStringDataType:InvalidCellArray" : "{'a', '5', '6'}");
+  }
+}
+
 TEST_F(Text, WhatNeedsNoChangeIsNeverCopied) {
   const auto dataOf = [](const vxArray* array) {
     return vxGetData(vxGetClassID(array) == vxCELL_CLASS ? vxGetCell(array, 0) : array);
