@@ -187,27 +187,24 @@ TEST(TextToValues, TheLocaleOfTheProcessPlaysNoPart) {
 }
 
 TEST(TextToValues, StyleWordsStandInAnyOrderAndTheLongestCounts) {
-  using Parts = std::tuple<std::string, std::string, std::string>;
-  const std::pair<const char*, Parts> rows[] = {
-      {"", {"", "", ""}},
-      {"-", {"", "-", ""}},
-      {"--", {"", "--", ""}},
-      {"-.", {"", "-.", ""}},
-      {":", {"", ":", ""}},
-      {"--.", {"", "--", "."}},
-      {"-..", {"", "-.", "."}},
-      {".-", {"", "-", "."}},
-      {"square", {"", "", "square"}},
-      {"s", {"", "", "s"}},
-      {"sk", {"k", "", "s"}},
-      {"r:pentagram", {"r", ":", "pentagram"}},
-      {"hexagramw--", {"w", "--", "hexagram"}},
-      {"d-g", {"g", "-", "d"}},
-  };
+  const std::pair<const char*, const char*> rows[] = {{"", "||"},
+                                                      {"-", "|-|"},
+                                                      {"--", "|--|"},
+                                                      {"-.", "|-.|"},
+                                                      {":", "|:|"},
+                                                      {"--.", "|--|."},
+                                                      {"-..", "|-.|."},
+                                                      {".-", "|-|."},
+                                                      {"s", "||s"},
+                                                      {"sk", "k||s"},
+                                                      {"d-g", "g|-|d"},
+                                                      {"square", "||square"},
+                                                      {"r:pentagram", "r|:|pentagram"},
+                                                      {"hexagramw--", "w|--|hexagram"}};
   for (const auto& [text, parts] : rows) {
-    auto [color, line, marker] = Parts("old", "old", "old");
+    std::string color = "old", line = "old", marker = "old";
     EXPECT_TRUE(stringToColorMarkerLineStyle(text, color, line, marker)) << text;
-    EXPECT_EQ(Parts(color, line, marker), parts) << text;
+    EXPECT_EQ(color.append("|").append(line).append("|").append(marker), parts) << text;
   }
   for (const char* text :
        {"---", "-:", "--.o", "ox", "rg", " -", "- ", "none", "squar", "S", "-|", "e"}) {
