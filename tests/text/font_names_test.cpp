@@ -12,8 +12,8 @@ namespace {
 
 using graphics::datatype::isFontNameValidIgnoreCase;
 
-/// Answers what it is told to, writes down what it is asked, and fails where `failing` says. Any
-/// reference will do.
+/// Answers what it is told to, writes down what it is asked, and where `failing` says gives null,
+/// throws or does both. Any reference will do.
 struct FontMachine : test::FakeJavaEnvironment {
   FontMachine() {
     table.FindClass = [](JNIEnv* env, const char* path) {
@@ -39,8 +39,9 @@ struct FontMachine : test::FakeJavaEnvironment {
   template <class Reference>
   Reference reference(const std::string& step, const std::string& asked) {
     calls += asked + " ";
-    pending = failing == step;
-    return pending ? nullptr : reinterpret_cast<Reference>(this);
+    pending = failing == step || failing == "thrown " + step;
+    const bool isNull = failing == step || failing == "null " + step;
+    return isNull ? nullptr : reinterpret_cast<Reference>(this);
   }
 
   std::string failing;
@@ -95,14 +96,16 @@ TEST(FontNames, AreWhatJavaSaysWhereItRuns) {
     java.failing = step;
     EXPECT_FALSE(isFontNameValidIgnoreCase("Serif") || java.pending) << step;
   }
-  java.failing = "class";
-  EXPECT_EQ(test::identifierRaisedBy([] { isFontNameValidIgnoreCase("Serif"); }),
-            "VORTIL:class:VORTILConversionError");
-  EXPECT_EQ(std::string(test::lastError().text)
-                .find("JNI cannot find class com/lindgrove/vg/types/VGFontName in file "
-                      "objects/FontNameDataTypeImpl line "),
-            0U);
-  EXPECT_FALSE(java.pending);
+  for (const char* step : {"class", "thrown class", "null class"}) {
+    java.failing = step;
+    EXPECT_EQ(test::identifierRaisedBy([] { isFontNameValidIgnoreCase("Serif"); }),
+              "VORTIL:class:VORTILConversionError");
+    EXPECT_EQ(std::string(test::lastError().text)
+                  .find("JNI cannot find class com/lindgrove/vg/types/VGFontName in file "
+                        "objects/FontNameDataTypeImpl line "),
+              0U);
+    EXPECT_FALSE(java.pending);
+  }
   isAttached = false;
   EXPECT_TRUE(isFontNameValidIgnoreCase("Serif")) << "as without Java";
   machine = nullptr;
