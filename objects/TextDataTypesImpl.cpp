@@ -137,7 +137,7 @@ bool NumericOrString::isValid(const vxArray* array, MessagePtr& message) {
 
 namespace {
 
-/// Kept: null is copied to the default value.
+/// Kept: the copy of null is a new default value.
 template <class Value>
 COSValue copyOf(COSValue value) {
   return COSValue::fromPointer(value.isNull() ? new Value
