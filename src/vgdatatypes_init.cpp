@@ -2,6 +2,7 @@
 #include "build_info.h"
 
 #include <graphics/datatype/StringConversion.h>
+#include <graphics/datatype/handles.h>
 #include <graphics/datatype/registration.h>
 #include <graphics/datatype/vgdatatypes.h>
 #include <gui_objects/InitializationCallbackRegistrar.h>
@@ -21,6 +22,7 @@ void initializeOnce() {
   // Cleared before the work: a failure is not retried, and a re-entrant call finds nothing to do.
   initializationIsDue = false;
   svRegisterFeature("VG2DoubleConversionWarning", 0, nullptr, nullptr);
+  graphics::datatype::initDoubleConverters();
   graphics::datatype::initStringConverters();
   graphics::datatype::get_initialization_callback_registry()->initialize();
 }

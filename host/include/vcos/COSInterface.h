@@ -9,6 +9,7 @@ namespace vcos {
 
 class COSClass;
 class COSInterfacePtr;
+class ObjectWatch;
 
 /// A counted object of the class system.
 class VGHOST_API COSInterface {
@@ -22,6 +23,9 @@ class VGHOST_API COSInterface {
   virtual COSInterfacePtr findProperty(COSNameID name) const = 0;
   virtual void addRef() noexcept = 0;
   virtual void release() noexcept = 0;
+
+  /// For the host itself: tells `watch` when the last reference to an object of a class goes.
+  virtual void addWatch(ObjectWatch& watch) noexcept;
 };
 
 /// Holds one reference to an object, or none.

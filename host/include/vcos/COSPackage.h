@@ -61,7 +61,8 @@ class VGHOST_API COSPackage {
   COSPackageInfo& getInfo() const noexcept { return *info_; }
   /// In the order of adding.
   const std::vector<COSDataType*>& getDataTypes() const noexcept { return types_; }
-  /// The class of that (last) name, loaded through the hook if necessary; null if there is none.
+  /// The class of that name, whole or only the part after the last dot, loaded through the hook if
+  /// necessary; null if there is none.
   COSClass* getClass(COSNameID name);
 
  private:

@@ -8,11 +8,14 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace vcos {
 
 using ArrayOwner = gui_objects::AutoPtr<vxArray, gui_objects::VxArrayDtor>;
 
+/// Whether a type has nothing to hold: its values have 0 bytes.
+VGHOST_API bool holdsNothing(const COSDataType& type, COSValue value);
 /// A copy of a word as the class system makes it: by the data type's copy(). A type whose values
 /// have 0 bytes has nothing to hold: its words are never copied or destroyed, and the copy is null.
 VGHOST_API COSValue copyValue(const COSDataType& type, COSValue value);
@@ -28,6 +31,8 @@ class VGHOST_API OwnedValue {
   OwnedValue& operator=(const OwnedValue&) = delete;
 
   COSValue get() const noexcept { return value_; }
+  /// The word is the caller's from now on.
+  COSValue release() noexcept { return std::exchange(value_, COSValue()); }
 
  private:
   const COSDataType* type_;
@@ -53,7 +58,7 @@ class VGHOST_API TypeAccess {
   /// afterwards unless the value is that very copy: some types take the text over.
   COSValue fromText(const char* text) const;
   /// A new value from a host array, which stays the caller's; whether it may be null is for the
-  /// type to say.
+  /// type to say. A type of references to objects gets the object that a number stands for.
   COSValue fromArray(const vxArray* array) const;
   /// The text of a value, whether the conversion returns a constant, the word itself or a string to
   /// be freed; none where the type has no text form for it.
@@ -69,6 +74,7 @@ class VGHOST_API TypeAccess {
   const COSTypeConversion* text_;
   const COSTypeConversion* array_;
   bool isTextFromArray_;  ///< the text conversion is handed the array of a value
+  bool isReference_;      ///< its conversion would count no reference for a number
 };
 
 }  // namespace vcos

@@ -23,8 +23,8 @@ inline constexpr int vxMSG_TOO_MANY_FIELDS = 18;
 /// A warning goes to the innermost vghost::WarningCapture, or to the console as one line.
 VGHOST_API void vxWarningMsgId(const resource_core::BaseMsgID& message);
 
-/// Identifier and text of the error that was raised last; empty texts if there was none. The
-/// pointers are valid until the next error.
+/// Identifier and text of the error that was raised last; null if there was none since the last
+/// one was cleared. The pointers are valid until the next error.
 VGHOST_API void vxGetLastErrIdAndMsg(const char** identifier, const char** message);
 
 /// How the host's evaluator is to treat a failure of what it runs. Raising always throws.
@@ -34,6 +34,9 @@ enum vxErrorMode : int { vxERROR_MODE_RAISE = 0, vxERROR_MODE_REPORT = 1 };
 VGHOST_API vxErrorMode vxSetErrorMode(vxErrorMode mode) noexcept;
 
 namespace vghost {
+
+/// Forgets the error that was raised last.
+VGHOST_API void clearLastError() noexcept;
 
 struct Warning {
   std::string identifier;

@@ -20,14 +20,29 @@ FindMachines findMachines() noexcept {
   return reinterpret_cast<FindMachines>(function);
 }
 
-}  // namespace
-
-JNIEnv* GetJNIEnvR() noexcept {
+JavaVM* findMachine() noexcept {
   const FindMachines find = findMachines();
   JavaVM* machine = nullptr;
   jsize count = 0;
-  if (!find || find(&machine, 1, &count) != JNI_OK || count == 0) return nullptr;
+  return find && find(&machine, 1, &count) == JNI_OK && count != 0 ? machine : nullptr;
+}
+
+JNIEnv* environmentOf(JavaVM* machine) noexcept {
   void* environment = nullptr;
-  const jint status = machine->GetEnv(&environment, JNI_VERSION_1_8);
-  return status == JNI_OK ? static_cast<JNIEnv*>(environment) : nullptr;
+  const bool isAttached = machine && machine->GetEnv(&environment, JNI_VERSION_1_8) == JNI_OK;
+  return isAttached ? static_cast<JNIEnv*>(environment) : nullptr;
+}
+
+}  // namespace
+
+JNIEnv* GetJNIEnvR() noexcept {
+  return environmentOf(findMachine());
+}
+
+JNIEnv* GetJNIEnv() noexcept {
+  JavaVM* const machine = findMachine();
+  if (JNIEnv* const attached = environmentOf(machine)) return attached;
+  void* environment = nullptr;
+  const bool isAttached = machine && machine->AttachCurrentThread(&environment, nullptr) == JNI_OK;
+  return isAttached ? static_cast<JNIEnv*>(environment) : nullptr;
 }

@@ -5,6 +5,7 @@
 #include <atomic>
 #include <forward_list>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -19,7 +20,7 @@ std::forward_list<Feature>& features() {
   return entries;
 }
 
-svFeatureEntry* find(const char* name) {
+svFeatureEntry* find(std::string_view name) {
   const auto found = std::ranges::find(features(), name, &Feature::name);
   return found == features().end() ? nullptr : &found->entry;
 }

@@ -1,109 +1,156 @@
-#include "CountedObject.h"
+#include "Object.h"
 
 #include <ut/faults.h>
 #include <vcos/COSClass.h>
-#include <vcos/TypeAccess.h>
 #include <vcos/exceptions.h>
 
-#include <memory>
+#include <optional>
+#include <string>
+#include <typeinfo>
 #include <utility>
 
 namespace vcos {
 
+using vghost::faults::countHostCall;
+
 COSInterface::~COSInterface() = default;
+void COSInterface::addWatch(ObjectWatch&) noexcept {}
 COSPropInfo::~COSPropInfo() = default;
 
 namespace {
 
-/// An object is a word for each property of its class, in the order of the class's properties.
-class Object final : public CountedObject {
- public:
-  explicit Object(const COSClass& ownClass) : class_(ownClass) {}
-  ~Object() override { destroyValues(); }
-
-  bool isDestroyed() const override { return destroyed_; }
-  COSClass* getClass() const override { return const_cast<COSClass*>(&class_); }
-  COSInterfacePtr findProperty(COSNameID name) const override {
-    return destroyed_ ? COSInterfacePtr() : class_.findProperty(name);
-  }
-
-  void initialize();
-  void destroyValues() noexcept;
-
-  COSValue& value(std::size_t index) {
-    if (destroyed_) throw COSMsgException("The object has been destroyed.");
-    return values_[index];
-  }
-
- private:
-  const COSClass& class_;
-  std::vector<COSValue> values_;
-  bool destroyed_ = false;
-};
+/// As dynamic_cast, which takes longer, for a class that none derives from.
+template <class Derived>
+Derived* exactCast(COSInterface* object) noexcept {
+  return object && typeid(*object) == typeid(Derived) ? static_cast<Derived*>(object) : nullptr;
+}
 
 class Property final : public CountedObject, public COSPropInfo {
  public:
-  Property(COSNameID name, COSDataTypePtr type, std::size_t index)
+  Property(COSNameID name, COSDataTypePtr type, const TypeAccess& access, std::size_t place)
       : name_(name),
         type_(std::move(type)),
-        index_(index) {}
+        access_(access),
+        place_(place) {}
 
   COSNameID nameID() const noexcept { return name_; }
-  COSDataType& type() const { return *type_.getObject(); }
+  std::size_t place() const noexcept { return place_; }
+  const COSDataType& dataType() const noexcept { return access_.dataType(); }
+  void setDefault(COSValue value) { default_.emplace(dataType(), copyValue(dataType(), value)); }
+  void setHook(COSPropertyHook hook) noexcept { hook_ = hook; }
+  void destroy(HeldWord held) const noexcept {
+    if (held.isOwn) destroyValue(dataType(), held.word);
+  }
 
   const char* getName() const override { return name_.c_str(); }
   COSDataTypePtr getDataType() const override { return type_; }
+  const TypeAccess& getTypeAccess() const override { return access_; }
 
-  COSValue getValue(const COSInterface* object) const override { return held(object); }
+  COSValue getValue(const COSInterface* object) const override {
+    const HeldWord held = ownerOf(const_cast<COSInterface*>(object)).held(place_);
+    return held.isOwn ? held.word : defaultWord();
+  }
 
   void setValue(COSInterface* object, COSValue value) override {
-    vghost::faults::countHostCall("setValue");
-    COSValue& word = held(object);
-    const COSValue old = std::exchange(word, copyValue(type(), value));
-    destroyValue(type(), old);
+    countHostCall("setValue");
+    Object& owner = ownerOf(object);
+    take(owner, copyValue(dataType(), value));
+  }
+  void setFromArray(COSInterface* object, const vxArray* value) override {
+    countHostCall("setFromArray");
+    Object& owner = ownerOf(object);
+    take(owner, access_.fromArray(value));
+  }
+  void setFromText(COSInterface* object, const char* text) override {
+    countHostCall("setFromText");
+    Object& owner = ownerOf(object);
+    take(owner, access_.fromText(text));
   }
 
  private:
-  /// The word on an object, which has to be of a class with this very property.
-  COSValue& held(const COSInterface* object) const {
-    const auto* owner = dynamic_cast<const Object*>(object);
-    if (!owner || owner->getClass()->findProperty(name_).get() != this)
+  /// A living object of a class with this very property.
+  Object& ownerOf(COSInterface* object) const {
+    Object* const owner = exactCast<Object>(object);
+    const auto* properties = owner ? &owner->getClass()->properties() : nullptr;
+    if (!properties || place_ >= properties->size() || (*properties)[place_].get() != this)
       throw COSMsgException(std::string("The object has no property ") + getName() + ".");
-    return const_cast<Object*>(owner)->value(index_);
+    if (owner->isDestroyed()) throw COSMsgException("The object has been destroyed.");
+    return *owner;
+  }
+
+  COSValue defaultWord() const {
+    if (default_) return default_->get();
+    return holdsNothing(dataType(), {}) ? COSValue() : dataType().getDefaultValue();
+  }
+
+  /// Puts a word in that is the object's from now on, also when this throws.
+  void take(Object& owner, COSValue word) const {
+    OwnedValue taken(dataType(), word);
+    const COSInterfacePtr alive(&owner);
+    owner.reserve(place_);
+    const HeldWord old = owner.replace(place_, {taken.release(), true});
+    if (hook_) runHook(owner, word, old);
+    destroy(old);
+  }
+
+  void runHook(Object& owner, COSValue word, HeldWord old) const {
+    try {
+      hook_(&owner, word);
+    } catch (...) {
+      destroy(owner.isDestroyed() ? old : owner.replace(place_, old));
+      throw;
+    }
   }
 
   COSNameID name_;
   COSDataTypePtr type_;
-  std::size_t index_;
+  TypeAccess access_;
+  std::size_t place_;
+  std::optional<OwnedValue> default_;
+  COSPropertyHook hook_ = nullptr;
 };
 
-const Property& propertyOf(const COSInterfacePtr& pointer) {
-  return static_cast<const Property&>(*pointer.get());
-}
-
-void Object::initialize() {
-  values_.reserve(class_.properties().size());
-  for (const COSInterfacePtr& property : class_.properties()) {
-    const COSDataType& type = propertyOf(property).type();
-    values_.push_back(copyValue(type, type.getDefaultValue()));
-  }
-}
-
-void Object::destroyValues() noexcept {
-  for (std::size_t i = 0; i < values_.size(); ++i)
-    destroyValue(propertyOf(class_.properties()[i]).type(), values_[i]);
-  values_.clear();
-  destroyed_ = true;
+const Property& propertyAt(const COSClass& owner, std::size_t place) {
+  return static_cast<const Property&>(*owner.properties()[place].get());
 }
 
 }  // namespace
 
+HeldWord Object::replace(std::size_t place, HeldWord word) noexcept {
+  return std::exchange(values_[place], word);
+}
+
+void Object::destroyValues() noexcept {
+  // What a value's end leads to finds an object without values.
+  isDestroyed_ = true;
+  const std::vector<HeldWord> values = std::exchange(values_, {});
+  for (std::size_t place = 0; place < values.size(); ++place)
+    propertyAt(class_, place).destroy(values[place]);
+}
+
+void Object::lastReferenceGone() noexcept {
+  watches_.clear_and_dispose([](ObjectWatch* watch) { watch->objectGone(); });
+  // Its values may hold the last reference to another object, and that one's to a third: one is
+  // deleted after the other, since a chain of any length must not take a stack of that depth.
+  static constinit thread_local Object* waiting = nullptr;
+  static constinit thread_local bool isDeleting = false;
+  nextToDelete_ = std::exchange(waiting, this);
+  if (isDeleting) return;
+  isDeleting = true;
+  while (waiting)
+    delete std::exchange(waiting, waiting->nextToDelete_);
+  isDeleting = false;
+}
+
 COSPropInfo* COSPropInfoPtrHelper::getObject(const COSInterfacePtr& property) const noexcept {
-  return dynamic_cast<Property*>(property.get());
+  return exactCast<Property>(property.get());
 }
 
 COSClass::COSClass(const char* name, const COSClass* base) : name_(name), base_(base) {
-  if (base) properties_ = base->properties_;
+  if (!base) return;
+  properties_ = base->properties_;
+  propertiesByName_ = base->propertiesByName_;
+  base->isBase_ = true;
 }
 
 COSClass::~COSClass() = default;
@@ -116,37 +163,58 @@ COSNameID COSClass::getNameID() const noexcept {
 }
 
 bool COSClass::isA(COSNameID name) const noexcept {
-  return name_ == name || (base_ && base_->isA(name));
+  for (const COSClass* candidate = this; candidate; candidate = candidate->base_)
+    if (candidate->name_ == name) return true;
+  return false;
 }
 
 void COSClass::addProperty(const char* name, COSNameID type) {
-  vghost::faults::countHostCall("addProperty");
+  countHostCall("addProperty");
   const COSNameID nameID(name);
   COSDataTypePtr dataType = COSTypeRepository::getType(type);
-  if (!dataType.getObject())
-    throw COSMsgException(std::string("There is no type ") + type.c_str() + ".");
+  const auto access = TypeAccess::find(type);
+  if (!access) throw COSMsgException(std::string("There is no type ") + type.c_str() + ".");
   if (findProperty(nameID))
     throw COSMsgException(std::string("The class ") + getName() + " has a property " + name +
                           " already.");
-  COSInterfacePtr property(new Property(nameID, std::move(dataType), properties_.size()));
+  if (isBase_)
+    throw COSMsgException(std::string("Another class derives from ") + getName() + " already.");
+  COSInterfacePtr property(new Property(nameID, std::move(dataType), *access, properties_.size()));
+  properties_.reserve(properties_.size() + 1);
+  propertiesByName_.emplace(nameID, property.get());
   properties_.push_back(std::move(property));
 }
 
+COSInterface& COSClass::ownProperty(COSNameID name) const {
+  const COSInterfacePtr found = findProperty(name);
+  const bool isInherited = base_ && base_->findProperty(name) == found;
+  if (!found || isInherited)
+    throw COSMsgException(std::string("The class ") + getName() + " has no property " +
+                          name.c_str() + " of its own.");
+  return *found.get();
+}
+
+void COSClass::setDefault(COSNameID property, COSValue value) {
+  countHostCall("setDefault");
+  static_cast<Property&>(ownProperty(property)).setDefault(value);
+}
+
+void COSClass::setHook(COSNameID property, COSPropertyHook hook) {
+  static_cast<Property&>(ownProperty(property)).setHook(hook);
+}
+
 COSInterfacePtr COSClass::findProperty(COSNameID name) const {
-  for (const COSInterfacePtr& property : properties_)
-    if (propertyOf(property).nameID() == name) return property;
-  return {};
+  const auto found = propertiesByName_.find(name);
+  return COSInterfacePtr(found == propertiesByName_.end() ? nullptr : found->second);
 }
 
 COSInterfacePtr COSClass::createObject() const {
-  auto* object = new Object(*this);
-  COSInterfacePtr owner(object);
-  object->initialize();
-  return owner;
+  countHostCall("createObject");
+  return COSInterfacePtr(new Object(*this));
 }
 
 void COSClass::destroyObject(const COSInterfacePtr& object) noexcept {
-  static_cast<Object*>(object.get())->destroyValues();
+  if (Object* const found = exactCast<Object>(object.get())) found->destroyValues();
 }
 
 }  // namespace vcos

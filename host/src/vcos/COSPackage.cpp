@@ -44,6 +44,11 @@ auto& packages() {
   return byName;
 }
 
+/// What follows on the last dot.
+std::string_view lastPart(std::string_view name) {
+  return name.substr(name.rfind('.') + 1);
+}
+
 COSPackage* find(COSNameID name) {
   const auto found = packages().find(name);
   return found == packages().end() ? nullptr : found->second.get();
@@ -111,11 +116,13 @@ COSPackage* COSPackage::getPackage(COSNameID name) {
 COSClass* COSPackage::getClass(COSNameID name) {
   const auto loaded = [&]() -> COSClass* {
     for (COSClass* candidate : classes_)
-      if (candidate->getNameID() == name) return candidate;
+      if (candidate->getNameID() == name || lastPart(candidate->getName()) == name.c_str())
+        return candidate;
     return nullptr;
   };
   if (COSClass* found = loaded()) return found;
-  return info_->attemptToLoadClass(name.c_str()) ? loaded() : nullptr;
+  const std::string leaf(lastPart(name.c_str()));
+  return info_->attemptToLoadClass(leaf.c_str()) ? loaded() : nullptr;
 }
 
 }  // namespace vcos

@@ -15,8 +15,11 @@ class CountedObject : public COSInterface {
   COSInterfacePtr findProperty(COSNameID) const override { return {}; }
   void addRef() noexcept final { references_.add(1); }
   void release() noexcept final {
-    if (references_.subtract(1) == 0) delete this;
+    if (references_.subtract(1) == 0) lastReferenceGone();
   }
+
+ protected:
+  virtual void lastReferenceGone() noexcept { delete this; }
 
  private:
   vghost::SharedCount references_;

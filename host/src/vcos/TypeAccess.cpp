@@ -3,6 +3,7 @@
 #include <vcos/COSTypeRepository.h>
 #include <vcos/TypeAccess.h>
 #include <vcos/exceptions.h>
+#include <vx/objects.h>
 
 #include <algorithm>
 #include <memory>
@@ -29,11 +30,28 @@ constexpr std::string_view kTextFromArray[] = {
     "vortil.graphics.datatype.Inset", "vortil.graphics.datatype.Point2d",
     "vortil.graphics.datatype.Point3", "vortil.graphics.datatype.PositivePoint3"};
 
-bool holdsNothing(const COSDataType& type, COSValue value) {
-  return type.getValueSizeInBytes(value) == 0;
+/// The type whose array conversion lends the object that a number stands for, where others give a
+/// value of its own.
+constexpr std::string_view kReferences = "vortil.graphics.datatype.COSInterface";
+
+/// An array of the object that a number stands for; the empty handle if there is none.
+ArrayOwner objectOf(const vxArray* number, COSNameID type) {
+  const COSTypeConversion* numbers = COSTypeRepository::getConversion(COSNameID("double"), type);
+  auto* const object =
+      numbers ? numbers->from(COSValue::fromDouble(vxGetScalar(number))).asPointer<COSInterface>()
+              : nullptr;
+  return ArrayOwner(omCreateVCOSScalar(COSInterfacePtr(object)));
+}
+
+bool isNumber(const vxArray* array) {
+  return array && vxGetClassID(array) == vxDOUBLE_CLASS && !vxIsEmpty(array);
 }
 
 }  // namespace
+
+bool holdsNothing(const COSDataType& type, COSValue value) {
+  return type.getValueSizeInBytes(value) == 0;
+}
 
 COSValue copyValue(const COSDataType& type, COSValue value) {
   return holdsNothing(type, value) ? COSValue() : type.copy(value);
@@ -49,7 +67,8 @@ TypeAccess::TypeAccess(COSNameID name, COSDataType& dataType)
       text_(COSTypeRepository::getConversion(COSNameID("string"), name)),
       array_(COSTypeRepository::getConversion(COSNameID("any"), name)),
       isTextFromArray_(std::ranges::find(kTextFromArray, std::string_view(name.c_str())) !=
-                       std::ranges::end(kTextFromArray)) {}
+                       std::ranges::end(kTextFromArray)),
+      isReference_(name.c_str() == kReferences) {}
 
 std::optional<TypeAccess> TypeAccess::find(COSNameID name) {
   COSDataType* dataType = COSTypeRepository::getType(name).getObject();
@@ -66,6 +85,8 @@ COSValue TypeAccess::fromText(const char* text) const {
 }
 
 COSValue TypeAccess::fromArray(const vxArray* array) const {
+  if (isReference_ && isNumber(array))
+    return array_->from(COSValue::fromPointer(objectOf(array, name_).get()));
   return array_->from(COSValue::fromPointer(array));
 }
 

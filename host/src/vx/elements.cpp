@@ -4,7 +4,6 @@
 #include <vcos/COSClass.h>
 #include <vx/class_dispatch.h>
 #include <vx/element_types.h>
-#include <vx/objects.h>
 
 #include <algorithm>
 
@@ -114,40 +113,6 @@ void vxSetFieldByNumber(vxArray* array, std::size_t index, int field, vxArray* e
 const char* vxGetFunctionName(const vxArray* array) {
   requireClass(array, vxFUNCTION_CLASS, "vxGetFunctionName");
   return array->names->front().c_str();
-}
-
-vxArray* omCreateVCOSScalar(const vcos::COSInterfacePtr& object) {
-  ArrayPtr array(omCreateVCOSMatrix(1, 1, object->getClass()->getNameID()));
-  omSetArrayElement(array.get(), 0, object);
-  return array.release();
-}
-
-vxArray* omCreateVCOSEmpty(vcos::COSNameID className) {
-  return omCreateVCOSMatrix(0, 0, className);
-}
-
-vxArray* omCreateVCOSMatrix(std::size_t m, std::size_t n, vcos::COSNameID className) {
-  countHostCall("omCreateVCOSMatrix");
-  const std::size_t dimensions[] = {m, n};
-  return createArray(vxOBJECT_CLASS, dimensions, 2, vxREAL, makeNames({className.c_str()}))
-      .release();
-}
-
-vcos::COSInterfacePtr omGetArrayElement(const vxArray* array, std::size_t index) {
-  requireClass(array, vxOBJECT_CLASS, "omGetArrayElement");
-  requireIndex(index, array->count());
-  return static_cast<ObjectBlock*>(array->block.get())->at(index);
-}
-
-void omSetArrayElement(vxArray* array, std::size_t index, const vcos::COSInterfacePtr& object) {
-  countHostCall("omSetArrayElement");
-  requireClass(array, vxOBJECT_CLASS, "omSetArrayElement");
-  requireIndex(index, array->count());
-  static_cast<ObjectBlock*>(array->writableBlock())->at(index) = object;
-}
-
-bool omIsVCOS(const vxArray* array) noexcept {
-  return array && array->classID == vxOBJECT_CLASS;
 }
 
 vxClassID vg::TL::detail::ArrayDispatcherBase::getClassID(const vxArray* array) noexcept {

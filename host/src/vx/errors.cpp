@@ -9,6 +9,7 @@
 #include <atomic>
 #include <cstdarg>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -36,8 +37,8 @@ class UserError final
 };
 
 /// Each thread has a last error of its own.
-UserError& lastError() {
-  thread_local UserError error("", "");
+std::optional<UserError>& lastError() {
+  thread_local std::optional<UserError> error;
   return error;
 }
 
@@ -49,7 +50,7 @@ void record(std::string identifier, std::string text) {
 /// usual callers have no object left to destroy when they throw, which would take as long again.
 Lindgrove::System::utErrorException_DEPRECATED recordedError() {
   return Lindgrove::System::utErrorException_DEPRECATED(
-      std::make_shared<const UserError>(lastError()));
+      std::make_shared<const UserError>(*lastError()));
 }
 
 constinit std::atomic<vxErrorMode> errorMode = vxERROR_MODE_RAISE;
@@ -87,8 +88,9 @@ void vxWarningMsgId(const resource_core::BaseMsgID& message) {
 }
 
 void vxGetLastErrIdAndMsg(const char** identifier, const char** message) {
-  *identifier = lastError().GetID();
-  *message = lastError().what();
+  const auto& error = lastError();
+  *identifier = error ? error->GetID() : nullptr;
+  *message = error ? error->what() : nullptr;
 }
 
 vxErrorMode vxSetErrorMode(vxErrorMode mode) noexcept {
@@ -96,6 +98,10 @@ vxErrorMode vxSetErrorMode(vxErrorMode mode) noexcept {
 }
 
 namespace vghost {
+
+void clearLastError() noexcept {
+  lastError().reset();
+}
 
 WarningCapture::WarningCapture() : outer_(innermostCapture) {
   innermostCapture = this;

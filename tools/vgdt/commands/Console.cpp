@@ -39,7 +39,9 @@ std::string defaultText(const Type& type) {
   const vcos::COSDataType& dataType = type.access.dataType();
   const vcos::COSValue value = dataType.getDefaultValue();
   if (dataType.getValueSizeInBytes(value) == 0) return kNone;
-  if (const auto text = textOf(type, value)) return *text;
+  std::optional<std::string> text;
+  static_cast<void>(failureOf([&] { text = textOf(type, value); }));  // the array will do
+  if (text) return *text;
   const vcos::ArrayOwner array = arrayOf(type, value);
   return array ? formatLiteral(array.get(), kMaxElements) : kNone;
 }

@@ -2,6 +2,7 @@
 
 #include "text/ColorWords.h"
 #include "text/GeometryWords.h"
+#include "text/NumberText.h"
 #include "text/ShapedWords.h"
 #include "text/StringWords.h"
 
@@ -21,9 +22,38 @@ constexpr const char* kThreeFractions =
     "3 elements of class double or single, 0 to 1: red, green and blue";
 constexpr const char* kThreeLevels = "3 elements of an integer class: levels, 0 to 255";
 
+Explanation explainHandle(const Refusal& refusal) {
+  const vxArray* const array = refusal.array;
+  if (!array) return {};
+  if (vxGetClassID(array) != vxDOUBLE_CLASS)
+    return {.faults = {fmt::format("the class is {}", vxGetClassName(array))}};
+  return {.faults = {fmt::format("{} is the number of no living object",
+                                 numberText(*static_cast<const double*>(vxGetData(array))))}};
+}
+
 /// The types with rules of their own, by name.
 const std::unordered_map<std::string, TypeWords>& ownWords() {
   static const std::unordered_map<std::string, TypeWords> rows = {
+      {"COSInterface",
+       {.family = "reference",
+        .inShort = "an object, or none",
+        .values = {"an object array, of which the first one counts", "the number of an object",
+                   "anything else, which refers to none"},
+        .samples = {"empty_handle", "[]", "'none'"}}},
+      {"HandleOrEmpty",
+       {.family = "reference",
+        .inShort = "an object, the number of one, or empty",
+        .values = {"an object array, of which the first one counts",
+                   "the number of a living object, of class double",
+                   "an empty array of any class, which refers to none"},
+        .samples = {"[]", "empty_handle", "-1", "'none'"},
+        .explain = explainHandle}},
+      {"JavaPeer",
+       {.family = "reference",
+        .inShort = "a Java object, or none",
+        .values =
+            {"any array: the Java object that comes closest to it, while a Java machine runs"},
+        .samples = {"1.5", "'text'"}}},
       {"ColorTable",
        {.family = "color",
         .inShort = "struct: a field of 3 or more numbers for each name",

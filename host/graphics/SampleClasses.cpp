@@ -1,0 +1,95 @@
+#include "SampleClasses.h"
+
+#include "ClassRows.h"
+
+#include <graphics/datatype/registration.h>
+#include <vcos/COSPackage.h>
+#include <vcos/TypeAccess.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+
+namespace sample {
+namespace {
+
+using vcos::COSClass;
+using vcos::COSNameID;
+
+COSNameID typeNamed(const std::string& name) {
+  return COSNameID(name == "string" ? "string" : ("vortil.graphics.datatype." + name).c_str());
+}
+
+void addProperty(COSClass& target, const PropertyRow& row) {
+  const COSNameID name(row.name);
+  const COSNameID type = typeNamed(row.type);
+  target.addProperty(row.name, type);
+  if (row.defaultText) {
+    const vcos::TypeAccess access = vcos::TypeAccess::find(type).value();
+    const vcos::OwnedValue value(access.dataType(), access.fromText(row.defaultText));
+    target.setDefault(name, value.get());
+  }
+  if (row.hook) target.setHook(name, row.hook);
+}
+
+const char* noText(const char*) {
+  return "";
+}
+
+void addToPackage(COSClass& added) {
+  const std::string name = added.getName();
+  const std::string package = name.substr(0, name.rfind('.'));
+  graphics::datatype::register_package(package.c_str(), noText, noText)->addClass(&added);
+}
+
+struct Classes {
+  std::vector<std::unique_ptr<COSClass>> all;
+  std::vector<const COSClass*> concrete;
+
+  const COSClass* find(std::string_view name) const {
+    const auto found =
+        std::ranges::find_if(all, [&](const auto& known) { return known->getName() == name; });
+    return found == all.end() ? nullptr : found->get();
+  }
+
+  void define(const ClassRow& row) {
+    all.push_back(std::make_unique<COSClass>(row.name, find(row.base)));
+    COSClass& defined = *all.back();
+    for (const std::span<const PropertyRow> group : row.properties)
+      for (const PropertyRow& property : group)
+        addProperty(defined, property);
+    if (row.isAbstract) return;
+    addToPackage(defined);
+    concrete.push_back(&defined);
+  }
+};
+
+const Classes& definedClasses() {
+  static const Classes& defined = *[] {
+    auto classes = std::make_unique<Classes>();
+    for (const ClassRow& row : classRows())
+      classes->define(row);
+    return classes.release();
+  }();
+  return defined;
+}
+
+}  // namespace
+
+const std::vector<const COSClass*>& classes() {
+  return definedClasses().concrete;
+}
+
+const COSClass* findClass(std::string_view name) {
+  const auto found = std::ranges::find_if(classes(), [&](const COSClass* known) {
+    return known->getName() == name || shortName(*known) == name;
+  });
+  return found == classes().end() ? nullptr : *found;
+}
+
+std::string_view shortName(const COSClass& sampleClass) {
+  const std::string_view name = sampleClass.getName();
+  return name.substr(name.rfind('.') + 1);
+}
+
+}  // namespace sample

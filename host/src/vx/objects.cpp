@@ -1,0 +1,72 @@
+#include "ArrayHeader.h"
+
+#include <ut/faults.h>
+#include <vcos/COSClass.h>
+#include <vx/objects.h>
+
+#include <unordered_map>
+
+using namespace vghost;
+using vcos::COSInterfacePtr;
+using vcos::COSNameID;
+using vghost::faults::countHostCall;
+
+namespace {
+
+/// The names of an array with a class's objects, which all its arrays share.
+const Names& namesOf(COSNameID className) {
+  static auto& known = *new std::unordered_map<COSNameID, Names>;
+  const auto found = known.find(className);
+  if (found != known.end()) return found->second;
+  return known.emplace(className, makeNames({className.c_str()})).first->second;
+}
+
+vxArray* sharedCopy(const vxArray* array, const char* operation) {
+  countHostCall(operation);
+  requireClass(array, vxOBJECT_CLASS, operation);
+  return new vxArray(*array);
+}
+
+}  // namespace
+
+vxArray* omCreateVCOSScalar(const COSInterfacePtr& object) {
+  if (!object) return omCreateVCOSEmpty(COSNameID("handle"));
+  ArrayPtr array(omCreateVCOSMatrix(1, 1, object->getClass()->getNameID()));
+  omSetArrayElement(array.get(), 0, object);
+  return array.release();
+}
+
+vxArray* omCreateVCOSEmpty(COSNameID className) {
+  return omCreateVCOSMatrix(0, 0, className);
+}
+
+vxArray* omCreateVCOSMatrix(std::size_t m, std::size_t n, COSNameID className) {
+  countHostCall("omCreateVCOSMatrix");
+  const std::size_t dimensions[] = {m, n};
+  return createArray(vxOBJECT_CLASS, dimensions, 2, vxREAL, namesOf(className)).release();
+}
+
+COSInterfacePtr omGetArrayElement(const vxArray* array, std::size_t index) {
+  requireClass(array, vxOBJECT_CLASS, "omGetArrayElement");
+  requireIndex(index, array->count());
+  return static_cast<ObjectBlock*>(array->block.get())->at(index);
+}
+
+void omSetArrayElement(vxArray* array, std::size_t index, const COSInterfacePtr& object) {
+  countHostCall("omSetArrayElement");
+  requireClass(array, vxOBJECT_CLASS, "omSetArrayElement");
+  requireIndex(index, array->count());
+  static_cast<ObjectBlock*>(array->writableBlock())->at(index) = object;
+}
+
+bool omIsVCOS(const vxArray* array) noexcept {
+  return array && array->classID == vxOBJECT_CLASS;
+}
+
+vxArray* vcosConvertArrayToInternal(const vxArray* array, bool) {
+  return sharedCopy(array, "vcosConvertArrayToInternal");
+}
+
+vxArray* vcosConvertArrayToExternal(const vxArray* array) {
+  return sharedCopy(array, "vcosConvertArrayToExternal");
+}
