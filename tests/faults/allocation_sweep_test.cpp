@@ -3,6 +3,7 @@
 #include "faults/Obstacles.h"
 #include "registry/RegisteredTypes.h"
 #include "support/ChildProcess.h"
+#include "support/Outcomes.h"
 
 #include <graphics/datatype/ColorNameTable.h>
 #include <graphics/datatype/EnumStringType.h>
@@ -54,8 +55,8 @@ std::string describe(const Subject& subject, Product product) {
              testing::PrintToString(numbersOf(product.array.get()));
   const OwnedValue value(subject.type, product.value);
   if (!product.value.isNull())
-    words += describe(
-        subject, {subject.access.toText(product.value), subject.access.toArray(product.value)});
+    words += describe(subject, {textOrError(subject.access, product.value),
+                                subject.access.toArray(product.value)});
   while (product.list.hasMoreElements())
     words += describe(subject, {.value = product.list.nextElement()});
   return words;
@@ -140,6 +141,8 @@ TEST(Sweep, ConversionsFailCleanlyAtEveryAllocationAndHostCall) {
     for (const RegisteredType& row : subjects()) {
       const Subject subject(row);
       for (const Work& work : kWorks) {
+        const bool isOfText = std::string_view(work.name).find("text") != std::string_view::npos;
+        if (isOfText && !row.takesText()) continue;
         SCOPED_TRACE(row.name + ", " + work.name);
         const std::string_view expected = row.obstacles.*work.meets;
         for (const Obstacle& obstacle : kObstacles) {

@@ -269,13 +269,47 @@ std::vector<RegisteredType> textTypes() {
   return {unicode, insensitive, list, display, normalized, font, styles};
 }
 
+/// A type of references, by default to nothing, which takes no text and has none.
+RegisteredType reference(const char* name, std::size_t bytes, const char* array,
+                         const char* nothing, const Obstacles& obstacles) {
+  return {.name = name,
+          .bytes = bytes,
+          .text = "",
+          .printed = std::nullopt,
+          .array = [array] { return test::array(array, {7}); },
+          .defaultArray = [nothing] { return test::array(nothing); },
+          .defaultPrinted = std::nullopt,
+          .nullArray = [nothing] { return test::array(nothing); },
+          .obstacles = obstacles,
+          .isDefaultNull = true};
+}
+
+std::vector<RegisteredType> referenceTypes() {
+  RegisteredType object =
+      reference("COSInterface", 8, "1x1 object", "0x0 object", {"", "ac", "", "nac", "", ""});
+  object.isCopied = false;
+  RegisteredType handle =
+      reference("HandleOrEmpty", 16, "1x1 object", "0x0 object", {"", "ac", "", "ac", "", "ac"});
+  handle.isDefaultNull = false;
+  handle.printed = handle.defaultPrinted = handle.nullPrinted =
+      "handleoremptydatatype:DataTypeToString";
+  handle.fromNullText = "handleoremptydatatype:StringToDataType";
+  handle.fromNullArray = *handle.printed;
+  // Without a Java machine no array has a Java object, and all values are equal.
+  RegisteredType java =
+      reference("JavaPeer", 24, "0x0 double", "0x0 double", {"", "a", "", "ac", "", "a"});
+  java.order = java.reverseOrder = 0;
+  java.fromNullArray = "null";
+  return {object, handle, java};
+}
+
 }  // namespace
 
 const std::vector<RegisteredType>& registeredTypes() {
   static const std::vector<RegisteredType> types = [] {
     std::vector<RegisteredType> all = {onOff(),     color("RGBAColor"), markerColor(),
                                        meshColor(), meshAlpha(),        colorTable()};
-    for (const auto& group : {geometricTypes(), textTypes()})
+    for (const auto& group : {geometricTypes(), textTypes(), referenceTypes()})
       all.insert(all.end(), group.begin(), group.end());
     for (const EnumeratedType& type : kEnumeratedTypes)
       all.push_back(registered(type));

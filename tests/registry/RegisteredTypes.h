@@ -30,7 +30,7 @@ enum class Family { kOwn, kEnumerated, kShaped };
 struct RegisteredType {
   std::string name;                    ///< the last part of the dotted name
   std::size_t bytes;                   ///< that the type reports; 0 if its words are no values
-  std::string text;                    ///< a value
+  std::string text;                    ///< a value; empty if the type takes no text
   std::optional<std::string> printed;  ///< what it prints as; none if it has no text
   std::function<ArrayOwner()> array;   ///< another value
   std::function<ArrayOwner()> defaultArray;
@@ -42,7 +42,8 @@ struct RegisteredType {
   Family family = Family::kOwn;
   std::string declarationName = name;
   int storageType = 7;
-  bool isFinite = false;  ///< as to its possible values
+  bool isFinite = false;             ///< as to its possible values
+  bool isCopied = storageType == 7;  ///< a copy is another word
   bool isDefaultNull = storageType == 0;
   int order = 2;  ///< of the value of the array and that of the text, if it is not equal
   int reverseOrder = 2;
@@ -57,6 +58,7 @@ struct RegisteredType {
   std::string refusalRaises = {};  ///< by start-up, if a step of the registration is refused
 
   std::string dottedName() const { return "vortil.graphics.datatype." + name; }
+  bool takesText() const { return !text.empty(); }
 };
 
 /// Each type that the library registers.

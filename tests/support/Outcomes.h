@@ -8,6 +8,7 @@
 #include <gui_objects/exceptions.h>
 
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,14 @@ inline std::string shortIdentifier(std::string identifier) {
   for (const std::string_view prefix : {"VORTIL:datatypes:", "VORTIL:vg:dt_conv:", "VORTIL:vg:"})
     if (identifier.starts_with(prefix)) return identifier.erase(0, prefix.size());
   return identifier;
+}
+
+/// The text of a value, or the short identifier of the host error that is raised in its place.
+inline std::optional<std::string> textOrError(const vcos::TypeAccess& access,
+                                              vcos::COSValue value) {
+  std::optional<std::string> text;
+  const std::string raised = identifierRaisedBy([&] { text = access.toText(value); });
+  return raised.empty() ? text : shortIdentifier(raised);
 }
 
 /// The text of the value that `make` gives, "null" for a null word, or what is raised: a short
