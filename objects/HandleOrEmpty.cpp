@@ -78,7 +78,7 @@ HandleOrEmpty::HandleOrEmpty(const HandleOrEmpty& other) : HostAllocated(other) 
 }
 
 HandleOrEmpty& HandleOrEmpty::operator=(const HandleOrEmpty& other) {
-  if (!(*this == other)) copy(other);
+  if (this != &other && !(*this == other)) copy(other);
   return *this;
 }
 

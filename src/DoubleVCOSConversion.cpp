@@ -181,11 +181,11 @@ void vcos_destroy_handle(double handle) {
   delete record;
 }
 
-void assignFigureIntegerHandle(COSInterfacePtr figure, int number) {
+void assignFigureIntegerHandle(const COSInterfacePtr& figure, int number) {
   assignInteger(figure.get(), number);
 }
 
-void warnAboutToDoubleConversion(COSInterfacePtr object) {
+void warnAboutToDoubleConversion(const COSInterfacePtr& object) {
   if (!warningsAreOn()) return;
   const vcos::COSClass* const ownClass = object ? object->getClass() : nullptr;
   vxWarningMsgId(component_VORTIL::catalog_graphics::key_DoubleConversionWarning(

@@ -50,7 +50,7 @@ void filter_RGBAColorToGeometryPrimitive(COSInterface* object, const RGBAColor* 
     if (!prop_is_auto(object, mode)) return;
   const bool isNone = color->getStyle() == ColorStyle::kNone;
   if (!isNone && color->getStyle() != ColorStyle::kColor) return;
-  const RGBAColor& shown = isNone ? invisible() : *color;
+  const RGBAColor shown = isNone ? invisible() : *color;
   const ColorType type(shown.getAlpha() >= 1 ? ColorType::kTruecolor : ColorType::kTruecoloralpha);
   setBehind(object, "ColorData", bytesOf(shown));
   setBehind(object, "ColorType", type);

@@ -6,7 +6,7 @@
 #include <ut/export.h>
 #include <vx/array.h>
 
-class _jobject;
+class _jobject;             // NOLINT(bugprone-reserved-identifier): the name is Java's
 using jobject = _jobject*;  // as in jni.h
 
 /// A new global reference; null for null, where there is no Java machine, and if memory fails.

@@ -83,12 +83,14 @@ class Property final : public CountedObject, public COSPropInfo {
     return holdsNothing(dataType(), {}) ? COSValue() : dataType().getDefaultValue();
   }
 
-  /// Puts a word in that is the object's from now on, also when this throws.
-  void take(Object& owner, COSValue word) const {
-    OwnedValue taken(dataType(), word);
+  /// Puts a word in that is the object's from now on, also when this throws; of a type that has
+  /// nothing to hold, null.
+  void take(Object& owner, COSValue given) const {
+    OwnedValue taken(dataType(), holdsNothing(dataType(), given) ? COSValue() : given);
     const COSInterfacePtr alive(&owner);
     owner.reserve(place_);
-    const HeldWord old = owner.replace(place_, {taken.release(), true});
+    const COSValue word = taken.release();
+    const HeldWord old = owner.replace(place_, {word, true});
     if (hook_) runHook(owner, word, old);
     destroy(old);
   }

@@ -2,12 +2,10 @@
 
 #include <graphics/datatype/HostAllocated.h>
 #include <graphics/datatype/PropertyDataType.h>
+#include <java/references.h>
 #include <vcos/COSTypeConversion.h>
 
 #include <boost/smart_ptr/shared_ptr.hpp>
-
-class _jobject;
-using jobject = _jobject*;  // as in jni.h
 
 namespace graphics::datatype {
 

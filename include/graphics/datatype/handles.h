@@ -34,11 +34,11 @@ VGDT_API void vcos_destroy_handle(double handle);
 
 /// Gives a figure an integer of the host's choice as a further number. The figure that has it by
 /// now loses it.
-VGDT_API void assignFigureIntegerHandle(vcos::COSInterfacePtr figure, int number);
+VGDT_API void assignFigureIntegerHandle(const vcos::COSInterfacePtr& figure, int number);
 
 /// Warns ("VORTIL:graphics:DoubleConversionWarning") that an object of that class becomes a number,
 /// while the feature "VG2EarlyWarnings" or "VG2DoubleConversionWarning" is on. Null is "graphics".
-VGDT_API void warnAboutToDoubleConversion(vcos::COSInterfacePtr object);
+VGDT_API void warnAboutToDoubleConversion(const vcos::COSInterfacePtr& object);
 /// Likewise ("VORTIL:vg:DoubleToHandleConversion") that a number becomes an object.
 VGDT_API void warnAboutFromDoubleConversion();
 
