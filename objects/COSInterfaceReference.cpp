@@ -7,6 +7,7 @@
 #include <vcos/COSIterator.h>
 #include <vx/objects.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace graphics::datatype {
@@ -73,9 +74,9 @@ COSValue COSInterfaceVC::to(COSValue value) const {
   if (value.isNull()) return COSValue::fromPointer(omCreateVCOSEmpty(handle));
   auto* const object = value.asPointer<COSInterface>();
   const std::vector<COSInterfacePtr> elements = elementsOf(object);
-  const bool isSingle = elements.size() < 2;
-  ArrayPtr array(isSingle ? omCreateVCOSMatrix(1, 1, object->getClass()->getNameID())
-                          : omCreateVCOSMatrix(1, elements.size(), handle));
+  const vcos::COSClass* const ownClass = elements.size() < 2 ? object->getClass() : nullptr;
+  ArrayPtr array(omCreateVCOSMatrix(1, std::max<std::size_t>(elements.size(), 1),
+                                    ownClass ? ownClass->getNameID() : handle));
   for (std::size_t i = 0; i < elements.size(); ++i)
     omSetArrayElement(array.get(), i, elements[i]);
   return COSValue::fromPointer(array.release());

@@ -97,10 +97,16 @@ Tracking& requireTracking() {
   return *tracking;
 }
 
+/// A number that cannot be kept is taken out of the table again.
 double tracked(double number) {
   if (number == kNoHandle) return number;
-  Tracking& numbers = requireTracking();
-  if (numbers.enabled) numbers.handles.insert(number);
+  try {
+    Tracking& numbers = requireTracking();
+    if (numbers.enabled) numbers.handles.insert(number);
+  } catch (...) {
+    vcos_destroy_handle(number);
+    throw;
+  }
   return number;
 }
 
@@ -108,8 +114,9 @@ double firstRootHandle(COSInterface* root) {
   if (!svIsFeatureEnabled("VORTILUsingSingleGraphics"))
     vxErrMsgId(VORTIL::vg::root::InvalidRootCast());
   assignInteger(root, 0);
+  const double number = tracked(0);
   rootHasHandle = true;
-  return 0;
+  return number;
 }
 
 bool wantsInteger(COSInterface* figure) {
@@ -149,7 +156,7 @@ class DoubleVCOSConversion final : public vcos::COSTypeConversion {
     vcos::COSClass* const ownClass = object ? object->getClass() : nullptr;
     if (!ownClass || !ownClass->isA(graphicsObject)) return kNoHandle;
     const bool isRoot = ownClass->isA(root);
-    if (isRoot && !rootHasHandle) return tracked(firstRootHandle(object));
+    if (isRoot && !rootHasHandle) return firstRootHandle(object);
     if (ownClass->isA(figure) && wantsInteger(object))
       return tracked(enterRecord(object, new_figure_handle));
     if (isRoot && isBehindZero(object)) return 0;

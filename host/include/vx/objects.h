@@ -7,7 +7,8 @@
 #include <vcos/COSNameID.h>
 #include <vx/array.h>
 
-/// A 1 by 1 array of the object's own class; the empty array of class "handle" for null.
+/// A 1 by 1 array of the object's own class, or of "handle" if it has none; the empty array of
+/// class "handle" for null.
 [[nodiscard]] VGHOST_API vxArray* omCreateVCOSScalar(const vcos::COSInterfacePtr& object);
 /// A 0 by 0 array of the class of that name.
 [[nodiscard]] VGHOST_API vxArray* omCreateVCOSEmpty(vcos::COSNameID className);

@@ -31,7 +31,8 @@ vxArray* sharedCopy(const vxArray* array, const char* operation) {
 
 vxArray* omCreateVCOSScalar(const COSInterfacePtr& object) {
   if (!object) return omCreateVCOSEmpty(COSNameID("handle"));
-  ArrayPtr array(omCreateVCOSMatrix(1, 1, object->getClass()->getNameID()));
+  const vcos::COSClass* const ownClass = object->getClass();
+  ArrayPtr array(omCreateVCOSMatrix(1, 1, ownClass ? ownClass->getNameID() : COSNameID("handle")));
   omSetArrayElement(array.get(), 0, object);
   return array.release();
 }

@@ -15,7 +15,7 @@ namespace graphics::datatype {
 //     filter_LineStyleToPrimLineStyle(line, style);  // "LineStyle_I" becomes "dashed"
 //
 // Errors: "VORTIL:vg:ChildModePropNotFound", with the name of the property that is missing, and
-// whatever setting a property raises.
+// whatever setting a property raises. What a filter has written before it fails stays written.
 
 /// Sets "Style_I", of the type "PrimMarkerStyle".
 VGDT_API void filter_MarkerStyleToPrimMarkerStyle(vcos::COSInterface* object,
