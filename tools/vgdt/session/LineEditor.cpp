@@ -101,6 +101,7 @@ struct LineEditor::Editor {
     el_set(edited, EL_PROMPT, promptText);
     el_set(edited, EL_HIST, ::history, history.get());
     el_set(edited, EL_EDITOR, "emacs");
+    el_set(edited, EL_SIGNAL, 1);  // the terminal's size, and suspending
     el_set(edited, EL_CLIENTDATA, this);
     el_set(edited, EL_ADDFN, "vgdt-complete", "Completes a word", completeWord);
     el_set(edited, EL_BIND, "^I", "vgdt-complete", nullptr);

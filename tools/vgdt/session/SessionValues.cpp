@@ -50,8 +50,9 @@ bool isReserved(std::string_view word) {
 std::string hintAt(const Call& call, std::string_view place) {
   const std::string_view word = place.substr(0, place.find_first_of(kWordEnds));
   const bool isWord = !word.empty() && std::isalpha(static_cast<unsigned char>(word.front())) != 0;
-  if (!isWord || problemOfName(word)) return {};
-  const auto nearest = nearestName(word, call.session.objects().livingNames());
+  Objects& objects = call.session.objects();
+  if (!isWord || objects.find(word) || problemOfName(word)) return {};
+  const auto nearest = nearestName(word, objects.livingNames());
   return fmt::format("; there is no object \"{}\"{}", shortened(word),
                      nearest ? fmt::format("; did you mean \"{}\"?", *nearest) : "");
 }
