@@ -69,7 +69,7 @@ Words wordsFor(const Session& session, const Usage::Place& place) {
 }
 
 Words wordsBehind(const Session& session, std::string_view beginning) {
-  if (withoutBlanks(beginning).empty()) return commandNames();
+  if (beginning.empty()) return commandNames();
   const SessionCommand* const command = findCommand(beginning);
   if (!command) return {"="};
   const Usage::Place place = command->usage.placeBehind(beginning);
@@ -83,9 +83,7 @@ Completion completionOf(const Session& session, std::string_view line) {
   const std::size_t end = line.find_last_of(kWordEnds);
   const std::size_t begin = end == line.npos ? 0 : end + 1;
   const std::string_view word = line.substr(begin);
-  const std::size_t first = std::min(line.find_first_not_of(kBlanks), line.size());
-  Words words =
-      wordsBehind(session, withoutBlanks(line.substr(first, begin - std::min(begin, first))));
+  Words words = wordsBehind(session, withoutBlanks(line.substr(0, begin)));
   std::erase_if(words, [&](const std::string& known) { return !known.starts_with(word); });
   std::ranges::sort(words);
   return {begin, std::move(words)};

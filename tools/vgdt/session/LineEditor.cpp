@@ -83,8 +83,8 @@ void printWords(const std::vector<std::string>& words) {
 
 struct LineEditor::Editor {
   struct End {
-    void operator()(EditLine* line) const { el_end(line); }
-    void operator()(History* history) const { history_end(history); }
+    void operator()(EditLine* ended) const { el_end(ended); }
+    void operator()(History* ended) const { history_end(ended); }
   };
 
   explicit Editor(Complete how) : complete(std::move(how)), file(historyFile()) {
@@ -129,7 +129,8 @@ struct LineEditor::Editor {
     const std::size_t typed = before.size() - found.begin;
     if (found.words.empty()) return CC_REFRESH_BEEP;
     std::string rest(commonBeginning(found.words).substr(typed));
-    if (found.words.size() == 1) rest += ' ';
+    const bool isWordOfCommand = found.begin == 0 || before[found.begin - 1] == ' ';
+    if (found.words.size() == 1 && isWordOfCommand) rest += ' ';
     if (rest.empty()) {
       printWords(found.words);
       return CC_REDISPLAY;
@@ -137,9 +138,9 @@ struct LineEditor::Editor {
     return el_insertstr(line.get(), rest.c_str()) == 0 ? CC_REFRESH : CC_REFRESH_BEEP;
   }
 
-  static unsigned char completeWord(EditLine* line, int) {
+  static unsigned char completeWord(EditLine* edited, int) {
     Editor* self = nullptr;
-    el_get(line, EL_CLIENTDATA, &self);
+    el_get(edited, EL_CLIENTDATA, &self);
     try {
       return self->completeHere();
     } catch (...) {
