@@ -27,6 +27,7 @@ class CommandLine {
     addDescribe();
     addConvert();
     addEval();
+    addSession();
     addColors();
     addUnits();
   }
@@ -127,6 +128,16 @@ class CommandLine {
     command->add_option("FILE", file_, "The requests; standard input without it")->type_name("");
     command->add_flag("--table", asTable_, "Print a table for people");
     command->callback([this] { chosen_ = [this] { return evaluate(console_, file_, asTable_); }; });
+  }
+
+  void addSession() {
+    CLI::App* command = addCommand("session", "Make objects, set and show their properties",
+                                   "  vgdt session\n  vgdt session figure.session\n"
+                                   "  echo 'f = new Figure' | vgdt session --json");
+    command->add_option("FILE", file_, "The commands; standard input without it")->type_name("");
+    addJsonFlag(command);
+    command->callback(
+        [this] { chosen_ = [this] { return runSession(console_, file_, asJson_); }; });
   }
 
   void addColors() {

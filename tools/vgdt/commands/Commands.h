@@ -30,5 +30,8 @@ struct UnitsArguments {
 ExitStatus convertUnits(const Console& console, const UnitsArguments& arguments, bool asJson);
 /// From the file of that name; from standard input without one.
 ExitStatus evaluate(const Console& console, const std::optional<std::string>& file, bool asTable);
+/// The lines of the file of that name; without one those of standard input, edited if both it and
+/// standard output are a terminal.
+ExitStatus runSession(const Console& console, const std::optional<std::string>& file, bool asJson);
 
 }  // namespace vgdt

@@ -25,8 +25,12 @@ std::string listed(std::vector<std::string> names) {
 }  // namespace
 
 void explainRefusal(const Console& console, const Refusal& refusal) {
+  explainRefusal(console, refusal.type.name, refusal);
+}
+
+void explainRefusal(const Console& console, std::string_view name, const Refusal& refusal) {
   const auto& [type, given, array, failure] = refusal;
-  reportProblem(console, fmt::format("{} does not take this value", type.name));
+  reportProblem(console, fmt::format("{} does not take this value", name));
   const bool hasIdentifier = !failure.identifier.empty();
   printField(console.errors, "error", hasIdentifier ? failure.identifier : nameOf(failure.kind));
   if (!failure.message.empty()) printField(console.errors, "message", failure.message);

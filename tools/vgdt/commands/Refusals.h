@@ -4,11 +4,14 @@
 #include "text/Explanation.h"
 
 #include <string>
+#include <string_view>
 
 namespace vgdt {
 
 /// Tells a person that a type has refused a value, why, and what it takes.
 void explainRefusal(const Console& console, const Refusal& refusal);
+/// The same for a type that a person knows as `name`.
+void explainRefusal(const Console& console, std::string_view name, const Refusal& refusal);
 
 /// Tells a person what is wrong with a request, and shows the place in a literal that does not
 /// parse.

@@ -4,6 +4,8 @@
 #include "literal/Literal.h"
 
 #include <fmt/format.h>
+#include <vcos/COSClass.h>
+#include <vx/objects.h>
 
 #include <algorithm>
 #include <utility>
@@ -44,8 +46,20 @@ void BracketBuilder::addText(fl::ustring text, std::size_t position) {
     characters_ += text;
 }
 
+void BracketBuilder::addObjects(const vxArray* array, std::size_t position) {
+  if (!omIsVCOS(array)) throw LiteralError(position, "only objects stand in brackets by name");
+  admit(Kind::Object, position);
+  for (std::size_t i = 0; i < vxGetNumberOfElements(array); ++i)
+    objects_.push_back(omGetArrayElement(array, i));
+}
+
 void BracketBuilder::admit(Kind kind, std::size_t position) {
-  if (kind_ != Kind::Nothing && (kind == Kind::Text) != (kind_ == Kind::Text))
+  const auto differ = [&](Kind one) {
+    return kind_ != Kind::Nothing && (kind == one) != (kind_ == one);
+  };
+  if (differ(Kind::Object))
+    throw LiteralError(position, "objects mix with nothing else in brackets");
+  if (differ(Kind::Text))
     throw LiteralError(position, "texts do not mix with numbers or logicals in brackets");
   if (kind_ < kind) kind_ = kind;
 }
@@ -61,6 +75,7 @@ void BracketBuilder::closeRow(std::size_t position) {
 }
 
 LiteralValue BracketBuilder::finish(std::size_t position) {
+  if (kind_ == Kind::Object) return {objects(), position};
   if (kind_ == Kind::Text && columns_ == 0) rows_ = 0;
   const std::size_t dimensions[] = {rows_, columns_};
   LiteralValue result{makeArray(classID(), dimensions), position};
@@ -72,6 +87,21 @@ LiteralValue BracketBuilder::finish(std::size_t position) {
       storeByColumns(elements_, rows_, target);
   });
   return result;
+}
+
+/// Of the class that all have, or else "handle".
+vcos::ArrayOwner BracketBuilder::objects() const {
+  const auto classOf = [](const vcos::COSInterfacePtr& object) {
+    return object ? object->getClass()->getNameID() : vcos::COSNameID("handle");
+  };
+  const vcos::COSNameID first = classOf(objects_.front());
+  const bool isOfOneClass =
+      std::ranges::all_of(objects_, [&](const auto& object) { return classOf(object) == first; });
+  vcos::ArrayOwner array(
+      omCreateVCOSMatrix(rows_, columns_, isOfOneClass ? first : vcos::COSNameID("handle")));
+  for (std::size_t i = 0; i < objects_.size(); ++i)
+    omSetArrayElement(array.get(), i % columns_ * rows_ + i / columns_, objects_[i]);
+  return array;
 }
 
 vxClassID BracketBuilder::classID() const {

@@ -96,11 +96,11 @@ struct Action<grammar::Call> : Calls<&LiteralBuilder::closeCall> {};
 
 }  // namespace
 
-vcos::ArrayOwner parseLiteral(std::string_view literal) {
+vcos::ArrayOwner parseLiteral(std::string_view literal, const WordResolver& words) {
   using tao::pegtl::memory_input;
   using tao::pegtl::tracking_mode;
   memory_input<tracking_mode::lazy> input(literal.data(), literal.data() + literal.size(), "");
-  LiteralBuilder builder(literal);
+  LiteralBuilder builder(literal, words);
   tao::pegtl::parse<grammar::Literal, Action, Control>(input, builder);
   return builder.result();
 }

@@ -5,6 +5,7 @@
 #include <vcos/TypeAccess.h>
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -27,10 +28,17 @@ class LiteralError : public RequestError {
 /// How many brackets, braces and calls may stand inside each other.
 inline constexpr std::size_t kMaxLiteralDepth = 64;
 
-/// The host array that a literal describes.
+/// The array that a word stands for; null if the word is not known.
+using WordResolver = std::function<vcos::ArrayOwner(std::string_view word)>;
+
+/// What a word that a WordResolver may know is made of: anything else ends it.
+inline constexpr std::string_view kWordEnds = " \t\r\n\v\f'\"[]{}(),;#";
+
+/// The host array that a literal describes. A word that `words` knows may stand for a value, and in
+/// square brackets for an object.
 ///
 /// Throws LiteralError; raises what the host raises when an array cannot be made
 /// ("VORTIL:array:SizeLimitExceeded").
-vcos::ArrayOwner parseLiteral(std::string_view literal);
+vcos::ArrayOwner parseLiteral(std::string_view literal, const WordResolver& words = {});
 
 }  // namespace vgdt

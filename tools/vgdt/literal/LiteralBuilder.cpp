@@ -9,6 +9,7 @@
 #include <messages/ustring.h>
 #include <vx/objects.h>
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 
@@ -67,6 +68,22 @@ void LiteralBuilder::logicalElement(std::string_view token) {
 
 void LiteralBuilder::textElement(std::string_view token) {
   bracket_.addText(charactersOf(token), positionOf(token));
+}
+
+std::size_t LiteralBuilder::knownWord(std::string_view rest, bool isElement) {
+  if (!words_) return 0;
+  const std::size_t length = std::min(rest.find_first_of(kWordEnds), rest.size());
+  const std::size_t next = rest.find_first_not_of(" \t", length);
+  const bool isCall = next != rest.npos && rest[next] == '(';
+  if (length == 0 || isCall) return 0;
+  const std::string_view word = rest.substr(0, length);
+  vcos::ArrayOwner array = words_(word);
+  if (!array) return 0;
+  if (isElement)
+    bracket_.addObjects(array.get(), positionOf(word));
+  else
+    push(std::move(array), word);
+  return length;
 }
 
 void LiteralBuilder::open(std::string_view token, std::string_view function) {

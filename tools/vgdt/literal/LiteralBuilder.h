@@ -1,6 +1,7 @@
 #pragma once
 
 #include "literal/BracketBuilder.h"
+#include "literal/Literal.h"
 #include "literal/LiteralValue.h"
 
 #include <cstddef>
@@ -15,7 +16,9 @@ namespace vgdt {
 /// which also says where it stands.
 class LiteralBuilder {
  public:
-  explicit LiteralBuilder(std::string_view literal) : literal_(literal) {}
+  LiteralBuilder(std::string_view literal, const WordResolver& words)
+      : literal_(literal),
+        words_(words) {}
 
   std::size_t positionOf(const char* place) const {
     return static_cast<std::size_t>(place - literal_.data());
@@ -39,6 +42,9 @@ class LiteralBuilder {
   void logicalElement(std::string_view token);
   void textElement(std::string_view token);
   void bracketRow(std::string_view token) { bracket_.closeRow(positionOf(token)); }
+
+  /// Takes the word at the front of `rest` if it is known; its length, or else 0.
+  std::size_t knownWord(std::string_view rest, bool isElement);
 
   void openBracket(std::string_view token);
   void closeBracket(std::string_view token);
@@ -70,6 +76,7 @@ class LiteralBuilder {
   void close(vcos::ArrayOwner array, std::string_view token);
 
   std::string_view literal_;
+  const WordResolver& words_;
   std::vector<LiteralValue> values_;
   std::vector<Composite> open_;
   BracketBuilder bracket_;  // brackets do not nest

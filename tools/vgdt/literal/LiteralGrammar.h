@@ -2,6 +2,9 @@
 
 #include <tao/pegtl.hpp>
 
+#include <cstddef>
+#include <string_view>
+
 /// The grammar of literals. After an opening bracket, brace or parenthesis nothing is tried twice,
 /// so that reading takes time in proportion to the length.
 namespace vgdt::grammar {
@@ -45,10 +48,22 @@ struct Row : seq<Element, star<sor<seq<Comma, must<Element>>, seq<Separation, El
 template <class Row, class Closing>
 struct Rows : sor<Closing, seq<must<Row>, star<Semicolon, must<Row>>, Space, must<Closing>>> {};
 
+/// A run that is known as a whole, such as the name of an object, and that calls nothing.
+template <bool isElement>
+struct KnownWord {
+  template <apply_mode, rewind_mode, template <class...> class, template <class...> class,
+            class Input, class Builder>
+  static bool match(Input& input, Builder& builder) {
+    const std::size_t length = builder.knownWord({input.current(), input.size()}, isElement);
+    input.bump(length);
+    return length != 0;
+  }
+};
+
 struct NumberElement : NumberOrRange {};
 struct LogicalElement : Logical {};
 struct TextElement : Text {};
-struct Element : sor<NumberElement, LogicalElement, TextElement> {};
+struct Element : sor<KnownWord<true>, NumberElement, LogicalElement, TextElement> {};
 struct BracketRow : Row<Element> {};
 struct OpeningBracket : one<'['> {};
 struct ClosingBracket : one<']'> {};
@@ -74,8 +89,8 @@ struct EmptyHandle : Keyword<TAO_PEGTL_STRING("empty_handle")> {};
 struct NumberValue : NumberOrRange {};
 struct LogicalValue : Logical {};
 struct TextValue : Text {};
-struct Value : sor<NumberValue, LogicalValue, TextValue, Bracket, Cell, Handle, EmptyHandle, Call> {
-};
+struct Value : sor<KnownWord<false>, NumberValue, LogicalValue, TextValue, Bracket, Cell, Handle,
+                   EmptyHandle, Call> {};
 struct End : eof {};
 struct Literal : seq<Blanks, must<Value>, Blanks, must<End>> {};
 

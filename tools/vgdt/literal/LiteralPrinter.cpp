@@ -1,11 +1,13 @@
 #include "literal/LiteralPrinter.h"
 
 #include "ArrayElements.h"
+#include "ObjectNames.h"
 #include "text/NumberText.h"
 #include "text/TextDisplay.h"
 
 #include <fmt/format.h>
 #include <messages/ustring.h>
+#include <vx/objects.h>
 
 #include <algorithm>
 #include <charconv>
@@ -254,10 +256,21 @@ class Printer {
     return fmt::format("struct({})", fmt::join(fields, ","));
   }
 
-  static std::string objects(const vxArray* array) {
+  std::string objects(const vxArray* array) const {
     const bool isEmptyHandle =
         isZeroByZero(array) && std::string_view(vxGetClassName(array)) == "handle";
-    return isEmptyHandle ? "empty_handle" : described(array);
+    if (isEmptyHandle) return "empty_handle";
+    if (vxIsEmpty(array) || isTooLong(array)) return described(array);
+    const auto textAt = [array](std::size_t i) { return objectText(omGetArrayElement(array, i)); };
+    if (vxIsScalar(array)) return textAt(0);
+    const std::string text = '[' + rowsText(array, " ", textAt) + ']';
+    return isMatrix(array) ? text : reshaped(array, text);
+  }
+
+  static std::string objectText(const vcos::COSInterfacePtr& object) {
+    if (!object) return "<null>";
+    const std::string_view name = nameOf(*object.get());
+    return name.empty() ? fmt::format("<{}>", shownName(*object.get())) : std::string(name);
   }
 
   static std::string described(const vxArray* array) {

@@ -1,6 +1,7 @@
 #include "requests/JsonForms.h"
 
 #include "ArrayElements.h"
+#include "ObjectNames.h"
 
 #include <vx/objects.h>
 
@@ -67,8 +68,8 @@ void writeStructs(JsonWriter& writer, const vxArray* array) {
 
 void writeObjects(JsonWriter& writer, const vxArray* array) {
   writeData(writer, array, [&](std::size_t i) {
-    if (omGetArrayElement(array, i))
-      writer.text(vxGetClassName(array));
+    if (const vcos::COSInterfacePtr object = omGetArrayElement(array, i))
+      writer.text(shownName(*object.get()));
     else
       writer.null();
   });
@@ -128,14 +129,27 @@ void writeFailure(JsonWriter& writer, const Failure& failure) {
   writer.closeObject();
 }
 
+void writeWarning(JsonWriter& writer, const vghost::Warning& warning) {
+  writer.openObject();
+  writer.key("id");
+  writer.text(warning.identifier);
+  writer.key("message");
+  writer.text(warning.message);
+  writer.closeObject();
+}
+
 void writeText(JsonWriter& writer, const ValueForm& value) {
   if (value.textFailure) return writeError(writer, *value.textFailure);
   if (!value.text) return writer.null();
   writer.text(*value.text);
 }
 
-void writeValue(JsonWriter& writer, const ValueForm& value) {
+void writeValue(JsonWriter& writer, const ValueForm& value, std::string_view type) {
   writer.openObject();
+  if (!type.empty()) {
+    writer.key("type");
+    writer.text(type);
+  }
   writer.key("null");
   writer.boolean(value.isNull);
   if (!value.wordText.empty()) {

@@ -5,8 +5,10 @@
 #include "requests/JsonWriter.h"
 
 #include <vx/array.h>
+#include <vx/errors.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vgdt {
@@ -21,10 +23,13 @@ void writeArray(JsonWriter& writer, const vxArray* array);
 /// {"kind", "id", "message"}.
 void writeFailure(JsonWriter& writer, const Failure& failure);
 
+/// {"id", "message"}.
+void writeWarning(JsonWriter& writer, const vghost::Warning& warning);
+
 /// The text of a value, or {"error"} in its place.
 void writeText(JsonWriter& writer, const ValueForm& value);
 
-/// {"null", "word", "text", "array"}.
-void writeValue(JsonWriter& writer, const ValueForm& value);
+/// {"type", "null", "word", "text", "array"}; without the first if `type` is empty.
+void writeValue(JsonWriter& writer, const ValueForm& value, std::string_view type = {});
 
 }  // namespace vgdt

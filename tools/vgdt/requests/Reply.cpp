@@ -66,15 +66,6 @@ class AnswerWriter {
   JsonWriter& writer_;
 };
 
-void writeWarning(JsonWriter& writer, const vghost::Warning& warning) {
-  writer.openObject();
-  writer.key("id");
-  writer.text(warning.identifier);
-  writer.key("message");
-  writer.text(warning.message);
-  writer.closeObject();
-}
-
 /// What the library has said meanwhile.
 void writeOutput(JsonWriter& writer, const Reply& reply) {
   if (!reply.console.empty()) {
@@ -90,10 +81,13 @@ void writeOutput(JsonWriter& writer, const Reply& reply) {
 
 }  // namespace
 
+ExitStatus statusOf(const Failure& failure) {
+  return failure.kind == FailureKind::Request ? kNotUnderstood : kRefused;
+}
+
 ExitStatus Reply::status() const {
   const auto* failure = std::get_if<Failure>(&answer);
-  if (!failure) return kDone;
-  return failure->kind == FailureKind::Request ? kNotUnderstood : kRefused;
+  return failure ? statusOf(*failure) : kDone;
 }
 
 void writeReply(JsonWriter& writer, const JsonValue& request, const Reply& reply) {

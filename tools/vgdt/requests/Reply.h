@@ -37,6 +37,9 @@ struct ColorAnswer {
 };
 using NamedColors = graphics::datatype::ColorNameTable::ColorMap;
 
+/// kNotUnderstood where the request is wrong, kRefused otherwise.
+ExitStatus statusOf(const Failure& failure);
+
 /// What a request comes to. Everything that can fail has been done: to write a reply takes no
 /// memory that grows with it, and no document is made of the arrays in it.
 struct Reply {

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "commands/Console.h"
+#include "session/SessionReply.h"
+
+#include <string_view>
+
+namespace vgdt {
+
+/// Shows a person what a line has come to: the log and the result on the output, an error on the
+/// other stream, introduced by `place` (such as "line 3: ").
+void printSessionReply(const Console& console, std::string_view place, std::string_view line,
+                       const SessionReply& reply);
+
+}  // namespace vgdt
