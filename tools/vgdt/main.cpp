@@ -27,6 +27,7 @@ class CommandLine {
     addDescribe();
     addConvert();
     addEval();
+    addCheck();
     addColors();
     addUnits();
   }
@@ -129,6 +130,20 @@ class CommandLine {
     command->callback([this] { chosen_ = [this] { return evaluate(console_, file_, asTable_); }; });
   }
 
+  void addCheck() {
+    CLI::App* command = addCommand("check", "Check property sheets",
+                                   "  vgdt check figure.json\n  vgdt check --json a.json b.json");
+    command->add_option("FILE", files_, "The sheets; \"-\" is standard input")
+        ->type_name("")
+        ->required();
+    command->add_flag("--json", asJson_, "Print a line of JSON for each refusal");
+    command->callback([this] {
+      chosen_ = [this] {
+        return checkSheets(console_, files_, asJson_, isatty(STDERR_FILENO) != 0);
+      };
+    });
+  }
+
   void addColors() {
     CLI::App* command = addCommand("colors", "List the colour names",
                                    "  vgdt colors\n  vgdt colors --html colours.html\n"
@@ -202,6 +217,7 @@ class CommandLine {
   std::optional<std::string> literal_;
   std::optional<std::string> text_;
   std::optional<std::string> file_;
+  std::vector<std::string> files_;
   std::optional<std::string> page_;
   UnitsArguments units_;
   bool asJson_ = false;

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace vgdt {
 
@@ -30,5 +31,9 @@ struct UnitsArguments {
 ExitStatus convertUnits(const Console& console, const UnitsArguments& arguments, bool asJson);
 /// From the file of that name; from standard input without one.
 ExitStatus evaluate(const Console& console, const std::optional<std::string>& file, bool asTable);
+/// Each of the files, of which "-" is standard input. `showsProgress` says that the errors go to a
+/// terminal.
+ExitStatus checkSheets(const Console& console, const std::vector<std::string>& files, bool asJson,
+                       bool showsProgress);
 
 }  // namespace vgdt

@@ -9,6 +9,8 @@ namespace vgdt {
 
 /// Tells a person that a type has refused a value, why, and what it takes.
 void explainRefusal(const Console& console, const Refusal& refusal);
+/// The same without the line that begins it: the fields.
+void printRefusal(std::ostream& stream, const Refusal& refusal);
 
 /// Tells a person what is wrong with a request, and shows the place in a literal that does not
 /// parse.

@@ -1,0 +1,78 @@
+#include "sheet/SheetClasses.h"
+
+#include "SampleClasses.h"
+#include "text/TypeWords.h"
+
+#include <utility>
+
+namespace vgdt {
+namespace {
+
+Type typeOf(const vcos::TypeAccess& access) {
+  constexpr std::string_view kPackage = "vortil.graphics.datatype.";
+  const std::string_view name = access.name().c_str();
+  const bool isScalar = !name.starts_with(kPackage);
+  return {std::string(name.substr(isScalar ? 0 : kPackage.size())), access, isScalar};
+}
+
+vcos::COSPropInfo& propertyOf(const vcos::COSInterfacePtr& property) {
+  return *vcos::COSPropInfoPtrHelper().getObject(property);
+}
+
+}  // namespace
+
+SheetProperty::SheetProperty(vcos::COSPropInfo& property)
+    : property_(property),
+      type_(typeOf(property.getTypeAccess())) {}
+
+const std::vector<std::string>& SheetProperty::accepted() {
+  if (!accepted_) accepted_ = wordsOf(type_).values;
+  return *accepted_;
+}
+
+bool SheetProperty::isMetAgain(std::uint64_t number) {
+  return std::exchange(lastNumber_, number) == number;
+}
+
+SheetClass::SheetClass(const vcos::COSClass& sampleClass) : class_(sampleClass) {
+  for (const vcos::COSInterfacePtr& property : sampleClass.properties()) {
+    vcos::COSPropInfo& info = propertyOf(property);
+    properties_.try_emplace(info.getName(), info);
+  }
+}
+
+SheetProperty* SheetClass::find(std::string_view property) {
+  const auto found = properties_.find(property);
+  return found == properties_.end() ? nullptr : &found->second;
+}
+
+std::vector<std::string> SheetClass::propertyNames() const {
+  std::vector<std::string> names;
+  for (const vcos::COSInterfacePtr& property : class_.properties())
+    names.emplace_back(propertyOf(property).getName());
+  return names;
+}
+
+SheetClasses::SheetClasses() {
+  const auto& known = sample::classes();
+  classes_.reserve(known.size());
+  for (const vcos::COSClass* sampleClass : known) {
+    SheetClass& added = classes_.emplace_back(*sampleClass);
+    byName_.emplace(sample::shortName(*sampleClass), &added);
+    byName_.emplace(sampleClass->getName(), &added);
+  }
+}
+
+SheetClass* SheetClasses::find(std::string_view name) {
+  const auto found = byName_.find(name);
+  return found == byName_.end() ? nullptr : found->second;
+}
+
+std::vector<std::string> SheetClasses::names() const {
+  std::vector<std::string> names;
+  for (const vcos::COSClass* sampleClass : sample::classes())
+    names.emplace_back(sample::shortName(*sampleClass));
+  return names;
+}
+
+}  // namespace vgdt
