@@ -125,12 +125,12 @@ class SheetCheck {
  private:
   void check(const std::string& name) {
     const SheetFile file(name);
+    Progress progress(terminal_, name, file.text().size());
     try {
       requireJson(file.text());
     } catch (const JsonError& error) {
       throw RequestError(errorText(name, file.text(), error));
     }
-    Progress progress(terminal_, name, file.text().size());
     checkSheet({name, file.text()}, classes_, reports_, progress, totals_);
   }
 

@@ -9,13 +9,9 @@
 namespace vgdt {
 namespace {
 
-constexpr bool isSpace(char byte) {
-  return byte == ' ' || byte == '\n' || byte == '\r' || byte == '\t';
-}
-
-/// Of a number or word.
+/// Whether a number or word ends here.
 constexpr bool isEnd(char byte) {
-  return isSpace(byte) || byte == ',' || byte == ']' || byte == '}' || byte == '\0';
+  return byte <= ' ' || byte == ',' || byte == ']' || byte == '}';
 }
 
 constexpr bool isAscii(char byte) {
@@ -56,31 +52,6 @@ void append(char32_t character, fl::ustring& text) {
 
 }  // namespace
 
-JsonCursor::Kind JsonCursor::kind() const {
-  switch (*place_) {
-    case '{':
-      return Kind::Object;
-    case '[':
-      return Kind::List;
-    case '"':
-      return Kind::String;
-    case 't':
-    case 'f':
-      return Kind::Boolean;
-    case 'n':
-      return Kind::Null;
-    default:
-      return Kind::Number;
-  }
-}
-
-std::string_view JsonCursor::string() {
-  const char* const begin = ++place_;
-  while (*place_ != '"')
-    place_ += *place_ == '\\' ? 2 : 1;
-  return {begin, place_++};
-}
-
 std::string_view JsonCursor::skip() {
   const char* const begin = place_;
   switch (*place_) {
@@ -112,34 +83,6 @@ void JsonCursor::skipContainer() {
   } while (depth != 0);
 }
 
-void JsonCursor::skipSpace() {
-  while (isSpace(*place_))
-    ++place_;
-}
-
-bool JsonCursor::enter() {
-  ++place_;
-  skipSpace();
-  if (*place_ != '}' && *place_ != ']') return true;
-  ++place_;
-  return false;
-}
-
-bool JsonCursor::proceed() {
-  skipSpace();
-  if (*place_++ != ',') return false;
-  skipSpace();
-  return true;
-}
-
-std::string_view JsonCursor::memberName() {
-  const std::string_view name = string();
-  skipSpace();
-  ++place_;  // the colon
-  skipSpace();
-  return name;
-}
-
 std::optional<JsonCursor> JsonCursor::find(std::string_view name) const {
   JsonCursor cursor = *this;
   for (bool hasMore = cursor.enter(); hasMore; hasMore = cursor.proceed()) {
@@ -152,7 +95,7 @@ std::optional<JsonCursor> JsonCursor::find(std::string_view name) const {
 JsonCursor valueOf(std::string_view json) {
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (json.starts_with(kByteOrderMark)) json.remove_prefix(kByteOrderMark.size());
-  while (isSpace(json.front()))
+  while (JsonCursor::isSpace(json.front()))
     json.remove_prefix(1);
   return JsonCursor(json.data());
 }

@@ -40,8 +40,15 @@ class JsonCursor {
   /// The first value of that name in the object that begins here; none if there is none.
   std::optional<JsonCursor> find(std::string_view name) const;
 
+  static constexpr bool isSpace(char byte) {
+    return byte == ' ' || byte == '\n' || byte == '\r' || byte == '\t';
+  }
+
  private:
-  void skipSpace();
+  void skipSpace() {
+    while (isSpace(*place_))
+      ++place_;
+  }
   void skipContainer();
   /// Behind the bracket or brace; whether there is anything inside.
   bool enter();
@@ -74,6 +81,54 @@ class JsonText {
 
 /// The same in UTF-16, in place of what `text` has. Half of a surrogate pair stays.
 void readUtf16(std::string_view raw, fl::ustring& text);
+
+inline JsonCursor::Kind JsonCursor::kind() const {
+  switch (*place_) {
+    case '{':
+      return Kind::Object;
+    case '[':
+      return Kind::List;
+    case '"':
+      return Kind::String;
+    case 't':
+    case 'f':
+      return Kind::Boolean;
+    case 'n':
+      return Kind::Null;
+    default:
+      return Kind::Number;
+  }
+}
+
+inline std::string_view JsonCursor::string() {
+  const char* const begin = ++place_;
+  while (*place_ != '"')
+    place_ += *place_ == '\\' ? 2 : 1;
+  return {begin, place_++};
+}
+
+inline bool JsonCursor::enter() {
+  ++place_;
+  skipSpace();
+  if (*place_ != '}' && *place_ != ']') return true;
+  ++place_;
+  return false;
+}
+
+inline bool JsonCursor::proceed() {
+  skipSpace();
+  if (*place_++ != ',') return false;
+  skipSpace();
+  return true;
+}
+
+inline std::string_view JsonCursor::memberName() {
+  const std::string_view name = string();
+  skipSpace();
+  ++place_;  // the colon
+  skipSpace();
+  return name;
+}
 
 template <class Visit>
 void JsonCursor::visitValue(Visit&& visit) {

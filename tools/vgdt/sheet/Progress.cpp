@@ -9,14 +9,20 @@ namespace {
 
 constexpr std::chrono::milliseconds kPause{100};
 constexpr std::size_t kNameColumns = 50;
+constexpr std::size_t kLarge = std::size_t{8} << 20U;
 
 }  // namespace
 
 Progress::Progress(std::ostream* terminal, const std::string& name, std::size_t total)
     : terminal_(terminal),
       total_(total),
-      next_(Clock::now() + kPause) {
-  if (terminal) name_ = onOneLine(name, kNameColumns);
+      next_(Clock::now()) {
+  if (!terminal) return;
+  name_ = onOneLine(name, kNameColumns);
+  if (total >= kLarge)
+    renew(0);
+  else
+    next_ += kPause;
 }
 
 void Progress::renew(std::size_t done) {

@@ -10,7 +10,8 @@ namespace vgdt {
 /// A line on a terminal that says how far a long piece of work has come. It is gone when this ends.
 class Progress {
  public:
-  /// A null stream shows nothing. `total` is what show() will count up to.
+  /// A null stream shows nothing. `total` is what show() counts up to; a large one is shown at
+  /// once.
   Progress(std::ostream* terminal, const std::string& name, std::size_t total);
   ~Progress() { clear(); }
   Progress(const Progress&) = delete;
@@ -24,7 +25,7 @@ class Progress {
   void clear();
 
  private:
-  static constexpr unsigned kCallsBetweenLooks = 64;
+  static constexpr unsigned kCallsBetweenLooks = 256;
   using Clock = std::chrono::steady_clock;
 
   void renew(std::size_t done);

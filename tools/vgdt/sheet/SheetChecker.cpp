@@ -23,6 +23,8 @@ namespace {
 
 using Kind = JsonCursor::Kind;
 
+constexpr const char* kLiteral = "literal";
+
 /// An object of the sheet while it is checked.
 struct SheetObject {
   JsonCursor json;
@@ -187,8 +189,9 @@ class Checker {
 
   void checkProperties(JsonCursor& value, const JsonPlace& place, SheetObject& object) {
     if (!object.known) return;
+    const ArrayScope scope;
     ++propertyLists_;
-    unknown_.clear();
+    if (!unknown_.empty()) unknown_ = {};
     value.members([&](std::string_view rawName, JsonCursor& member) {
       const JsonText name(rawName);
       const JsonPlace memberPlace(place, rawName);
@@ -197,6 +200,7 @@ class Checker {
   }
 
   void checkProperty(const PropertyValue& property, JsonCursor& value) {
+    progress_.show(static_cast<std::size_t>(value.place() - sheet_.json.data()));
     if (isDuplicate(property)) return refuseProperty(property, value, duplicateName(property.name));
     ++totals_.values;
     if (!property.known)
@@ -214,22 +218,39 @@ class Checker {
   }
 
   void checkLiteral(const PropertyValue& property, JsonCursor& value) {
-    const auto literal = value.find("literal");
-    if (!literal) {
-      SheetRefusal refusal = requestRefusal("an object in place of a value is {\"literal\":L}");
+    if (const auto literal = value.find(kLiteral)) {
+      if (const auto text = stringAt(*literal)) setValue(property, value, text);
+      checkLiteralMembers(property, value);
+    } else {
+      SheetRefusal refusal = requestRefusal(missingLiteral(value));
       refusal.isOfType = true;
-      return report(refusal, property, value);
+      report(std::move(refusal), property, value);
     }
-    if (const auto text = stringAt(*literal)) setValue(property, value, text);
+  }
+
+  static std::string missingLiteral(JsonCursor value) {
+    const char* const problem = "an object in place of a value is {\"literal\":L}";
+    std::string nearest;
+    value.members([&nearest](std::string_view rawName, const JsonCursor&) {
+      const JsonText name(rawName);
+      if (nearestName(name.utf8(), {kLiteral})) nearest = name.utf8();
+    });
+    return nearest.empty() ? problem
+                           : fmt::format("{}; did you mean \"{}\", not \"{}\"?", problem, kLiteral,
+                                         shortened(nearest));
+  }
+
+  void checkLiteralMembers(const PropertyValue& property, JsonCursor& value) {
     bool isMet = false;
-    value.members([&](std::string_view rawName, JsonCursor& member) {
+    value.members([&](std::string_view rawName, const JsonCursor& member) {
       const JsonText name(rawName);
       const JsonPlace place(property.place, rawName);
       const auto refuseMember = [&](std::string problem) {
-        refuse(member, place, &property.object, std::move(problem));
+        report(requestRefusal(std::move(problem)),
+               {property.name, place, property.object, property.known}, member);
       };
-      if (name.utf8() != "literal")
-        refuseMember(unknownName("a literal has no member", name.utf8(), {"literal"}));
+      if (name.utf8() != kLiteral)
+        refuseMember(unknownName("a literal has no member", name.utf8(), {kLiteral}));
       else if (std::exchange(isMet, true))
         refuseMember(duplicateName(name.utf8()));
       else if (member.kind() != Kind::String)
@@ -240,7 +261,6 @@ class Checker {
   /// Reads plain JSON; a literal has been read.
   void setValue(const PropertyValue& property, JsonCursor& value,
                 const std::optional<std::string>& literal) {
-    const ArrayScope scope;
     const LibraryOutput output;
     const JsonCursor begin = value;
     vcos::ArrayOwner array;
