@@ -10,6 +10,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -155,8 +156,8 @@ int main(int argc, char** argv) {
     const measuring::Time time = times.of(nameOf(objects));
     if (time.median == 0) continue;
     const double perSecond = 1e9 / time.median;
-    const double memory = (peakMemory(sheets.sheet(objects)) - base) /
-                          static_cast<double>(std::filesystem::file_size(sheets.sheet(objects)));
+    const double size = static_cast<double>(std::filesystem::file_size(sheets.sheet(objects)));
+    const double memory = std::max(0.0, peakMemory(sheets.sheet(objects)) - base) / size;
     std::printf("%-10d %14.0f %7.0f%%  %-24s %14.2f  %s\n", objects, perSecond, 100 * time.spread,
                 measuring::Goal::atLeast(kSpeedGoal).verdict(perSecond, 15).c_str(), memory,
                 measuring::Goal::atMost(kMemoryGoal).verdict(memory).c_str());

@@ -10,8 +10,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <memory>
 #include <sstream>
 
 namespace vgdt {

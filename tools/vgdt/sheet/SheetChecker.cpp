@@ -190,7 +190,7 @@ class Checker {
   void checkProperties(JsonCursor& value, const JsonPlace& place, SheetObject& object) {
     if (!object.known) return;
     const ArrayScope scope;
-    ++propertyLists_;
+    listNumber_ = classes_.newListNumber();
     if (!unknown_.empty()) unknown_ = {};
     value.members([&](std::string_view rawName, JsonCursor& member) {
       const JsonText name(rawName);
@@ -213,7 +213,7 @@ class Checker {
   }
 
   bool isDuplicate(const PropertyValue& property) {
-    return property.known ? property.known->isMetAgain(propertyLists_)
+    return property.known ? property.known->isMetAgain(listNumber_)
                           : !unknown_.emplace(property.name).second;
   }
 
@@ -346,7 +346,7 @@ class Checker {
   SheetTotals& totals_;
   LineCounter lines_;
   PlainValues values_;
-  std::uint64_t propertyLists_ = 0;
+  std::uint64_t listNumber_ = 0;
   std::unordered_set<std::string> unknown_;  // names among the properties at hand
 };
 

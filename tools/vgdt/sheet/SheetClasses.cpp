@@ -30,8 +30,8 @@ const std::vector<std::string>& SheetProperty::accepted() {
   return *accepted_;
 }
 
-bool SheetProperty::isMetAgain(std::uint64_t number) {
-  return std::exchange(lastNumber_, number) == number;
+bool SheetProperty::isMetAgain(std::uint64_t list) {
+  return std::exchange(lastList_, list) == list;
 }
 
 SheetClass::SheetClass(const vcos::COSClass& sampleClass) : class_(sampleClass) {

@@ -25,14 +25,14 @@ class SheetProperty {
   }
   /// What its type takes, as people are told.
   const std::vector<std::string>& accepted();
-  /// Whether it has been met among the properties with this number before; notes that it has.
-  bool isMetAgain(std::uint64_t number);
+  /// Whether it has been met in the list of that number before; from now on it has.
+  bool isMetAgain(std::uint64_t list);
 
  private:
   vcos::COSPropInfo& property_;
   Type type_;
   std::optional<std::vector<std::string>> accepted_;
-  std::uint64_t lastNumber_ = 0;
+  std::uint64_t lastList_ = 0;
 };
 
 /// A class with its properties by name.
@@ -61,8 +61,11 @@ class SheetClasses {
   SheetClass* find(std::string_view name);
   /// The short ones.
   std::vector<std::string> names() const;
+  /// For SheetProperty::isMetAgain().
+  std::uint64_t newListNumber() { return ++lists_; }
 
  private:
+  std::uint64_t lists_ = 0;
   std::vector<SheetClass> classes_;
   std::unordered_map<std::string_view, SheetClass*> byName_;
 };
