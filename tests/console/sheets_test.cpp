@@ -63,12 +63,13 @@ class Sheets : public testing::Test {
     }
     return checkFiles(names, asJson);
   }
-  ExitStatus checkFiles(const std::vector<std::string>& names, bool asJson) {
+  ExitStatus checkFiles(const std::vector<std::string>& names, bool asJson,
+                        bool showsProgress = false) {
     using Stream = boost::interprocess::obufferstream;  // allocates nothing
     Stream output(outputBytes_.data(), outputBytes_.size());
     Stream errors(errorBytes_.data(), errorBytes_.size());
     const Console console{output, errors, Style(ColorDepth::None), Style(ColorDepth::None)};
-    const ExitStatus status = checkSheets(console, names, asJson, false);
+    const ExitStatus status = checkSheets(console, names, asJson, showsProgress);
     faults::disarm();
     test::failNoNew();
     const auto written = [this](Stream& stream) {
@@ -177,6 +178,12 @@ TEST_F(Sheets, TellPeopleWhatWasWrong) {
         "  given       {\"Class\":1}\n"})
     EXPECT_THAT(errors_, HasSubstr(part));
   EXPECT_EQ(output_, "3 objects, 3 values, 5 refusals\n");
+}
+
+TEST_F(Sheets, ShowOnATerminalHowFarALongCheckIs) {
+  std::ofstream(folder_ + "a") << R"({"class":"Line"})" << std::string(9U << 20U, ' ');
+  EXPECT_EQ(checkFiles({folder_ + "a"}, true, true), kDone);
+  EXPECT_THAT(errors_, testing::AllOf(HasSubstr("a: 0 % checked\r"), testing::EndsWith(" \r")));
 }
 
 TEST_F(Sheets, GiveAChildItsParent) {

@@ -86,7 +86,8 @@ void JsonCursor::skipContainer() {
 std::optional<JsonCursor> JsonCursor::find(std::string_view name) const {
   JsonCursor cursor = *this;
   for (bool hasMore = cursor.enter(); hasMore; hasMore = cursor.proceed()) {
-    if (JsonText(cursor.memberName()).utf8() == name) return cursor;
+    const JsonText text(cursor.memberName());
+    if (text.utf8() == name) return cursor;
     cursor.skip();
   }
   return std::nullopt;

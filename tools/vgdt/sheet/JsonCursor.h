@@ -72,7 +72,8 @@ class JsonText {
   JsonText& operator=(const JsonText&) = delete;
 
   /// Valid as long as this and the JSON.
-  std::string_view utf8() const { return utf8_; }
+  std::string_view utf8() const& { return utf8_; }
+  std::string_view utf8() && = delete;
 
  private:
   std::string decoded_;

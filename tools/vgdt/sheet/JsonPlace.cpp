@@ -11,7 +11,8 @@ std::string JsonPlace::pointer() const {
   if (!around_) return {};
   std::string text = around_->pointer() + '/';
   if (!member_.data()) return text + std::to_string(element_);
-  for (const char c : JsonText(member_).utf8()) {
+  const JsonText name(member_);
+  for (const char c : name.utf8()) {
     if (c == '~')
       text += "~0";
     else if (c == '/')

@@ -63,7 +63,8 @@ class LibraryOutput {
 /// None for a value of another kind.
 std::optional<std::string> stringAt(JsonCursor value) {
   if (value.kind() != Kind::String) return std::nullopt;
-  return std::string(JsonText(value.string()).utf8());
+  const JsonText text(value.string());
+  return std::string(text.utf8());
 }
 
 std::optional<std::string> stringMember(const JsonCursor& object, std::string_view name) {
