@@ -114,6 +114,9 @@ const Case kCases[] = {
     {2, {"eval /"}, "cannot be read"},
     {0, {"eval --table </dev/null"}, "outcome"},
     {2, {"eval </"}, "vgdt: standard input cannot be read\n"},
+    {2, {"check"}, "FILE is required"},
+    {2, {"check - </dev/null", "check --json -- - </dev/null"}, "vgdt: -:1: column 1: expected a"},
+    {1, {"check /dev/fd/3 3<<E\n5\nE\n"}, "/dev/fd/3:1: object\n  error       request\n"},
     {2, {"types >/dev/full"}, "cannot be written"}};
 
 TEST(Program, EndsWithTheStatusAndSaysWhy) {

@@ -28,6 +28,7 @@ class CommandLine {
     addConvert();
     addEval();
     addSession();
+    addCheck();
     addColors();
     addUnits();
   }
@@ -140,6 +141,20 @@ class CommandLine {
         [this] { chosen_ = [this] { return runSession(console_, file_, asJson_); }; });
   }
 
+  void addCheck() {
+    CLI::App* command = addCommand("check", "Check property sheets",
+                                   "  vgdt check figure.json\n  vgdt check --json a.json b.json");
+    command->add_option("FILE", files_, "The sheets; \"-\" is standard input")
+        ->type_name("")
+        ->required();
+    command->add_flag("--json", asJson_, "Print a line of JSON for each refusal");
+    command->callback([this] {
+      chosen_ = [this] {
+        return checkSheets(console_, files_, asJson_, isatty(STDERR_FILENO) != 0);
+      };
+    });
+  }
+
   void addColors() {
     CLI::App* command = addCommand("colors", "List the colour names",
                                    "  vgdt colors\n  vgdt colors --html colours.html\n"
@@ -213,6 +228,7 @@ class CommandLine {
   std::optional<std::string> literal_;
   std::optional<std::string> text_;
   std::optional<std::string> file_;
+  std::vector<std::string> files_;
   std::optional<std::string> page_;
   UnitsArguments units_;
   bool asJson_ = false;

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace vgdt {
 
@@ -33,5 +34,9 @@ ExitStatus evaluate(const Console& console, const std::optional<std::string>& fi
 /// The lines of the file of that name; without one those of standard input, edited if both it and
 /// standard output are a terminal.
 ExitStatus runSession(const Console& console, const std::optional<std::string>& file, bool asJson);
+/// Each of the files, of which "-" is standard input. `showsProgress` says that the errors go to a
+/// terminal.
+ExitStatus checkSheets(const Console& console, const std::vector<std::string>& files, bool asJson,
+                       bool showsProgress);
 
 }  // namespace vgdt

@@ -29,25 +29,28 @@ void explainRefusal(const Console& console, const Refusal& refusal) {
 }
 
 void explainRefusal(const Console& console, std::string_view name, const Refusal& refusal) {
-  const auto& [type, given, array, failure] = refusal;
   reportProblem(console, fmt::format("{} does not take this value", name));
+  printRefusal(console.errors, refusal);
+}
+
+void printRefusal(std::ostream& stream, const Refusal& refusal) {
+  const auto& [type, given, array, failure] = refusal;
   const bool hasIdentifier = !failure.identifier.empty();
-  printField(console.errors, "error", hasIdentifier ? failure.identifier : nameOf(failure.kind));
-  if (!failure.message.empty()) printField(console.errors, "message", failure.message);
-  printField(console.errors, "given",
-             given.content.empty() ? "''" : onOneLine(given.content, kColumns));
+  printField(stream, "error", hasIdentifier ? failure.identifier : nameOf(failure.kind));
+  if (!failure.message.empty()) printField(stream, "message", failure.message);
+  printField(stream, "given", given.content.empty() ? "''" : onOneLine(given.content, kColumns));
   const TypeWords words = wordsOf(type);
   Explanation explanation;
   if (failure.kind != FailureKind::Memory) explanation = words.explain(refusal);
-  printField(console.errors, "refused", explanation.faults);
+  printField(stream, "refused", explanation.faults);
   if (!explanation.candidates.empty())
-    printField(console.errors, "ambiguous", "between " + listed(explanation.candidates));
+    printField(stream, "ambiguous", "between " + listed(explanation.candidates));
   std::vector<std::string> accepted = words.values;
   if (given.route == GivenValue::Route::Text)
     accepted.insert(accepted.begin(), words.texts.begin(), words.texts.end());
-  printField(console.errors, "accepted", accepted);
+  printField(stream, "accepted", accepted);
   if (explanation.nearest)
-    console.errors << fmt::format("  did you mean \"{}\"?\n", onOneLine(*explanation.nearest));
+    stream << fmt::format("  did you mean \"{}\"?\n", onOneLine(*explanation.nearest));
 }
 
 void reportRequestError(const Console& console, const std::string& literal,

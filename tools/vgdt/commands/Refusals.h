@@ -12,6 +12,8 @@ namespace vgdt {
 void explainRefusal(const Console& console, const Refusal& refusal);
 /// The same for a type that a person knows as `name`.
 void explainRefusal(const Console& console, std::string_view name, const Refusal& refusal);
+/// The same without the line that begins it: the fields.
+void printRefusal(std::ostream& stream, const Refusal& refusal);
 
 /// Tells a person what is wrong with a request, and shows the place in a literal that does not
 /// parse.

@@ -54,6 +54,7 @@ const std::unordered_map<std::string, TypeWords>& ownWords() {
         .values =
             {"any array: the Java object that comes closest to it, while a Java machine runs"},
         .samples = {"1.5", "'text'"}}},
+      {"string", {.family = "scalar", .inShort = "any text", .values = {"any text"}}},
       {"ColorTable",
        {.family = "color",
         .inShort = "struct: a field of 3 or more numbers for each name",
@@ -101,7 +102,6 @@ const std::unordered_map<std::string, TypeWords>& ownWords() {
 
 /// By the name and the size of the type, which say what its text conversion reads.
 std::string textsOfScalar(const Type& scalar) {
-  if (scalar.name == "string") return "any text";
   const std::size_t bits = scalar.access.dataType().getSizeInBits();
   if (bits == 8) return "one character of one byte";
   const std::uint64_t max = UINT64_MAX >> (64 - bits);
