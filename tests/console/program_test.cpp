@@ -114,7 +114,11 @@ const Case kCases[] = {
     {2, {"eval /"}, "cannot be read"},
     {0, {"eval --table </dev/null"}, "outcome"},
     {2, {"eval </"}, "vgdt: standard input cannot be read\n"},
-    {2, {"types >/dev/full"}, "cannot be written"}};
+    {2, {"session /nonexistent", "session /", "session - </"}, "cannot be read"},
+    {0, {"session <<'E'\nl=new Line\r\nget l Tag\nquit\nx\nE"}, "l\n''\n"},
+    {1, {"session <<E\nl=new Line\nset l Color 2\nE"}, "line 2: l.Color (RGBAColor) does not take"},
+    {2, {"session <<E\nline = new Line\nprint [lin]\nE"}, "\"line\"?\nprint [lin]\n       ^\n"},
+    {2, {"types >/dev/full", "session <<E >/dev/full\nhelp\nE"}, "cannot be written"}};
 
 TEST(Program, EndsWithTheStatusAndSaysWhy) {
   for (const auto& [status, commands, output] : kCases)
