@@ -117,7 +117,11 @@ const Case kCases[] = {
     {2, {"check"}, "FILE is required"},
     {2, {"check - </dev/null", "check --json -- - </dev/null"}, "vgdt: -:1: column 1: expected a"},
     {1, {"check /dev/fd/3 3<<E\n5\nE\n"}, "/dev/fd/3:1: object\n  error       request\n"},
-    {2, {"types >/dev/full"}, "cannot be written"}};
+    {2, {"session /nonexistent", "session /", "session - </"}, "cannot be read"},
+    {0, {"session <<'E'\nl=new Line\r\nget l Tag\nquit\nx\nE"}, "l\n''\n"},
+    {1, {"session <<E\nl=new Line\nset l Color 2\nE"}, "line 2: l.Color (RGBAColor) does not take"},
+    {2, {"session <<E\nline = new Line\nprint [lin]\nE"}, "\"line\"?\nprint [lin]\n       ^\n"},
+    {2, {"types >/dev/full", "session <<E >/dev/full\nhelp\nE"}, "cannot be written"}};
 
 TEST(Program, EndsWithTheStatusAndSaysWhy) {
   for (const auto& [status, commands, output] : kCases)

@@ -1,6 +1,5 @@
 #include "session/SessionCommands.h"
 
-#include "ArrayElements.h"
 #include "Classes.h"
 #include "literal/LiteralPrinter.h"
 #include "session/CommandWords.h"
@@ -14,8 +13,9 @@
 #include <handles/handle_table.h>
 #include <sv/features.h>
 #include <ut/console.h>
+#include <vx/array.h>
 #include <vx/errors.h>
-#include <vx/objects.h>
+#include <vx/scopes.h>
 
 #include <algorithm>
 #include <climits>
