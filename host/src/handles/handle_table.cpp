@@ -126,10 +126,13 @@ struct Tables {
   IntegerTable integers;
 };
 
-/// Never destroyed: objects end after it.
+/// Made with the first entry, since looking for one must not fail. Never destroyed: objects end
+/// after it.
+constinit Tables* entered = nullptr;
+
 Tables& tables() {
-  static Tables& both = *new Tables;
-  return both;
+  if (!entered) entered = new Tables;
+  return *entered;
 }
 
 bool isWhole(double number) noexcept {
@@ -137,7 +140,8 @@ bool isWhole(double number) noexcept {
 }
 
 Entry* find(double number) noexcept {
-  return isWhole(number) ? tables().integers.find(number) : tables().fractions.find(number);
+  if (!entered) return nullptr;
+  return isWhole(number) ? entered->integers.find(number) : entered->fractions.find(number);
 }
 
 }  // namespace
@@ -165,9 +169,9 @@ void assign_figure_handle(HandleRecord* record, int number) {
 void destroy_handle(double handle) noexcept {
   if (!find(handle)) return;
   if (isWhole(handle))
-    tables().integers.remove(handle);
+    entered->integers.remove(handle);
   else
-    tables().fractions.remove(handle);
+    entered->fractions.remove(handle);
 }
 
 void rebind_handle(double handle, HandleRecord* record) noexcept {
