@@ -7,6 +7,7 @@
 #include <climits>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <map>
 #include <utility>
@@ -47,7 +48,8 @@ class FractionTable {
  public:
   double add(HandleRecord* record) {
     if (freePlaces_.empty()) {
-      freePlaces_.reserve(places_.size() + 1);  // freeing a place must not fail
+      if (freePlaces_.capacity() <= places_.size())  // freeing a place must not fail
+        freePlaces_.reserve(2 * places_.size() + 1);
       places_.emplace_back();
       freePlaces_.push_back(places_.size() - 1);
     }
@@ -76,7 +78,8 @@ class FractionTable {
  private:
   static constexpr double kUses = 65536;
 
-  struct Place {
+  /// One line of the processor's cache, since numbers come in any order.
+  struct alignas(64) Place {
     Entry entry;
     double uses = 0;
   };
@@ -136,7 +139,9 @@ Tables& tables() {
 }
 
 bool isWhole(double number) noexcept {
-  return std::trunc(number) == number;
+  constexpr double kAllAreWhole = 1e18;  // from here on, and it fits the integer
+  if (!(std::abs(number) < kAllAreWhole)) return !std::isnan(number);
+  return static_cast<double>(static_cast<std::int64_t>(number)) == number;
 }
 
 Entry* find(double number) noexcept {
