@@ -10,7 +10,7 @@
 
 #include <string>
 
-/// Objects of the sample classes, and what they hold.
+/// Objects of the sample classes, and numbers of objects.
 namespace test {
 
 using vcos::COSInterface;
@@ -26,22 +26,8 @@ class Samples : public testing::Test {
 inline COSInterfacePtr sampleObject(const std::string& className) {
   return sample::findClass(className)->createObject();
 }
-
-inline vcos::COSPropInfo& propertyOf(COSInterface* object, const char* name) {
-  return *vcos::COSPropInfoPtr(object->findProperty(COSNameID(name))).getObject();
-}
-inline vcos::COSPropInfo& propertyOf(const COSInterfacePtr& object, const char* name) {
-  return propertyOf(object.get(), name);
-}
-
-/// The text of a value, or the numbers in its array.
-inline std::string shown(const COSInterfacePtr& object, const char* name) {
-  const vcos::COSPropInfo& property = propertyOf(object, name);
-  const vcos::TypeAccess& access = property.getTypeAccess();
-  const COSValue value = property.getValue(object.get());
-  if (std::string_view(access.dataType().getName()) != "PrimitiveColorData")
-    return access.toText(value).value_or("null");
-  return testing::PrintToString(numbersOf(access.toArray(value).get()));
+inline vcos::COSPropInfo& propertyOf(const COSInterfacePtr& object, const std::string& name) {
+  return *vcos::COSPropInfoPtr(object->findProperty(COSNameID(name.c_str()))).getObject();
 }
 
 inline const vcos::COSTypeConversion& numbers() {
@@ -54,7 +40,6 @@ inline double numberOf(const COSInterfacePtr& object) {
 inline COSInterface* objectOf(double number) {
   return numbers().from(COSValue::fromDouble(number)).asPointer<COSInterface>();
 }
-
 inline ArrayOwner scalar(double number) {
   return ArrayOwner(vxCreateDoubleScalar(number));
 }
