@@ -195,7 +195,7 @@ TEST_F(References, ToObjectsCountAndBorrowOnlyByNumber) {
     const double number = numberOf(object);
     const COSValue value = refer(object, number);
     EXPECT_EQ(value, COSValue::fromPointer(object.get())) << words;
-    object = {};
+    object = COSInterfacePtr();
     EXPECT_EQ(watch.object != nullptr, counts) << words;
     if (counts) type.destroy(value);
     EXPECT_EQ(watch.object, nullptr) << words;
