@@ -9,7 +9,7 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <memory>
+#include <map>
 #include <random>
 #include <string>
 #include <unordered_map>
@@ -65,14 +65,11 @@ struct Handles {
 template <class Operation>
 void measure(const std::string& name, std::size_t count, Operation operation) {
   const auto run = [count, operation](benchmark::State& state) {
-    static std::unique_ptr<Handles> handles;
-    if (!handles || handles->inOrder.size() != count) {
-      handles.reset();
-      handles = std::make_unique<Handles>(count);
-    }
+    static std::map<std::size_t, Handles> bySize;
+    Handles& handles = bySize.try_emplace(count, count).first->second;
     std::size_t next = 0;
     for ([[maybe_unused]] auto each : state) {
-      benchmark::DoNotOptimize(operation(*handles, handles->inOrder[next]));
+      benchmark::DoNotOptimize(operation(handles, handles.inOrder[next]));
       next = next + 1 == count ? 0 : next + 1;
     }
     state.SetItemsProcessed(state.iterations());
