@@ -38,8 +38,9 @@ const char* noText(const char*) {
 
 void addToPackage(COSClass& added) {
   const std::string name = added.getName();
-  const std::string package = name.substr(0, name.rfind('.'));
-  graphics::datatype::register_package(package.c_str(), noText, noText)->addClass(&added);
+  vcos::COSPackage& package = *graphics::datatype::register_package(
+      name.substr(0, name.rfind('.')).c_str(), noText, noText);
+  if (!package.getClass(added.getNameID())) package.addClass(&added);
 }
 
 struct Classes {
@@ -58,9 +59,12 @@ struct Classes {
     for (const std::span<const PropertyRow> group : row.properties)
       for (const PropertyRow& property : group)
         addProperty(defined, property);
-    if (row.isAbstract) return;
-    addToPackage(defined);
-    concrete.push_back(&defined);
+    if (!row.isAbstract) concrete.push_back(&defined);
+  }
+
+  void addToPackages() const {
+    for (const auto& each : all)
+      if (std::ranges::find(concrete, each.get()) != concrete.end()) addToPackage(*each);
   }
 };
 
@@ -71,6 +75,8 @@ const Classes& definedClasses() {
       classes->define(row);
     return classes.release();
   }();
+  // Packages keep the classes, so none is told of them while they may still go.
+  [[maybe_unused]] static const bool areKnown = (defined.addToPackages(), true);
   return defined;
 }
 

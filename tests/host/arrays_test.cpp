@@ -183,6 +183,20 @@ TEST(Arrays, BecomeOfAClassUnlessTheyAreFullAndOfIt) {
   EXPECT_TRUE(full != sparse && !vxIsSparse(full.get()));
 }
 
+TEST(Arrays, HoldReferencesToObjects) {
+  const vcos::COSInterfacePtr object = test::numberedObject(7);
+  const ArrayOwner one(omCreateVCOSScalar(object));
+  EXPECT_EQ(contentOf(one), Content({1, 1}, {7}));
+  EXPECT_STREQ(vxGetClassName(one.get()), "Numbered");
+  const ArrayOwner none(omCreateVCOSScalar({}));
+  EXPECT_EQ(sizeOf(none.get()), (Size{0, 0}));
+  EXPECT_STREQ(vxGetClassName(none.get()), "handle");
+  const ArrayOwner outside(vcosConvertArrayToExternal(one.get()));
+  omSetArrayElement(outside.get(), 0, {});
+  EXPECT_EQ(omGetArrayElement(one.get(), 0), object) << "the elements are shared until written";
+  EXPECT_TRUE(omIsVCOS(none.get()) && !omIsVCOS(nullptr) && !omIsVCOS(zeros(kCell, {1, 1}).get()));
+}
+
 TEST(Arrays, AreListsOfTexts) {
   const char* const kTexts[] = {"a", nullptr, "\U0001D11E "};
   NStrings list(3, kTexts);

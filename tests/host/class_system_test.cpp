@@ -139,6 +139,10 @@ struct LoadingInfo final : COSPackageInfo {
     if (++asked == 2) owner->addDataType(addEnumeration(member));
     return asked == 2;
   }
+  bool attemptToLoadClass(const char* member) override {
+    if (++asked == 2) owner->addClass(new COSClass((name + "." + member).c_str(), nullptr));
+    return asked == 2;
+  }
 
   int asked = 0;
   std::string name;
@@ -163,6 +167,21 @@ TEST(Package, MembersAreAskedForUntilTheyAreThere) {
     EXPECT_FALSE(find(id(leaf + ".member"))) << "only full names count";
     EXPECT_THROW(COSPackage::addPackage(new LoadingInfo(name)), COSException);
   }
+}
+
+TEST(Package, AClassIsFoundByItsWholeNameAndByTheLastPart) {
+  const std::string name = freshName();
+  auto* info = new LoadingInfo(name);
+  COSPackage::addPackage(info);
+  COSPackage& package = *COSPackage::getPackage(id(name));
+  const std::string leaf = freshName();
+  EXPECT_EQ(package.getClass(id(leaf)), nullptr);
+  const COSClass* const loaded = package.getClass(id(name + "." + leaf));
+  ASSERT_NE(loaded, nullptr);
+  EXPECT_EQ(loaded->getName(), name + "." + leaf);
+  EXPECT_EQ(package.getClass(id(leaf)), loaded);
+  EXPECT_EQ(info->asked, 2);
+  EXPECT_EQ(package.getClass(id("other." + leaf)), nullptr);
 }
 
 TEST(Object, KeepsItsValueWhereASetFails) {

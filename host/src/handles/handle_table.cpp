@@ -7,6 +7,7 @@
 #include <climits>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <map>
 #include <utility>
@@ -47,7 +48,8 @@ class FractionTable {
  public:
   double add(HandleRecord* record) {
     if (freePlaces_.empty()) {
-      freePlaces_.reserve(places_.size() + 1);  // freeing a place must not fail
+      if (freePlaces_.capacity() <= places_.size())  // freeing a place must not fail
+        freePlaces_.reserve(2 * places_.size() + 1);
       places_.emplace_back();
       freePlaces_.push_back(places_.size() - 1);
     }
@@ -76,7 +78,8 @@ class FractionTable {
  private:
   static constexpr double kUses = 65536;
 
-  struct Place {
+  /// One line of the processor's cache, since numbers come in any order.
+  struct alignas(64) Place {
     Entry entry;
     double uses = 0;
   };
@@ -126,18 +129,24 @@ struct Tables {
   IntegerTable integers;
 };
 
-/// Never destroyed: objects end after it.
+/// Made with the first entry, since looking for one must not fail. Never destroyed: objects end
+/// after it.
+constinit Tables* entered = nullptr;
+
 Tables& tables() {
-  static Tables& both = *new Tables;
-  return both;
+  if (!entered) entered = new Tables;
+  return *entered;
 }
 
 bool isWhole(double number) noexcept {
-  return std::trunc(number) == number;
+  constexpr double kAllAreWhole = 1e18;  // from here on, and it fits the integer
+  if (!(std::abs(number) < kAllAreWhole)) return !std::isnan(number);
+  return static_cast<double>(static_cast<std::int64_t>(number)) == number;
 }
 
 Entry* find(double number) noexcept {
-  return isWhole(number) ? tables().integers.find(number) : tables().fractions.find(number);
+  if (!entered) return nullptr;
+  return isWhole(number) ? entered->integers.find(number) : entered->fractions.find(number);
 }
 
 }  // namespace
@@ -165,9 +174,9 @@ void assign_figure_handle(HandleRecord* record, int number) {
 void destroy_handle(double handle) noexcept {
   if (!find(handle)) return;
   if (isWhole(handle))
-    tables().integers.remove(handle);
+    entered->integers.remove(handle);
   else
-    tables().fractions.remove(handle);
+    entered->fractions.remove(handle);
 }
 
 void rebind_handle(double handle, HandleRecord* record) noexcept {

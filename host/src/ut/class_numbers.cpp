@@ -2,6 +2,7 @@
 #include <ut/faults.h>
 
 #include <algorithm>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -12,10 +13,11 @@ struct ClassRow {
   int base;
 };
 
-/// By number. There are few.
-std::vector<ClassRow>& rows() {
-  static auto& classes = *new std::vector<ClassRow>;
-  return classes;
+/// By number. There are few. Made with the first, since looking for one must not fail.
+constinit std::vector<ClassRow>* registered = nullptr;
+
+std::span<const ClassRow> rows() noexcept {
+  return registered ? std::span<const ClassRow>(*registered) : std::span<const ClassRow>();
 }
 
 }  // namespace
@@ -29,7 +31,8 @@ int utRegisterObjectClass(const char* name, int baseClassNumber, int) {
   vghost::faults::countHostCall("utRegisterObjectClass");
   const int known = utGetClassNum(name);
   if (known != -1) return known;
-  rows().push_back({name, baseClassNumber});
+  if (!registered) registered = new std::vector<ClassRow>;
+  registered->push_back({name, baseClassNumber});
   return static_cast<int>(rows().size()) - 1;
 }
 

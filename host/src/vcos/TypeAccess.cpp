@@ -77,7 +77,10 @@ std::optional<TypeAccess> TypeAccess::find(COSNameID name) {
 }
 
 COSValue TypeAccess::fromText(const char* text) const {
-  std::unique_ptr<char, FreeText> copy(utStrdup(text));
+  struct Free {
+    void operator()(char* block) const noexcept { utFree(block); }
+  };
+  std::unique_ptr<char, Free> copy(utStrdup(text));
   if (text && !copy) throw COSOutOfMemoryException();
   const COSValue value = text_->from(COSValue::fromPointer(copy.get()));
   if (value == COSValue::fromPointer(copy.get())) static_cast<void>(copy.release());
