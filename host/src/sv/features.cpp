@@ -34,8 +34,7 @@ void svRegisterFeature(const char* name, int state, void (*onChange)(int),
   vghost::faults::countHostCall("svRegisterFeature");
   svFeatureEntry* entry = find(name);
   if (!entry) {
-    Feature& added = features().emplace_front();
-    added.name = name;
+    Feature& added = features().emplace_front(Feature{name, {}});
     entry = &added.entry;
     entry->name = added.name.c_str();
   }

@@ -132,16 +132,7 @@ void Object::destroyValues() noexcept {
 
 void Object::lastReferenceGone() noexcept {
   watches_.clear_and_dispose([](ObjectWatch* watch) { watch->objectGone(); });
-  // Its values may hold the last reference to another object, and that one's to a third: one is
-  // deleted after the other, since a chain of any length must not take a stack of that depth.
-  static constinit thread_local Object* waiting = nullptr;
-  static constinit thread_local bool isDeleting = false;
-  nextToDelete_ = std::exchange(waiting, this);
-  if (isDeleting) return;
-  isDeleting = true;
-  while (waiting)
-    delete std::exchange(waiting, waiting->nextToDelete_);
-  isDeleting = false;
+  deleteInTurn();
 }
 
 COSPropInfo* COSPropInfoPtrHelper::getObject(const COSInterfacePtr& property) const noexcept {

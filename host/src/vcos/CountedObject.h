@@ -19,9 +19,14 @@ class CountedObject : public COSInterface {
   }
 
  protected:
-  virtual void lastReferenceGone() noexcept { delete this; }
+  virtual void lastReferenceGone() noexcept { deleteInTurn(); }
+  /// Deletes the object, behind the one that is being deleted now: it may hold the last reference
+  /// to another, and that one to a third, and a chain of any length must not take a stack of that
+  /// depth.
+  void deleteInTurn() noexcept;
 
  private:
+  CountedObject* nextToDelete_ = nullptr;
   vghost::SharedCount references_;
 };
 

@@ -48,7 +48,6 @@ class Object final : public CountedObject {
   std::vector<HeldWord> values_;  ///< as far as any property has been set
   bool isDestroyed_ = false;
   ObjectWatches watches_;
-  Object* nextToDelete_ = nullptr;
 };
 
 }  // namespace vcos
