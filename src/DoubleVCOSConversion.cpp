@@ -70,10 +70,13 @@ double enterRecord(COSInterface* object, Enter&& enter) {
   return number;
 }
 
+/// The record that had the number is freed, since nothing leads to it any more.
 void assignInteger(COSInterface* object, int number) {
   std::unique_ptr<HandleRecord> record = makeRecord(object);
+  HandleRecord* const displaced = handle2pointer(number);
   assign_figure_handle(record.get(), number);
   static_cast<void>(record.release());
+  delete displaced;
 }
 
 /// The object of a number, which may be null; none if the number names nothing.

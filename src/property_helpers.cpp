@@ -29,7 +29,7 @@ bool prop_is_auto(vcos::COSInterface* object, const char* name) {
 
 void set_on_uddprop(vcos::COSInterface* object, const char* name, vcos::COSValue value) {
   std::string behind = name;
-  if (behind.size() < 2 || !behind.ends_with("_I")) behind += "_I";
+  if (!behind.ends_with("_I")) behind += "_I";
   requireProperty(*object, behind.c_str(), name).setValue(object, value);
 }
 
