@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <concepts>
 #include <cstddef>
 #include <span>
@@ -28,8 +29,12 @@ class NumberText {
     return *this;
   }
   /// As "%g" writes it, with six digits.
-  NumberText& operator<<(std::floating_point auto number) {
+  NumberText& operator<<(double number) {
     constexpr int kDigits = 6;
+    constexpr double kEndOfDigits = 1e6;
+    // Whole numbers are frequent, and faster as integers, which have no negative 0.
+    const int whole = std::abs(number) < kEndOfDigits ? static_cast<int>(number) : 0;
+    if (whole == number && (whole != 0 || !std::signbit(number))) return *this << whole;
     end_ = std::to_chars(end_, end_ + kLongest, number, std::chars_format::general, kDigits).ptr;
     return *this;
   }

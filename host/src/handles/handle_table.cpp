@@ -5,9 +5,7 @@
 #include <vcos/COSInterface.h>
 
 #include <climits>
-#include <cmath>
 #include <cstddef>
-#include <cstdint>
 #include <deque>
 #include <map>
 #include <utility>
@@ -42,47 +40,68 @@ class Entry final : public vcos::ObjectWatch {
   HandleRecord* record_ = nullptr;
 };
 
+bool isInteger(double number) noexcept {
+  return number >= INT_MIN && number <= INT_MAX &&
+         static_cast<double>(static_cast<int>(number)) == number;
+}
+
 /// Numbers that are not whole. The whole part is the place in the table; the fraction counts who
 /// has had the place, so that a number is never given twice.
 class FractionTable {
  public:
   double add(HandleRecord* record) {
-    if (freePlaces_.empty()) {
-      if (freePlaces_.capacity() <= places_.size())  // freeing a place must not fail
-        freePlaces_.reserve(2 * places_.size() + 1);
-      places_.emplace_back();
-      freePlaces_.push_back(places_.size() - 1);
-    }
+    if (freePlaces_.empty()) addPlace();
     const std::size_t index = freePlaces_.back();
     freePlaces_.pop_back();
     Place& place = places_[index];
     const double number = static_cast<double>(index) + ++place.uses / kUses;
     place.entry.enter(record, number);
+    records_[index] = record;
     return number;
   }
 
-  Entry* find(double number) noexcept {
-    if (!(number > 0) || number >= static_cast<double>(places_.size())) return nullptr;
-    const auto index = static_cast<std::size_t>(number);
-    Place& place = places_[index];
-    const bool isPresent = number == static_cast<double>(index) + place.uses / kUses;
-    return isPresent && place.entry.record() ? &place.entry : nullptr;
+  HandleRecord* find(double number) const noexcept {
+    if (!(number > 0) || number >= static_cast<double>(records_.size())) return nullptr;
+    HandleRecord* const record = records_[static_cast<std::size_t>(number)];
+    return record && record->handle == number ? record : nullptr;
   }
 
+  // The number has to be in the table.
+
+  void rebind(double number, HandleRecord* record) noexcept {
+    const auto index = static_cast<std::size_t>(number);
+    places_[index].entry.enter(record, number);
+    records_[index] = record;
+  }
   void remove(double number) noexcept {
     const auto index = static_cast<std::size_t>(number);
     places_[index].entry.leave();
+    records_[index] = nullptr;
     if (places_[index].uses + 1 < kUses) freePlaces_.push_back(index);
   }
 
  private:
   static constexpr double kUses = 65536;
 
-  /// One line of the processor's cache, since numbers come in any order.
-  struct alignas(64) Place {
+  struct Place {
     Entry entry;
     double uses = 0;
   };
+
+  void addPlace() {
+    if (freePlaces_.capacity() <= places_.size())  // freeing a place must not fail
+      freePlaces_.reserve(2 * places_.size() + 1);
+    records_.push_back(nullptr);
+    try {
+      places_.emplace_back();
+    } catch (...) {
+      records_.pop_back();
+      throw;
+    }
+    freePlaces_.push_back(places_.size() - 1);
+  }
+
+  std::vector<HandleRecord*> records_;  ///< of the places: what a look-up reads
   std::deque<Place> places_;
   std::vector<std::size_t> freePlaces_;
 };
@@ -106,10 +125,16 @@ class IntegerTable {
     return number;
   }
 
-  Entry* find(double number) noexcept {
-    if (!(number >= INT_MIN && number <= INT_MAX)) return nullptr;
+  HandleRecord* find(double number) const noexcept {
+    if (!isInteger(number)) return nullptr;
     const auto found = used_.find(static_cast<int>(number));
-    return found == used_.end() ? nullptr : &found->second;
+    return found == used_.end() ? nullptr : found->second.record();
+  }
+
+  // The number has to be in the table.
+
+  void rebind(double number, HandleRecord* record) noexcept {
+    used_.find(static_cast<int>(number))->second.enter(record, number);
   }
 
   void remove(double number) noexcept {
@@ -138,22 +163,12 @@ Tables& tables() {
   return *entered;
 }
 
-bool isWhole(double number) noexcept {
-  constexpr double kAllAreWhole = 1e18;  // from here on, and it fits the integer
-  if (!(std::abs(number) < kAllAreWhole)) return !std::isnan(number);
-  return static_cast<double>(static_cast<std::int64_t>(number)) == number;
-}
-
-Entry* find(double number) noexcept {
-  if (!entered) return nullptr;
-  return isWhole(number) ? entered->integers.find(number) : entered->fractions.find(number);
-}
-
 }  // namespace
 
 HandleRecord* handle2pointer(double handle) noexcept {
-  const Entry* entry = find(handle);
-  return entry ? entry->record() : nullptr;
+  if (!entered) return nullptr;
+  HandleRecord* const record = entered->fractions.find(handle);
+  return record ? record : entered->integers.find(handle);
 }
 
 double new_handle(HandleRecord* record, double) {
@@ -172,8 +187,8 @@ void assign_figure_handle(HandleRecord* record, int number) {
 }
 
 void destroy_handle(double handle) noexcept {
-  if (!find(handle)) return;
-  if (isWhole(handle))
+  if (!handle2pointer(handle)) return;
+  if (isInteger(handle))
     entered->integers.remove(handle);
   else
     entered->fractions.remove(handle);
@@ -181,7 +196,11 @@ void destroy_handle(double handle) noexcept {
 
 void rebind_handle(double handle, HandleRecord* record) noexcept {
   if (!record) return destroy_handle(handle);
-  if (Entry* entry = find(handle)) entry->enter(record, handle);
+  if (!handle2pointer(handle)) return;
+  if (isInteger(handle))
+    entered->integers.rebind(handle, record);
+  else
+    entered->fractions.rebind(handle, record);
 }
 
 int get_any_object_type(const HandleRecord* record) noexcept {

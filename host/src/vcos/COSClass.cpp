@@ -31,7 +31,8 @@ class Property final : public CountedObject, public COSPropInfo {
       : name_(name),
         type_(std::move(type)),
         access_(access),
-        place_(place) {}
+        place_(place),
+        holdsNothing_(vcos::holdsNothing(access.dataType(), {})) {}
 
   COSNameID nameID() const noexcept { return name_; }
   std::size_t place() const noexcept { return place_; }
@@ -39,7 +40,7 @@ class Property final : public CountedObject, public COSPropInfo {
   void setDefault(COSValue value) { default_.emplace(dataType(), copyValue(dataType(), value)); }
   void setHook(COSPropertyHook hook) noexcept { hook_ = hook; }
   void destroy(HeldWord held) const noexcept {
-    if (held.isOwn) destroyValue(dataType(), held.word);
+    if (held.isOwn && !holdsNothing_) dataType().destroy(held.word);
   }
 
   const char* getName() const override { return name_.c_str(); }
@@ -53,18 +54,15 @@ class Property final : public CountedObject, public COSPropInfo {
 
   void setValue(COSInterface* object, COSValue value) override {
     countHostCall("setValue");
-    Object& owner = ownerOf(object);
-    take(owner, copyValue(dataType(), value));
+    set(object, [&] { return copyValue(dataType(), value); });
   }
   void setFromArray(COSInterface* object, const vxArray* value) override {
     countHostCall("setFromArray");
-    Object& owner = ownerOf(object);
-    take(owner, access_.fromArray(value));
+    set(object, [&] { return access_.fromArray(value); });
   }
   void setFromText(COSInterface* object, const char* text) override {
     countHostCall("setFromText");
-    Object& owner = ownerOf(object);
-    take(owner, access_.fromText(text));
+    set(object, [&] { return access_.fromText(text); });
   }
 
  private:
@@ -74,24 +72,33 @@ class Property final : public CountedObject, public COSPropInfo {
     const auto* properties = owner ? &owner->getClass()->properties() : nullptr;
     if (!properties || place_ >= properties->size() || (*properties)[place_].get() != this)
       throw COSMsgException(std::string("The object has no property ") + getName() + ".");
-    if (owner->isDestroyed()) throw COSMsgException("The object has been destroyed.");
+    requireAlive(*owner);
     return *owner;
+  }
+
+  static void requireAlive(const Object& object) {
+    if (object.isDestroyed()) throw COSMsgException("The object has been destroyed.");
   }
 
   COSValue defaultWord() const {
     if (default_) return default_->get();
-    return holdsNothing(dataType(), {}) ? COSValue() : dataType().getDefaultValue();
+    return holdsNothing_ ? COSValue() : dataType().getDefaultValue();
   }
 
-  /// Puts a word in that is the object's from now on, also when this throws; of a type that has
-  /// nothing to hold, null.
-  void take(Object& owner, COSValue given) const {
-    OwnedValue taken(dataType(), holdsNothing(dataType(), given) ? COSValue() : given);
+  /// Puts in what `make` gives; null if the type has nothing to hold.
+  template <class Make>
+  void set(COSInterface* object, Make&& make) const {
+    Object& owner = ownerOf(object);
     const COSInterfacePtr alive(&owner);
     owner.reserve(place_);
-    const COSValue word = taken.release();
-    const HeldWord old = owner.replace(place_, {word, true});
-    if (hook_) runHook(owner, word, old);
+    const COSValue made = make();
+    const HeldWord held{holdsNothing_ ? COSValue() : made, true};
+    if (owner.isDestroyed()) {  // by what making it led to
+      destroy(held);
+      requireAlive(owner);
+    }
+    const HeldWord old = owner.replace(place_, held);
+    if (hook_) runHook(owner, held.word, old);
     destroy(old);
   }
 
@@ -108,6 +115,7 @@ class Property final : public CountedObject, public COSPropInfo {
   COSDataTypePtr type_;
   TypeAccess access_;
   std::size_t place_;
+  bool holdsNothing_;  ///< values of the type have 0 bytes
   std::optional<OwnedValue> default_;
   COSPropertyHook hook_ = nullptr;
 };

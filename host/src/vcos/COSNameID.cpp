@@ -2,10 +2,10 @@
 
 #include <vcos/COSNameID.h>
 
+#include <boost/unordered_set.hpp>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
-#include <unordered_set>
 
 namespace vcos {
 namespace {
@@ -28,8 +28,9 @@ struct TextHash {
   }
 };
 
-using Names = std::unordered_set<std::string_view, TextHash, std::equal_to<>,
-                                 PermanentAllocator<std::string_view>>;
+/// Its places are a power of two, which takes no division to find one.
+using Names = boost::unordered_set<std::string_view, TextHash, std::equal_to<>,
+                                   PermanentAllocator<std::string_view>>;
 
 Names& internedNames() {
   static Names& names = *new Names(256);
