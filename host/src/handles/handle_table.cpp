@@ -45,8 +45,8 @@ bool isInteger(double number) noexcept {
          static_cast<double>(static_cast<int>(number)) == number;
 }
 
-/// Numbers that are not whole. The whole part is the place in the table; the fraction counts who
-/// has had the place, so that a number is never given twice.
+/// Numbers that are not whole. The whole part is the place in the table, counted from 1; the
+/// fraction counts who has had the place, so that a number is never given twice.
 class FractionTable {
  public:
   double add(HandleRecord* record) {
@@ -54,27 +54,27 @@ class FractionTable {
     const std::size_t index = freePlaces_.back();
     freePlaces_.pop_back();
     Place& place = places_[index];
-    const double number = static_cast<double>(index) + ++place.uses / kUses;
+    const double number = static_cast<double>(index + 1) + ++place.uses / kUses;
     place.entry.enter(record, number);
     records_[index] = record;
     return number;
   }
 
   HandleRecord* find(double number) const noexcept {
-    if (!(number > 0) || number >= static_cast<double>(records_.size())) return nullptr;
-    HandleRecord* const record = records_[static_cast<std::size_t>(number)];
+    if (!(number >= 1 && number < static_cast<double>(records_.size() + 1))) return nullptr;
+    HandleRecord* const record = records_[indexOf(number)];
     return record && record->handle == number ? record : nullptr;
   }
 
   // The number has to be in the table.
 
   void rebind(double number, HandleRecord* record) noexcept {
-    const auto index = static_cast<std::size_t>(number);
+    const std::size_t index = indexOf(number);
     places_[index].entry.enter(record, number);
     records_[index] = record;
   }
   void remove(double number) noexcept {
-    const auto index = static_cast<std::size_t>(number);
+    const std::size_t index = indexOf(number);
     places_[index].entry.leave();
     records_[index] = nullptr;
     if (places_[index].uses + 1 < kUses) freePlaces_.push_back(index);
@@ -82,6 +82,10 @@ class FractionTable {
 
  private:
   static constexpr double kUses = 65536;
+
+  static std::size_t indexOf(double number) noexcept {
+    return static_cast<std::size_t>(number) - 1;
+  }
 
   struct Place {
     Entry entry;
