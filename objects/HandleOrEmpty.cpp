@@ -42,9 +42,13 @@ template class PropertyDataType<HandleOrEmptyDataType, HandleOrEmpty>;
 namespace {
 
 /// The host's type whose words are arrays.
-const vcos::COSDataType& arrayType() {
+const vcos::COSDataTypePtr& getVxArrayDataType() {
   static const vcos::COSDataTypePtr type = vcos::COSTypeRepository::getType(COSNameID("any"));
-  return *type.getObject();
+  return type;
+}
+
+const vcos::COSDataType& arrayType() {
+  return *getVxArrayDataType().getObject();
 }
 
 vxArray* createEmpty() {
@@ -147,6 +151,7 @@ COSInterfacePtr HandleOrEmpty::convertValue(const vcos::COSPropInfo* property,
                                             COSValue value) const {
   const auto* const conversion =
       vcos::COSTypeRepository::getConversion(COSNameID("any"), property->getDataType().getID());
+  if (!conversion) return {};
   const Vprotected_vxArray array = localized(conversion->to(value).asPointer<vxArray>());
   return firstObject(array.get());
 }

@@ -48,11 +48,13 @@ namespace {
 
 constexpr double kNoHandle = -1.0;
 
+constexpr const char* kGraphicsClass = "VGHandle";
+
 /// The number of the class of all graphics objects, which is registered on demand.
 int graphicsClass() {
-  static constexpr const char* kName = "VGHandle";
-  static int number = utGetClassNum(kName);
-  if (number == -1) number = utRegisterObjectClass(kName, utGetClassNum(kName), 0);
+  static int number = utGetClassNum(kGraphicsClass);
+  if (number == -1)
+    number = utRegisterObjectClass(kGraphicsClass, utGetClassNum(kGraphicsClass), 0);
   return number;
 }
 
@@ -70,20 +72,19 @@ double enterRecord(COSInterface* object, Enter&& enter) {
   return number;
 }
 
-/// The record that had the number is freed, since nothing leads to it any more.
+/// Kept: the record that had the number is not freed, since whose it is nobody knows.
 void assignInteger(COSInterface* object, int number) {
   std::unique_ptr<HandleRecord> record = makeRecord(object);
-  HandleRecord* const displaced = handle2pointer(number);
   assign_figure_handle(record.get(), number);
   static_cast<void>(record.release());
-  delete displaced;
 }
 
 /// The object of a number, which may be null; none if the number names nothing.
 std::optional<COSInterface*> objectOf(double number) {
   const HandleRecord* const record = handle2pointer(number);
-  if (!record || !utInstanceOf(get_any_object_type(record), graphicsClass())) return std::nullopt;
-  return record->object;
+  const bool isGraphics =
+      record && utInstanceOf(get_any_object_type(record), utGetClassNum(kGraphicsClass));
+  return isGraphics ? std::optional(record->object) : std::nullopt;
 }
 
 /// The numbers that were made while somebody wants to sweep them away.
@@ -156,6 +157,7 @@ class DoubleVCOSConversion final : public vcos::COSTypeConversion {
     static const COSNameID graphicsObject("vg2utils.VGHandle");
     static const COSNameID root("vortil.ui.Root");
     static const COSNameID figure("vortil.ui.Figure");
+    graphicsClass();  // what may fail here has not made a number yet
     vcos::COSClass* const ownClass = object ? object->getClass() : nullptr;
     if (!ownClass || !ownClass->isA(graphicsObject)) return kNoHandle;
     const bool isRoot = ownClass->isA(root);

@@ -47,7 +47,7 @@ Failure describeCurrent() {
   } catch (const Lindgrove::System::InternalException_DEPRECATED&) {
     return {FailureKind::Other, "", ""};  // what() says no more than that it is one
   } catch (const RequestError& error) {
-    return {FailureKind::Request, "", error.what()};
+    return {FailureKind::Request, "", error.text()};
   } catch (const std::exception& error) {
     return {FailureKind::Other, "", error.what()};
   } catch (...) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -9,7 +10,15 @@ namespace vgdt {
 /// The request itself is wrong, whatever a type would say of the value.
 class RequestError : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit RequestError(const std::string& problem)
+      : runtime_error(problem),
+        text_(std::make_shared<const std::string>(problem)) {}
+
+  /// The whole text, where what() ends at a NUL.
+  const std::string& text() const noexcept { return *text_; }
+
+ private:
+  std::shared_ptr<const std::string> text_;  // an exception must copy without fail
 };
 
 /// Where a failure came from. The names are those of `error.kind` in a reply.

@@ -38,7 +38,7 @@ vcos::ArrayOwner readLiteral(const std::string& literal) {
   } catch (const LiteralError& error) {
     throw LiteralError(error.position(),
                        fmt::format("column {} of the literal: {}",
-                                   columnOf(literal, error.position()), error.what()));
+                                   columnOf(literal, error.position()), error.text()));
   }
 }
 

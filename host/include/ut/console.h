@@ -22,6 +22,8 @@ class VGHOST_API ConsoleCapture {
 
   /// The lines so far, without their line feeds. A last line that has not ended yet counts too.
   std::vector<std::string> lines() const;
+  /// The same, and then there are none.
+  std::vector<std::string> takeLines();
 
  private:
   friend void ::utPrintf(const char* format, ...);

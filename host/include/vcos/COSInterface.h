@@ -24,8 +24,8 @@ class VGHOST_API COSInterface {
   virtual void addRef() noexcept = 0;
   virtual void release() noexcept = 0;
 
-  /// For the host itself: tells `watch` when the last reference to an object of a class goes.
-  virtual void addWatch(ObjectWatch& watch) noexcept;
+  /// For the host itself: tells `watch` when the last reference goes.
+  virtual void addWatch(ObjectWatch& watch) noexcept = 0;
 };
 
 /// Holds one reference to an object, or none.

@@ -7,6 +7,7 @@
 #include <ut/export.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 /// By a message of the catalogue.
@@ -47,11 +48,15 @@ struct Warning {
 class VGHOST_API WarningCapture {
  public:
   WarningCapture();
-  ~WarningCapture();
+  virtual ~WarningCapture();
   WarningCapture(const WarningCapture&) = delete;
   WarningCapture& operator=(const WarningCapture&) = delete;
 
   const std::vector<Warning>& warnings() const noexcept { return warnings_; }
+
+ protected:
+  /// Gets each warning when it is issued.
+  virtual void keep(Warning warning) { warnings_.push_back(std::move(warning)); }
 
  private:
   friend void ::vxWarningMsgId(const resource_core::BaseMsgID& message);

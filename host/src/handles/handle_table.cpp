@@ -56,14 +56,14 @@ class FractionTable {
     Place& place = places_[index];
     const double number = static_cast<double>(index + 1) + ++place.uses / kUses;
     place.entry.enter(record, number);
-    records_[index] = record;
+    numbers_[index] = {number, record};
     return number;
   }
 
   HandleRecord* find(double number) const noexcept {
-    if (!(number >= 1 && number < static_cast<double>(records_.size() + 1))) return nullptr;
-    HandleRecord* const record = records_[indexOf(number)];
-    return record && record->handle == number ? record : nullptr;
+    if (!(number >= 1 && number < static_cast<double>(numbers_.size() + 1))) return nullptr;
+    const Number& found = numbers_[indexOf(number)];
+    return found.number == number ? found.record : nullptr;
   }
 
   // The number has to be in the table.
@@ -71,12 +71,12 @@ class FractionTable {
   void rebind(double number, HandleRecord* record) noexcept {
     const std::size_t index = indexOf(number);
     places_[index].entry.enter(record, number);
-    records_[index] = record;
+    numbers_[index].record = record;
   }
   void remove(double number) noexcept {
     const std::size_t index = indexOf(number);
     places_[index].entry.leave();
-    records_[index] = nullptr;
+    numbers_[index] = {};
     if (places_[index].uses + 1 < kUses) freePlaces_.push_back(index);
   }
 
@@ -87,6 +87,10 @@ class FractionTable {
     return static_cast<std::size_t>(number) - 1;
   }
 
+  struct Number {
+    double number = 0;
+    HandleRecord* record = nullptr;
+  };
   struct Place {
     Entry entry;
     double uses = 0;
@@ -95,17 +99,17 @@ class FractionTable {
   void addPlace() {
     if (freePlaces_.capacity() <= places_.size())  // freeing a place must not fail
       freePlaces_.reserve(2 * places_.size() + 1);
-    records_.push_back(nullptr);
+    numbers_.emplace_back();
     try {
       places_.emplace_back();
     } catch (...) {
-      records_.pop_back();
+      numbers_.pop_back();
       throw;
     }
     freePlaces_.push_back(places_.size() - 1);
   }
 
-  std::vector<HandleRecord*> records_;  ///< of the places: what a look-up reads
+  std::vector<Number> numbers_;  ///< of the places: what a look-up reads
   std::deque<Place> places_;
   std::vector<std::size_t> freePlaces_;
 };
@@ -116,8 +120,10 @@ class IntegerTable {
  public:
   double add(HandleRecord* record) {
     // The smallest of those given up, unless there is one that nobody has had yet below it.
-    while (used_.contains(next_) || free_.contains(next_))
-      if (next_++ == INT_MAX - 1) return Entry::kNone;
+    while (used_.contains(next_) || free_.contains(next_)) {
+      if (next_ == INT_MAX) return Entry::kNone;
+      ++next_;
+    }
     const auto smallest = free_.lower_bound(1);
     const bool isFreeBelow = smallest != free_.end() && smallest->first < next_;
     return enter(isFreeBelow ? smallest->first : next_, record);

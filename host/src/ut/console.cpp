@@ -42,6 +42,12 @@ std::vector<std::string> ConsoleCapture::lines() const {
   return result;
 }
 
+std::vector<std::string> ConsoleCapture::takeLines() {
+  std::vector<std::string> taken = lines();
+  text_.clear();
+  return taken;
+}
+
 std::string formatted(const char* format, std::va_list arguments) {
   std::va_list again;
   va_copy(again, arguments);

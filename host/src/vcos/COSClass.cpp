@@ -14,7 +14,6 @@ namespace vcos {
 using vghost::faults::countHostCall;
 
 COSInterface::~COSInterface() = default;
-void COSInterface::addWatch(ObjectWatch&) noexcept {}
 COSPropInfo::~COSPropInfo() = default;
 
 namespace {
@@ -136,11 +135,6 @@ void Object::destroyValues() noexcept {
   const std::vector<HeldWord> values = std::exchange(values_, {});
   for (std::size_t place = 0; place < values.size(); ++place)
     propertyAt(class_, place).destroy(values[place]);
-}
-
-void Object::lastReferenceGone() noexcept {
-  watches_.clear_and_dispose([](ObjectWatch* watch) { watch->objectGone(); });
-  deleteInTurn();
 }
 
 COSPropInfo* COSPropInfoPtrHelper::getObject(const COSInterfacePtr& property) const noexcept {

@@ -4,7 +4,8 @@
 
 namespace vcos {
 
-void CountedObject::deleteInTurn() noexcept {
+void CountedObject::lastReferenceGone() noexcept {
+  watches_.clear_and_dispose([](ObjectWatch* watch) { watch->objectGone(); });
   static constinit thread_local CountedObject* waiting = nullptr;
   static constinit thread_local bool isDeleting = false;
   nextToDelete_ = std::exchange(waiting, this);

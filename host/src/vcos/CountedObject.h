@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../ut/SharedCount.h"
+#include "ObjectWatch.h"
 
 #include <vcos/COSInterface.h>
 
@@ -18,16 +19,17 @@ class CountedObject : public COSInterface {
     if (references_.subtract(1) == 0) lastReferenceGone();
   }
 
- protected:
-  virtual void lastReferenceGone() noexcept { deleteInTurn(); }
-  /// Deletes the object, behind the one that is being deleted now: it may hold the last reference
-  /// to another, and that one to a third, and a chain of any length must not take a stack of that
-  /// depth.
-  void deleteInTurn() noexcept;
+  void addWatch(ObjectWatch& watch) noexcept final { watches_.push_back(watch); }
 
  private:
-  CountedObject* nextToDelete_ = nullptr;
+  /// Tells those who watch, and deletes the object behind the one that is being deleted now: it may
+  /// hold the last reference to another, and that one to a third, and a chain of any length must
+  /// not take a stack of that depth.
+  void lastReferenceGone() noexcept;
+
   vghost::SharedCount references_;
+  ObjectWatches watches_;
+  CountedObject* nextToDelete_ = nullptr;
 };
 
 }  // namespace vcos

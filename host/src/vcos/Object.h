@@ -1,7 +1,6 @@
 #pragma once
 
 #include "CountedObject.h"
-#include "ObjectWatch.h"
 
 #include <vcos/COSClass.h>
 
@@ -27,7 +26,6 @@ class Object final : public CountedObject {
   COSInterfacePtr findProperty(COSNameID name) const override {
     return isDestroyed_ ? COSInterfacePtr() : class_.findProperty(name);
   }
-  void addWatch(ObjectWatch& watch) noexcept override { watches_.push_back(watch); }
 
   /// By the place of the property in the class. The object is not destroyed.
   HeldWord held(std::size_t place) const noexcept {
@@ -42,12 +40,9 @@ class Object final : public CountedObject {
   void destroyValues() noexcept;
 
  private:
-  void lastReferenceGone() noexcept override;
-
   const COSClass& class_;
   std::vector<HeldWord> values_;  ///< as far as any property has been set
   bool isDestroyed_ = false;
-  ObjectWatches watches_;
 };
 
 }  // namespace vcos

@@ -82,7 +82,7 @@ void vxWarningMsgId(const resource_core::BaseMsgID& message) {
   vghost::Warning warning{message.definition().identifier,
                           vghost::messages::text(message, vghost::messages::locale())};
   if (innermostCapture)
-    innermostCapture->warnings_.push_back(std::move(warning));
+    innermostCapture->keep(std::move(warning));
   else
     utPrintf("Warning: %s\n", warning.message.c_str());
 }

@@ -94,7 +94,7 @@ std::string errorText(const std::string& name, std::string_view text, const Json
   const std::string_view before = text.substr(0, error.position());
   const std::size_t lineBegin = before.rfind('\n') + 1;
   return fmt::format("{}:{}: column {}: {}", name, line,
-                     columnOf(text.substr(lineBegin), error.position() - lineBegin), error.what());
+                     columnOf(text.substr(lineBegin), error.position() - lineBegin), error.text());
 }
 
 /// Checks files one after the other.

@@ -68,7 +68,7 @@ ExitStatus convertUnits(const Console& console, const UnitsArguments& arguments,
     try {
       request.members.emplace(member, numbersOf(member, *literal));
     } catch (const RequestError& error) {
-      if (asJson) return printReply(console, badRequest(error.what()));
+      if (asJson) return printReply(console, badRequest(error.text()));
       reportRequestError(console, *literal, error);
       return kNotUnderstood;
     }

@@ -55,7 +55,7 @@ void printRefusal(std::ostream& stream, const Refusal& refusal) {
 
 void reportRequestError(const Console& console, const std::string& literal,
                         const RequestError& error) {
-  reportProblem(console, error.what());
+  reportProblem(console, error.text());
   if (const auto* place = dynamic_cast<const LiteralError*>(&error))
     console.errors << caretDisplay(literal, place->position()) << '\n';
 }

@@ -94,11 +94,11 @@ vcos::ArrayOwner BracketBuilder::objects() const {
   const auto classOf = [](const vcos::COSInterfacePtr& object) {
     return object ? object->getClass()->getNameID() : vcos::COSNameID("handle");
   };
-  const vcos::COSNameID first = classOf(objects_.front());
-  const bool isOfOneClass =
-      std::ranges::all_of(objects_, [&](const auto& object) { return classOf(object) == first; });
-  vcos::ArrayOwner array(
-      omCreateVCOSMatrix(rows_, columns_, isOfOneClass ? first : vcos::COSNameID("handle")));
+  vcos::COSNameID className = objects_.empty() ? vcos::COSNameID("handle") : classOf(objects_[0]);
+  const bool isOfOneClass = std::ranges::all_of(
+      objects_, [&](const auto& object) { return classOf(object) == className; });
+  if (!isOfOneClass) className = vcos::COSNameID("handle");
+  vcos::ArrayOwner array(omCreateVCOSMatrix(rows_, columns_, className));
   for (std::size_t i = 0; i < objects_.size(); ++i)
     omSetArrayElement(array.get(), i % columns_ * rows_ + i / columns_, objects_[i]);
   return array;

@@ -257,9 +257,9 @@ class Printer {
   }
 
   std::string objects(const vxArray* array) const {
-    const bool isEmptyHandle =
-        isZeroByZero(array) && std::string_view(vxGetClassName(array)) == "handle";
-    if (isEmptyHandle) return "empty_handle";
+    const bool isOfHandle = std::string_view(vxGetClassName(array)) == "handle";
+    if (vxIsEmpty(array) && isOfHandle)
+      return isZeroByZero(array) ? "empty_handle" : reshaped(array, "empty_handle");
     if (vxIsEmpty(array) || isTooLong(array)) return described(array);
     const auto textAt = [array](std::size_t i) { return objectText(omGetArrayElement(array, i)); };
     if (vxIsScalar(array)) return textAt(0);

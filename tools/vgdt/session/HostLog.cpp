@@ -4,19 +4,19 @@
 
 namespace vgdt {
 
-void HostLog::listen() {
-  console_.emplace();
-  warnings_.emplace();
+void HostLog::takeLines() {
+  for (std::string& line : console_.takeLines())
+    entries_.emplace_back(std::move(line));
+}
+
+void HostLog::keep(vghost::Warning warning) {
+  takeLines();
+  entries_.emplace_back(std::move(warning));
 }
 
 std::vector<LogEntry> HostLog::take() {
-  std::vector<LogEntry> entries;
-  for (std::string& line : console_->lines())
-    entries.emplace_back(std::move(line));
-  for (const vghost::Warning& warning : warnings_->warnings())
-    entries.emplace_back(warning);
-  listen();
-  return entries;
+  takeLines();
+  return std::exchange(entries_, {});
 }
 
 }  // namespace vgdt

@@ -9,20 +9,19 @@
 
 namespace vgdt {
 
-/// Keeps what is printed on the host's console and what the host warns of while it lives. Two of
-/// them end in the reverse order.
-class HostLog {
+/// Keeps what is printed on the host's console and what the host warns of while it lives, in order.
+/// Two of them end in the reverse order.
+class HostLog final : private vghost::WarningCapture {
  public:
-  HostLog() { listen(); }
-
-  /// What came since the last call: first the lines, then the warnings.
+  /// What came since the last call.
   std::vector<LogEntry> take();
 
  private:
-  void listen();
+  void keep(vghost::Warning warning) override;
+  void takeLines();
 
-  std::optional<vghost::ConsoleCapture> console_;
-  std::optional<vghost::WarningCapture> warnings_;
+  vghost::ConsoleCapture console_;
+  std::vector<LogEntry> entries_;
 };
 
 }  // namespace vgdt

@@ -187,7 +187,7 @@ SessionResult printValue(Call& call) {
   const vcos::ArrayOwner array = readValue(call, call.arguments[0]);
   const bool isText = vxGetClassID(array.get()) == vxCHAR_CLASS &&
                       vxGetNumberOfDimensions(array.get()) == 2 &&
-                      (vxGetM(array.get()) == 1 || vxGetN(array.get()) == 0);
+                      vxGetM(array.get()) == (vxGetN(array.get()) == 0 ? 0 : 1);
   const std::string text = isText ? vxArrayToStdString(array.get()) : formatLiteral(array.get());
   // A NUL would end a piece.
   for (std::size_t begin = 0; begin < text.size();) {
@@ -260,7 +260,9 @@ bool isAssignment(std::string_view line) {
   if (end == 0 || end == line.npos) return false;
   const std::string_view rest = withoutBlanks(line.substr(end));
   if (rest.empty() || rest.front() != '=') return false;
-  return !commandNamed(line.substr(0, end)) || withoutBlanks(rest.substr(1)).starts_with(kCreate);
+  const std::string_view value = withoutBlanks(rest.substr(1));
+  return !commandNamed(line.substr(0, end)) ||
+         value.substr(0, value.find_first_of(kBlanks)) == kCreate;
 }
 
 }  // namespace

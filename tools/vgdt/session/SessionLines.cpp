@@ -11,7 +11,8 @@
 namespace vgdt {
 
 void SessionLines::serve(std::string_view line) {
-  ++number_;
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (++number_ == 1 && line.starts_with(kByteOrderMark)) line.remove_prefix(kByteOrderMark.size());
   if (line.ends_with('\r')) line.remove_suffix(1);
   if (const auto reply = session_.serve(line)) show(line, *reply);
 }

@@ -1,5 +1,6 @@
 #include "session/SessionValues.h"
 
+#include "literal/LiteralFunctions.h"
 #include "session/CommandWords.h"
 #include "text/Nearest.h"
 #include "text/TextDisplay.h"
@@ -51,7 +52,7 @@ std::string hintAt(const Call& call, std::string_view place) {
   const std::string_view word = place.substr(0, place.find_first_of(kWordEnds));
   const bool isWord = !word.empty() && std::isalpha(static_cast<unsigned char>(word.front())) != 0;
   Objects& objects = call.session.objects();
-  if (!isWord || objects.find(word) || problemOfName(word)) return {};
+  if (!isWord || objects.find(word) || problemOfName(word) || isLiteralFunction(word)) return {};
   const auto nearest = nearestName(word, objects.livingNames());
   return fmt::format("; there is no object \"{}\"{}", shortened(word),
                      nearest ? fmt::format("; did you mean \"{}\"?", *nearest) : "");
@@ -69,7 +70,7 @@ vcos::ArrayOwner readValue(const Call& call, std::string_view text) {
     call.details.place = position;
     throw LiteralError(position,
                        fmt::format("column {} of the line: {}{}", columnOf(call.line, position),
-                                   error.what(), hintAt(call, text.substr(error.position()))));
+                                   error.text(), hintAt(call, text.substr(error.position()))));
   }
 }
 

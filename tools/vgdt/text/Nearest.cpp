@@ -39,6 +39,9 @@ bool differTooMuchInLength(std::string_view a, std::string_view b) {
 
 std::optional<std::string> nearestName(std::string_view text,
                                        const std::vector<std::string>& names) {
+  // No name that is meant for people is longer, and the work grows with the square.
+  constexpr std::size_t kMaxLength = 100;
+  if (text.size() > kMaxLength) return std::nullopt;
   const std::string wanted = lowerCase(text);
   std::optional<std::string> nearest;
   std::size_t limit = std::min(kMaxDistance + 1, (wanted.size() + 1) / 2);
