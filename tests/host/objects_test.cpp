@@ -225,8 +225,8 @@ TEST(HandleTable, GivesFreshNumbersAndTheSmallestFreeIntegers) {
   };
   EXPECT_THAT((std::vector{next(), assign(3), assign(-7), next(), next()}),
               ElementsAre(1, 3, -7, 2, 4));
-  destroy_handle(3);
-  destroy_handle(2);
+  for (const int number : {3, 2, -7})
+    destroy_handle(number);
   EXPECT_THAT((std::vector{next(), next(), next()}), ElementsAre(2, 3, 5));
   EXPECT_EQ(assign(1), 1);
   EXPECT_EQ(handle2pointer(1), &figures.back());

@@ -126,7 +126,8 @@ TEST_F(Handles, ThatAreTrackedAreSweptAway) {
     for (const bool isRootNew : {true, false}) {
       enableDoubleHandleTracking(true);
       const double made[] = {numberOf(line), numberOf(figure)};
-      enableDoubleHandleTracking(true);  // keeps them
+      enableDoubleHandleTracking(true);
+      EXPECT_EQ(objectOf(made[0]), line.get());
       EXPECT_EQ(numberOf(sampleObject("Plain")), -1);
       EXPECT_EQ(numberOf(root), 0);
       enableDoubleHandleTracking(false);
