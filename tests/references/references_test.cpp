@@ -11,7 +11,6 @@
 #include <graphics/datatype/JavaPeerDataType.h>
 #include <vcos/COSIterator.h>
 
-#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -142,36 +141,25 @@ TEST_F(References, OfCompositesAreRows) {
   }
 }
 
-TEST_F(References, ToObjectsCountAndBorrowOnlyByNumber) {
+TEST_F(References, ByNumberAreBorrowedUnlessAPropertyAsks) {
   const vcos::TypeAccess access = accessOf("COSInterface");
-  vcos::COSDataType& type = *COSInterfaceDataType::getType();
-  const auto from = [](const ArrayOwner& array) {
-    return COSInterfaceVC().from(wordOf(array.get()));
-  };
-  using Refer = std::function<COSValue(const COSInterfacePtr& object, const ArrayOwner& number)>;
-  const std::pair<bool, Refer> rows[] = {
-      {true, [&](auto& object, auto&) { return type.copy(wordOf(object.get())); }},
-      {true, [&](auto& object, auto&) { return from(objects({object})); }},
-      {false, [&](auto&, auto& number) { return from(number); }},
-      {true, [&](auto&, auto& number) { return access.fromArray(number.get()); }},
-  };
-  for (const auto& [counts, refer] : rows) {
-    SCOPED_TRACE(&counts - &rows[0].first);
+  for (const bool counts : {false, true}) {
     COSInterfacePtr object = sampleObject("Line");
     const Watched watched(object);
-    const ArrayOwner number = scalar(numberOf(object));
-    const COSValue value = refer(object, number);
+    const double number = numberOf(object);
+    const ArrayOwner array = scalar(number);
+    const COSValue value =
+        counts ? access.fromArray(array.get()) : COSInterfaceVC().from(wordOf(array.get()));
     EXPECT_EQ(value, wordOf(object.get()));
     object = {};
     EXPECT_EQ(watched.isAlive(), counts);
-    if (counts) type.destroy(value);
+    if (counts) access.dataType().destroy(value);
     EXPECT_FALSE(watched.isAlive());
-    EXPECT_TRUE(access.fromArray(number.get()).isNull());
-    vcos_destroy_handle(vxGetScalar(number.get()));
+    EXPECT_TRUE(access.fromArray(array.get()).isNull());
+    vcos_destroy_handle(number);
   }
   for (const char* words : {"1x1 char", "0x0 double", "0x0 object", "1x1 single", "1x1 double -1"})
-    EXPECT_TRUE(from(array(words)).isNull()) << words;
-  EXPECT_TRUE(from(ArrayOwner()).isNull());
+    EXPECT_TRUE(access.fromArray(array(words).get()).isNull()) << words;
 }
 
 /// A Java machine that knows which references there are, and which object each refers to.
