@@ -28,15 +28,15 @@ std::vector<Script> scripts() {
   for (std::string line; std::getline(file, line);) {
     if (line.starts_with("==")) {
       all.push_back({line, "", {}});
-    } else if (line.starts_with("{\"line\"")) {
-      all.back().replies.back() = line + '\n';
-    } else {
-      auto& [title, lines, replies] = all.back();
-      lines += line + '\n';
-      const std::string number = std::to_string(replies.size() + 1);
-      const bool isCommand = !line.empty() && !line.starts_with('#');
-      replies.push_back(isCommand ? "{\"line\":" + number + ",\"ok\":true}\n" : "");
+      continue;
     }
+    auto& [title, lines, replies] = all.back();
+    const bool isReply = line.starts_with("{\"ok\"");
+    if (!isReply) lines += line + '\n';
+    if (!isReply) replies.emplace_back();
+    if (line.empty() || line.starts_with('#')) continue;
+    const std::string number = "{\"line\":" + std::to_string(replies.size());
+    replies.back() = number + ',' + (isReply ? line.substr(1) : "\"ok\":true}") + '\n';
   }
   return all;
 }

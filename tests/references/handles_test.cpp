@@ -20,6 +20,7 @@ namespace {
 using namespace test;
 using namespace graphics::datatype;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using Handles = Samples;
 
 bool isWhole(double number) {
@@ -99,12 +100,9 @@ TEST_F(Handles, AreWarnedOfWhileOneOfTwoFeaturesIsOn) {
         texts.push_back(warning.message);
       return texts;
     };
-    const auto toNumber = [](const std::string& className) {
-      return "An object of class " + className + " was converted to a number.";
-    };
-    const auto all = ElementsAre(toNumber("vortil.graphics.Line"), toNumber("vortil.Plain"),
-                                 toNumber("graphics"), toNumber("vortil.ui.Root"),
-                                 "A number was used as a handle of an object.");
+    const auto all = ElementsAre(HasSubstr("class vortil.graphics.Line was converted"),
+                                 HasSubstr("class vortil.Plain "), HasSubstr("class graphics "),
+                                 HasSubstr("class vortil.ui.Root "), HasSubstr("was used as a"));
     EXPECT_THAT(warnings(), ElementsAre()) << "start-up registers one, which is off";
     svSetFeatureState("VG2DoubleConversionWarning", 1);
     EXPECT_THAT(warnings(), all);

@@ -2,7 +2,6 @@
 
 #include "references/Samples.h"
 #include "support/FakeJavaEnvironment.h"
-#include "support/FakeJavaMachine.h"
 #include "support/HostError.h"
 
 #include <gmock/gmock.h>

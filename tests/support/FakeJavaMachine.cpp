@@ -1,4 +1,4 @@
-#include "FakeJavaMachine.h"
+#include "FakeJavaEnvironment.h"
 
 namespace {
 

@@ -1,7 +1,6 @@
 // Font names that Java is asked about, with a Java machine that stands in for one.
 
 #include "support/FakeJavaEnvironment.h"
-#include "support/FakeJavaMachine.h"
 #include "support/HostError.h"
 
 #include <graphics/datatype/FontNameDataType.h>
