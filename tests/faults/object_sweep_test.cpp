@@ -15,7 +15,6 @@ namespace {
 
 using namespace test;
 using graphics::datatype::vcos_destroy_handle;
-using vcos::OwnedValue;
 
 using Set = std::function<void(vcos::COSPropInfo&, COSInterface*)>;
 
@@ -43,29 +42,34 @@ void sweepSet(const char* className, const char* name, const Set& set) {
 TEST(ObjectSweep, AFailingSetLeavesTheOldValue) {
   inChildProcess([] {
     VLInitialize_vgdatatypes();
-    const std::pair<const char*, std::pair<const char*, const char*>> texts[] = {
-        {"LinePrimitive", {"Color", "red"}},  {"LinePrimitive", {"LineStyle", "--"}},
-        {"MarkerPrimitive", {"Style", "^"}},  {"TextPrimitive", {"Color", "[0.5 1 0]"}},
-        {"TextPrimitive", {"String", "two"}}, {"Figure", {"Tag", "a tag"}},
-        {"Axes", {"YLimits", "[2 5]"}}};
-    for (const auto& [className, row] : texts)
-      sweepSet(className, row.first, [text = row.second](auto& property, auto* object) {
-        property.setFromText(object, text);
-      });
+    const auto text = [](const char* given) -> Set {
+      return [given](auto& property, auto* object) { property.setFromText(object, given); };
+    };
+    const auto array = [](const ArrayOwner& given) -> Set {
+      return [&given](auto& property, auto* object) { property.setFromArray(object, given.get()); };
+    };
     const COSInterfacePtr line = sampleObject("Line");
-    const double number = numberOf(line);
-    const ArrayOwner one = scalar(number);
+    const ArrayOwner number = scalar(numberOf(line));
     const ArrayOwner reference(omCreateVCOSScalar(line));
-    const ArrayOwner lines = array("1x3 char", {'a', '\n', 'b'});
-    const std::tuple<const char*, const char*, const vxArray*> arrays[] = {
-        {"TextPrimitive", "String", lines.get()},     {"Figure", "CurrentObject", one.get()},
-        {"Figure", "CurrentObject", reference.get()}, {"Root", "FigureInFront", one.get()},
-        {"Root", "FigureInFront", reference.get()},   {"Figure", "Peer", lines.get()}};
-    for (const auto& [className, name, given] : arrays)
-      sweepSet(className, name, [array = given](auto& property, auto* object) {
-        property.setFromArray(object, array);
-      });
-    vcos_destroy_handle(number);
+    const ArrayOwner lines = test::array("1x3 char", {'a', '\n', 'b'});
+    const std::tuple<const char*, const char*, Set> rows[] = {
+        {"LinePrimitive", "Color", text("red")},
+        {"LinePrimitive", "LineStyle", text("--")},
+        {"MarkerPrimitive", "Style", text("^")},
+        {"TextPrimitive", "Color", text("[0.5 1 0]")},
+        {"TextPrimitive", "String", text("two")},
+        {"TextPrimitive", "String", array(lines)},
+        {"Figure", "Tag", text("a tag")},
+        {"Figure", "CurrentObject", array(number)},
+        {"Figure", "CurrentObject", array(reference)},
+        {"Figure", "Peer", array(lines)},
+        {"Axes", "YLimits", text("[2 5]")},
+        {"Root", "FigureInFront", array(number)},
+        {"Root", "FigureInFront", array(reference)},
+    };
+    for (const auto& [className, name, set] : rows)
+      sweepSet(className, name, set);
+    vcos_destroy_handle(vxGetScalar(number.get()));
   });
 }
 

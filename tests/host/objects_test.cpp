@@ -128,6 +128,8 @@ TEST(Class, HasDefaultsOfItsOwnAndPropertiesThatItsObjectsGetLater) {
   const COSInterfacePtr object = late.createObject();
   EXPECT_THROW(linkedClass().addProperty("Late", COSNameID("string")), COSException);
   late.addProperty("Late", COSNameID("string"));
+  EXPECT_THROW(late.addProperty("Late", COSNameID("string")), COSException);
+  EXPECT_THROW(late.addProperty("Later", COSNameID("no such type")), COSException);
   COSPropInfo& added = propertyOf(object, "Late");
   const auto value = [&] { return added.getValue(object.get()).asPointer<const char>(); };
   EXPECT_EQ(value(), nullptr);
@@ -141,6 +143,9 @@ TEST(Class, HasDefaultsOfItsOwnAndPropertiesThatItsObjectsGetLater) {
   EXPECT_THROW(late.setHook(COSNameID("Text"), nullptr), COSException);
   EXPECT_THROW(added.setValue(linkedClass().createObject().get(), {}), COSException);
   EXPECT_TRUE(late.isA(COSNameID("test.Linked")) && !late.isA(COSNameID("Linked")));
+  COSClass::destroyObject(object);
+  EXPECT_FALSE(object->findProperty(COSNameID("Late")));
+  EXPECT_THROW(value(), COSException);
 }
 
 struct Refusal {};
