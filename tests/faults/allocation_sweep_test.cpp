@@ -1,6 +1,7 @@
 // Every allocation and host call of the conversions fails once, and from then on.
 
 #include "faults/Obstacles.h"
+#include "references/Samples.h"
 #include "registry/RegisteredTypes.h"
 #include "support/ChildProcess.h"
 #include "support/Outcomes.h"
@@ -9,7 +10,9 @@
 #include <graphics/datatype/EnumStringType.h>
 #include <graphics/datatype/vgdatatypes.h>
 #include <gtest/gtest.h>
+#include <sv/features.h>
 #include <ut/memory.h>
+#include <vcos/COSPackage.h>
 #include <vcos/TypeAccess.h>
 
 #include <algorithm>
@@ -160,11 +163,22 @@ std::string valuesInATable() {
   return std::to_string(table.getEnumValue("t").asInteger<int>());
 }
 
+std::string classesThatNoPackageKnows() {
+  std::string names;
+  for (const auto* each : sample::classes()) {
+    const std::string name = each->getName();
+    const COSNameID package(name.substr(0, name.rfind('.')).c_str());
+    if (vcos::COSPackage::getPackage(package)->getClass(each->getNameID()) != each) names += name;
+  }
+  return names;
+}
+
 TEST(Sweep, WhatIsKeptFromItsFirstUseOnMayFailThereAndIsMadeAtTheNext) {
   for (const Obstacle& obstacle : kObstacles) {
-    for (std::uint64_t nth = 1; nth < 30; ++nth) {
+    for (std::uint64_t nth = 1; nth < 2000; nth += nth < 30 ? 1 : 41) {
       inChildProcess([&] {
         VLInitialize_vgdatatypes();
+        svRegisterFeature("VORTILUsingSingleGraphics", 1, nullptr, nullptr);
         const auto expectAtTheNext = [&](std::string_view words, const auto& work) {
           obstacle.fail(nth, false);
           static_cast<void>(outcomeOf(work));
@@ -178,6 +192,11 @@ TEST(Sweep, WhatIsKeptFromItsFirstUseOnMayFailThereAndIsMadeAtTheNext) {
         expectAtTheNext("2", valuesInATable);
         expectAtTheNext("none,none,", [] { return namesOf(accessOf("RGBAColor"), "none", "N"); });
         expectAtTheNext("flat,flat,", [] { return namesOf(accessOf("MeshAlpha"), "flat", "F"); });
+        expectAtTheNext("", classesThatNoPackageKnows);
+        const COSInterfacePtr root = sampleObject("Root");
+        expectAtTheNext("root", [&]() -> std::string {
+          return numberOf(root) == 0 && objectOf(0) == root.get() ? "root" : "another";
+        });
       });
     }
   }

@@ -4,9 +4,6 @@
 #include "references/Samples.h"
 #include "support/ChildProcess.h"
 
-#include <sv/features.h>
-#include <vcos/COSPackage.h>
-
 #include <functional>
 #include <string>
 #include <utility>
@@ -93,35 +90,6 @@ TEST(ObjectSweep, ObjectsAndNumbersAreMadeOrNot) {
       EXPECT_GT(met, 2U);
     }
   });
-}
-
-/// In a process for each obstacle: what is kept from its first use on is made at the next.
-TEST(ObjectSweep, WhatIsKeptFromItsFirstUseOnMayFailThere) {
-  constexpr std::uint64_t kStride = 41;
-  for (const Obstacle& obstacle : kObstacles) {
-    for (std::uint64_t nth = 1; nth < 2000; nth += nth < 20 ? 1 : kStride) {
-      inChildProcess([&] {
-        SCOPED_TRACE(testing::Message() << obstacle.name << " number " << nth);
-        VLInitialize_vgdatatypes();
-        svRegisterFeature("VORTILUsingSingleGraphics", 1, nullptr, nullptr);
-        obstacle.fail(nth, false);
-        outcomeOf([] { sample::classes(); });
-        obstacle.heal();
-        for (const auto* each : sample::classes()) {
-          const std::string name = each->getName();
-          const COSNameID package(name.substr(0, name.rfind('.')).c_str());
-          EXPECT_EQ(vcos::COSPackage::getPackage(package)->getClass(each->getNameID()), each);
-        }
-        if (nth >= 20) return;
-        const COSInterfacePtr root = sampleObject("Root");
-        obstacle.fail(nth, false);
-        outcomeOf([&] { numberOf(root); });
-        obstacle.heal();
-        EXPECT_EQ(numberOf(root), 0);
-        EXPECT_EQ(objectOf(0), root.get());
-      });
-    }
-  }
 }
 
 }  // namespace
