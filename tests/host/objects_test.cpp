@@ -168,37 +168,32 @@ TEST(Hook, SeesTheNewValueAndMayRefuseItOrEndTheObject) {
   static const auto destroy = [](COSInterface* object) {
     COSClass::destroyObject(COSInterfacePtr(object));
   };
-  const struct {
-    COSPropertyHook hook;
-    bool isRefused;
-    std::string left;
-  } rows[] = {
-      {[](auto* object, COSValue value) { EXPECT_EQ(text.getValue(object), value); }, false, "new"},
-      {[](auto*, COSValue) { throw Refusal(); }, true, "old"},
-      {[](auto* object, COSValue) { destroy(object); }, false, "nothing"},
-      {[](auto* object, COSValue) { destroy(object), throw Refusal(); }, true, "nothing"},
-      {[](auto* object, COSValue) { setAgain(object); }, false, "newest"},
-      {[](auto* object, COSValue) { setAgain(object), throw Refusal(); }, true, "old"},
+  const std::pair<COSPropertyHook, std::string> rows[] = {
+      {[](auto* object, COSValue value) { EXPECT_EQ(text.getValue(object), value); }, "new"},
+      {[](auto*, COSValue) { throw Refusal(); }, "refused, old"},
+      {[](auto* object, COSValue) { destroy(object); }, "destroyed"},
+      {[](auto* object, COSValue) { destroy(object), throw Refusal(); }, "refused, destroyed"},
+      {[](auto* object, COSValue) { setAgain(object); }, "newest"},
+      {[](auto* object, COSValue) { setAgain(object), throw Refusal(); }, "refused, old"},
   };
   const std::size_t before = vghost::liveBlocks();
-  for (const auto& row : rows) {
-    for (const std::string old : {"default", "own"}) {
-      SCOPED_TRACE(testing::Message() << &row - rows << old);
+  for (const auto& [hook, end] : rows) {
+    for (const bool hasOwn : {false, true}) {
       const COSInterfacePtr object = hooked.createObject();
       hooked.setHook(kText, nullptr);
-      if (old == "own") set(object.get(), "own");
-      hooked.setHook(kText, row.hook);
-      bool isRefused = false;
+      if (hasOwn) set(object.get(), "own");
+      hooked.setHook(kText, hook);
+      std::string reached;
       try {
         set(object.get(), "new");
       } catch (const Refusal&) {
-        isRefused = true;
+        reached = "refused, ";
       }
-      EXPECT_EQ(isRefused, row.isRefused);
-      EXPECT_EQ(object->isDestroyed() ? "nothing" : get(object.get()),
-                row.left == "old" ? old : row.left);
+      const std::string left = object->isDestroyed() ? "destroyed" : get(object.get());
+      reached += left == (hasOwn ? "own" : "default") ? "old" : left;
+      EXPECT_EQ(reached, end) << hasOwn;
     }
-    EXPECT_EQ(vghost::liveBlocks(), before);
+    EXPECT_EQ(vghost::liveBlocks(), before) << end;
   }
 }
 
