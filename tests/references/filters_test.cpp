@@ -119,7 +119,8 @@ TEST_F(Filters, FindThePropertyBehindOneOrNameIt) {
     set(object, given);
     for (const std::string each : {"_I", "I_I"})
       EXPECT_EQ(prop_is_auto(object.get(), each.c_str()), each != behind) << given;
-    EXPECT_EQ(missedBy([&, name = given] { set(primitive(behind), name); }), given);
+    const COSInterfacePtr without = primitive(behind);
+    EXPECT_EQ(missedBy([&, name = given] { set(without, name); }), given);
   }
   const COSInterfacePtr object = primitive("");
   propertyOf(object, "_I").setValue(object.get(), {});
