@@ -73,6 +73,7 @@ TEST(ObjectSweep, AFailingSetLeavesTheOldValue) {
 TEST(ObjectSweep, ObjectsAndNumbersAreMadeOrNot) {
   inChildProcess([] {
     VLInitialize_vgdatatypes();
+    graphics::datatype::test::enableDoubleHandleTracking(true);
     for (const char* className : {"Figure", "Line"}) {
       const COSInterfacePtr object = sampleObject(className);
       const auto met = sweep([&](const auto& meet) {
@@ -85,6 +86,7 @@ TEST(ObjectSweep, ObjectsAndNumbersAreMadeOrNot) {
         });
         EXPECT_EQ(made.get() != nullptr, outcome == Outcome::kSucceeded);
         EXPECT_EQ(objectOf(number), number == -1 ? nullptr : object.get());
+        EXPECT_LE(number, 1) << "the first number is free again after a failure";
         vcos_destroy_handle(number);
       });
       EXPECT_GT(met, 2U);

@@ -141,7 +141,10 @@ TEST(Class, HasDefaultsOfItsOwnAndPropertiesThatItsObjectsGetLater) {
   EXPECT_THROW(set("Text", "inherited"), COSException);
   EXPECT_THROW(set("Other", ""), COSException);
   EXPECT_THROW(late.setHook(COSNameID("Text"), nullptr), COSException);
-  EXPECT_THROW(added.setValue(linkedClass().createObject().get(), {}), COSException);
+  COSClass similar("test.Similar", &linkedClass());
+  similar.addProperty("Late", COSNameID("string"));
+  for (const COSClass* other : {&linkedClass(), &similar})
+    EXPECT_THROW(added.setValue(other->createObject().get(), {}), COSException);
   EXPECT_TRUE(late.isA(COSNameID("test.Linked")) && !late.isA(COSNameID("Linked")));
   COSClass::destroyObject(object);
   EXPECT_FALSE(object->findProperty(COSNameID("Late")));
