@@ -110,8 +110,8 @@ TEST(Object, IsSharedByThreads) {
   COSInterfacePtr object = linkedClass().createObject();
   const Watched watched(object);
   const auto share = [&object] {
-    for (int i = 0; i < 300'000; ++i)
-      const COSInterfacePtr mine = object;
+    for (int i = 0; i < 100'000; ++i)
+      const std::vector<COSInterfacePtr> mine(2, object);
   };
   for (std::vector<std::jthread> threads; threads.size() < 4;)
     threads.emplace_back(share);

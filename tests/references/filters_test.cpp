@@ -35,7 +35,7 @@ COSInterfacePtr primitive(const std::string& without, const std::string& manual 
                                    {"_I", "AutoManual"},
                                    {"I_I", "AutoManual"}})
     if (name != without) made.addProperty(name, accessOf(type).name());
-  const COSInterfacePtr object = made.createObject();
+  COSInterfacePtr object = made.createObject();
   if (!manual.empty()) propertyOf(object, manual).setFromText(object.get(), "manual");
   return object;
 }
