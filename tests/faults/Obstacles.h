@@ -2,9 +2,12 @@
 
 #include "support/FailingNew.h"
 
+#include <gtest/gtest.h>
 #include <messages/exceptions.h>
 #include <ut/faults.h>
+#include <ut/memory.h>
 #include <vcos/exceptions.h>
+#include <vx/array.h>
 
 #include <cstdint>
 #include <new>
@@ -57,6 +60,44 @@ Outcome outcomeOf(Work&& work) {
   } catch (const Lindgrove::System::utErrorException_DEPRECATED&) {
     return Outcome::kHostError;
   }
+}
+
+/// Calls `attempt(meet)` until the work that it lets meet() run meets no more obstacles: meet()
+/// puts the first, the second, ... in its way, and all later ones too if asked, and returns the
+/// outcome. An attempt has to leave nothing behind. Returns how many obstacles were met.
+template <class Attempt>
+std::uint64_t sweep(const Obstacle& obstacle, bool fromThenOn, Attempt&& attempt) {
+  constexpr std::uint64_t kFarTooMany = 5000;
+  bool isOver = false;
+  std::uint64_t nth = 0;
+  while (!isOver && ++nth < kFarTooMany) {
+    SCOPED_TRACE(testing::Message() << obstacle.name << " number " << nth
+                                    << (fromThenOn ? " and all later ones" : ""));
+    const std::size_t arrays = vghost::liveArrays();
+    const std::size_t blocks = vghost::liveBlocks();
+    attempt([&](const auto& work) {
+      const std::uint64_t before = obstacle.count();
+      obstacle.fail(nth, fromThenOn);
+      const Outcome outcome = outcomeOf(work);
+      isOver = obstacle.count() - before < nth;
+      obstacle.heal();
+      return outcome;
+    });
+    EXPECT_EQ(vghost::liveArrays(), arrays);
+    EXPECT_EQ(vghost::liveBlocks(), blocks);
+  }
+  EXPECT_TRUE(isOver) << "the work never ends";
+  return nth - 1;
+}
+
+/// Of each kind, once and from then on.
+template <class Attempt>
+std::uint64_t sweep(Attempt&& attempt) {
+  std::uint64_t met = 0;
+  for (const Obstacle& obstacle : kObstacles)
+    for (const bool fromThenOn : {false, true})
+      met += sweep(obstacle, fromThenOn, attempt);
+  return met;
 }
 
 }  // namespace test

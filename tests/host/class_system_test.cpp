@@ -184,32 +184,6 @@ TEST(Package, AClassIsFoundByItsWholeNameAndByTheLastPart) {
   EXPECT_EQ(package.getClass(id("other." + leaf)), nullptr);
 }
 
-TEST(Object, KeepsItsValueWhereASetFails) {
-  COSClass textual("Textual", nullptr);
-  textual.addProperty("Text", COSNameID("string"));
-  EXPECT_THROW(textual.addProperty("Text", COSNameID("string")), COSException);
-  EXPECT_THROW(textual.addProperty("Other", id(freshName())), COSException);
-  COSPropInfo& text = *COSPropInfoPtr(textual.findProperty(COSNameID("Text"))).getObject();
-  const std::size_t before = vghost::liveBlocks();
-  const COSInterfacePtr object = textual.createObject();
-  const auto set = [&](const char* value) {
-    text.setValue(object.get(), COSValue::fromPointer(value));
-  };
-  set("old");
-  set("new");
-  EXPECT_EQ(vghost::liveBlocks(), before + 1) << "the old value is ended";
-  vghost::faults::failAllocation(1, vghost::faults::Repeat::Once);
-  EXPECT_THROW(set("newer"), COSOutOfMemoryException);
-  EXPECT_STREQ(text.getValue(object.get()).asPointer<char>(), "new");
-
-  COSClass::destroyObject(object);
-  EXPECT_EQ(vghost::liveBlocks(), before);
-  EXPECT_TRUE(object->isDestroyed());
-  EXPECT_FALSE(object->findProperty(COSNameID("Text")));
-  EXPECT_THROW(static_cast<void>(text.getValue(object.get())), COSException);
-  EXPECT_THROW(set("late"), COSException);
-}
-
 TEST(BuiltInTypes, StringAndAnyHoldCopiesOfTheirOwn) {
   const auto type = [](const std::string& name) {
     return COSTypeRepository::getType(id(name)).getObject();

@@ -2,6 +2,7 @@
 
 #include "SampleClasses.h"
 #include "support/Arrays.h"
+#include "support/Objects.h"
 
 #include <graphics/datatype/handles.h>
 #include <graphics/datatype/vgdatatypes.h>
@@ -26,8 +27,9 @@ class Samples : public testing::Test {
 inline COSInterfacePtr sampleObject(const std::string& className) {
   return sample::findClass(className)->createObject();
 }
-inline vcos::COSPropInfo& propertyOf(const COSInterfacePtr& object, const std::string& name) {
-  return *vcos::COSPropInfoPtr(object->findProperty(COSNameID(name.c_str()))).getObject();
+inline COSInterfacePtr destroyed(const COSInterfacePtr& object) {
+  vcos::COSClass::destroyObject(object);
+  return object;
 }
 
 inline const vcos::COSTypeConversion& numbers() {

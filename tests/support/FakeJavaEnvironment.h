@@ -32,4 +32,11 @@ struct FakeJavaEnvironment : JNIEnv {
   std::string thrown;  ///< class path and text of the exception that was thrown last
 };
 
+/// Linking FakeJavaMachine.cpp gives a program that exports its symbols this Java machine.
+struct FakeJavaMachine {
+  JNIEnv* environment = nullptr;  ///< null while no Java runs
+  bool isAttached = true;         ///< this thread
+};
+inline FakeJavaMachine fakeJavaMachine;
+
 }  // namespace test

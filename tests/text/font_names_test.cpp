@@ -50,28 +50,6 @@ struct FontMachine : test::FakeJavaEnvironment {
   int deleted = 0;
 };
 
-FontMachine* machine = nullptr;
-bool isAttached = true;
-
-jint getEnvironment(JavaVM*, void** environment, jint) {
-  *environment = static_cast<JNIEnv*>(machine);
-  return isAttached ? JNI_OK : JNI_EDETACHED;
-}
-
-}  // namespace
-
-extern "C" [[gnu::visibility("default")]] jint JNI_GetCreatedJavaVMs(JavaVM** machines, jsize,
-                                                                     jsize* count) {
-  static JNIInvokeInterface_ table{};
-  static JavaVM java{&table};
-  table.GetEnv = getEnvironment;
-  *machines = &java;
-  *count = machine ? 1 : 0;
-  return JNI_OK;
-}
-
-namespace {
-
 TEST(FontNames, AreAllValidWhereNoJavaRunsButTheEmptyOne) {
   EXPECT_TRUE(isFontNameValidIgnoreCase("No Such Font"));
   EXPECT_FALSE(isFontNameValidIgnoreCase("") || isFontNameValidIgnoreCase(nullptr));
@@ -79,7 +57,7 @@ TEST(FontNames, AreAllValidWhereNoJavaRunsButTheEmptyOne) {
 
 TEST(FontNames, AreWhatJavaSaysWhereItRuns) {
   FontMachine java;
-  machine = &java;
+  test::fakeJavaMachine.environment = &java;
   const char* const kAsked =
       "com/lindgrove/vg/types/VGFontName Serif isFontNameValidIgnoreCase(Ljava/lang/String;)Z  ";
   EXPECT_TRUE(isFontNameValidIgnoreCase("Serif"));
@@ -106,9 +84,9 @@ TEST(FontNames, AreWhatJavaSaysWhereItRuns) {
               0U);
     EXPECT_FALSE(java.pending);
   }
-  isAttached = false;
+  test::fakeJavaMachine.isAttached = false;
   EXPECT_TRUE(isFontNameValidIgnoreCase("Serif")) << "as without Java";
-  machine = nullptr;
+  test::fakeJavaMachine = {};
 }
 
 }  // namespace
