@@ -253,6 +253,15 @@ TEST(HandleTable, LeadsToARecordUntilTheNumberIsUnboundAndTheObjectIsGone) {
   rebind_handle(number, nullptr);
   rebind_handle(number, &one);
   EXPECT_EQ(handle2pointer(number), nullptr);
+  const double numbers[] = {new_handle(&one, -1.0), new_handle(&one, -1.0)};
+  for (const double each : numbers) {
+    EXPECT_EQ(handle2pointer(each), &one) << "a record may have two numbers";
+    destroy_handle(each);
+  }
+  object = createComposite({});
+  const Watched composite(object);
+  object = {};
+  EXPECT_FALSE(composite.isAlive());
   const double infinity = std::numeric_limits<double>::infinity();
   for (const double none : {std::nan(""), infinity, -infinity, 1e308, -1.0, 0.25, 1e9 + 0.5}) {
     destroy_handle(none);
