@@ -24,8 +24,9 @@ class VGHOST_API COSInterface {
   virtual void addRef() noexcept = 0;
   virtual void release() noexcept = 0;
 
-  /// For the host itself: tells `watch` when the last reference goes.
-  virtual void addWatch(ObjectWatch& watch) noexcept = 0;
+  /// For the host itself, whose objects tell `watch` when the last reference goes. Nothing for
+  /// those of others.
+  virtual void addWatch(ObjectWatch& watch) noexcept;
 };
 
 /// Holds one reference to an object, or none.

@@ -14,6 +14,7 @@ namespace vcos {
 using vghost::faults::countHostCall;
 
 COSInterface::~COSInterface() = default;
+void COSInterface::addWatch(ObjectWatch&) noexcept {}
 COSPropInfo::~COSPropInfo() = default;
 
 namespace {
