@@ -44,8 +44,7 @@ ExitStatus serveLines(std::istream& input, const std::ostream& output, Use&& use
 std::string shownText(const ValueForm& value) {
   constexpr std::size_t kMaxElements = 20;
   if (value.text) return *value.text;
-  if (!value.isNull && !value.textFailure && value.array)
-    return formatLiteral(value.array.get(), kMaxElements);
+  if (!value.isNull && value.array) return formatLiteral(value.array.get(), kMaxElements);
   std::ostringstream json;
   JsonWriter writer(json);
   writeText(writer, value);
