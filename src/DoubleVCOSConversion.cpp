@@ -72,7 +72,7 @@ double enterRecord(COSInterface* object, Enter&& enter) {
   return number;
 }
 
-/// Kept: the record that had the number is not freed, since whose it is nobody knows.
+/// Kept: the record that had the number before is not freed; it may belong to somebody else.
 void assignInteger(COSInterface* object, int number) {
   std::unique_ptr<HandleRecord> record = makeRecord(object);
   assign_figure_handle(record.get(), number);
@@ -157,7 +157,7 @@ class DoubleVCOSConversion final : public vcos::COSTypeConversion {
     static const COSNameID graphicsObject("vg2utils.VGHandle");
     static const COSNameID root("vortil.ui.Root");
     static const COSNameID figure("vortil.ui.Figure");
-    graphicsClass();  // what may fail here has not made a number yet
+    graphicsClass();  // registered first, so that a failure leaves no number behind
     vcos::COSClass* const ownClass = object ? object->getClass() : nullptr;
     if (!ownClass || !ownClass->isA(graphicsObject)) return kNoHandle;
     const bool isRoot = ownClass->isA(root);
