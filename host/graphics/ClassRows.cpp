@@ -20,8 +20,16 @@ void runFilter(vcos::COSInterface* object, vcos::COSValue value) {
 }
 
 constexpr PropertyRow kObject[] = {
-    {"Parent", "HandleOrEmpty"},
-    {"Tag", "string"},
+    {"Parent", "HandleOrEmpty"}, {"Tag", "string"},       {"OnCreate", "Callback"},
+    {"OnDelete", "Callback"},    {"OnPress", "Callback"}, {"OnNotify", "Callback"},
+    {"OnUrgent", "Callback"},
+};
+
+/// Those of all objects.
+constexpr EventRow kEvents[] = {
+    {"Create", "OnCreate", false}, {"Delete", "OnDelete", false},
+    {"Press", "OnPress", true},    {"Notify", "OnNotify", true, vcos::COSEventKind::OfClass},
+    {"Urgent", "OnUrgent", false},
 };
 
 /// All but the root and the lights.
@@ -196,6 +204,10 @@ constexpr PropertyRow kTrianglePrimitive[] = {
 };
 
 }  // namespace
+
+std::span<const EventRow> eventRows() {
+  return kEvents;
+}
 
 const std::vector<ClassRow>& classRows() {
   static const std::vector<ClassRow> rows = {

@@ -14,12 +14,23 @@ struct PropertyRow {
   vcos::COSPropertyHook hook = nullptr;  ///< runs after the property was set
 };
 
+struct EventRow {
+  const char* name;
+  const char* callback;  ///< the property whose callback it runs
+  bool interruptibleAware;
+  /// One of a class has no data for the callback.
+  vcos::COSEventKind kind = vcos::COSEventKind::OfObject;
+};
+
 struct ClassRow {
   const char* name;
   const char* base;  ///< "" for none; a class that stands before
   std::vector<std::span<const PropertyRow>> properties;
   bool isAbstract = false;
 };
+
+/// The events of every class that has no base.
+std::span<const EventRow> eventRows();
 
 /// All classes, each behind its base.
 const std::vector<ClassRow>& classRows();

@@ -2,6 +2,7 @@
 
 #include "ClassRows.h"
 
+#include <graphics/datatype/listeners.h>
 #include <graphics/datatype/registration.h>
 #include <vcos/COSPackage.h>
 #include <vcos/TypeAccess.h>
@@ -32,6 +33,15 @@ void addProperty(COSClass& target, const PropertyRow& row) {
   if (row.hook) target.setHook(name, row.hook);
 }
 
+void addEvent(COSClass& target, const EventRow& row) {
+  using namespace graphics::datatype;
+  const COSNameID name(row.name);
+  target.addEvent(name, row.kind);
+  target.addListener(name, row.kind == vcos::COSEventKind::OfClass
+                               ? createClassListener(row.callback, row.interruptibleAware, false)
+                               : createListener(row.callback, row.interruptibleAware));
+}
+
 const char* noText(const char*) {
   return "";
 }
@@ -59,6 +69,9 @@ struct Classes {
     for (const std::span<const PropertyRow> group : row.properties)
       for (const PropertyRow& property : group)
         addProperty(defined, property);
+    if (*row.base == '\0')
+      for (const EventRow& event : eventRows())
+        addEvent(defined, event);
     if (!row.isAbstract) concrete.push_back(&defined);
   }
 

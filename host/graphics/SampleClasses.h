@@ -6,8 +6,8 @@
 #include <vector>
 
 /// Classes of graphics objects, as a graphics system on top of the library would define them. Their
-/// properties use every type that the library has, and its filters run when those of the primitives
-/// are set.
+/// properties use every type that the library has, its filters run when those of the primitives are
+/// set, and its listeners run the callbacks of an object when one of the object's events is fired.
 namespace sample {
 
 /// In order of definition; abstract ones, of which no object is made, are not among them. They are

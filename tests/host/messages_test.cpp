@@ -126,10 +126,10 @@ TEST(Warnings, GoToTheInnermostCaptureAndWithoutOneToTheConsole) {
     {
       const vghost::WarningCapture inner;
       vxWarningMsgId(warning);
-      ASSERT_EQ(inner.warnings().size(), 1U);
-      EXPECT_EQ(inner.warnings()[0].message, "Error number %s {0}.");
+      ASSERT_EQ(inner.messages().size(), 1U);
+      EXPECT_EQ(inner.messages()[0].message, "Error number %s {0}.");
     }
-    EXPECT_TRUE(outer.warnings().empty());
+    EXPECT_TRUE(outer.messages().empty());
   }
   EXPECT_TRUE(console.lines().empty());
   vxWarningMsgId(warning);

@@ -97,7 +97,7 @@ TEST_F(Handles, AreWarnedOfWhileOneOfTwoFeaturesIsOn) {
       objectOf(number);
       objectOf(-1);
       std::vector<std::string> texts;
-      for (const vghost::Warning& warning : capture.warnings())
+      for (const vghost::Warning& warning : capture.messages())
         texts.push_back(warning.message);
       return texts;
     };

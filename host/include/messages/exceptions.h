@@ -63,6 +63,33 @@ class VGHOST_API OutOfMemoryException_DEPRECATED : public InternalException_DEPR
   const char* what() const noexcept override;
 };
 
+/// Leaves nested callbacks after an interrupt.
+class VGHOST_API InterruptException final
+    : public fl::except::Exception<fl::except::IInternalException, std::exception, void> {
+ public:
+  explicit InterruptException(bool isCtrlC) noexcept : isCtrlC_(isCtrlC) {}
+  ~InterruptException() override;
+
+  InterruptException* clone() const override { return new InterruptException(*this); }
+  [[noreturn]] void rethrow() const override { throw *this; }
+  /// "InterruptException(ctrl-c)" or "InterruptException", as ToUstringImpl().
+  const char* what() const noexcept override;
+
+ private:
+  bool isCtrlC_;
+};
+
+/// Leaves nested callbacks when the debugger's quit is in progress.
+class VGHOST_API DebugQuitException final
+    : public fl::except::Exception<fl::except::IInternalException, std::exception, void> {
+ public:
+  ~DebugQuitException() override;
+
+  DebugQuitException* clone() const override { return new DebugQuitException(*this); }
+  [[noreturn]] void rethrow() const override { throw *this; }
+  const char* what() const noexcept override;
+};
+
 /// The form in which a host error travels. Whoever needs the error itself calls rethrow() and
 /// catches an fl::except::IUserException.
 class VGHOST_API utErrorException_DEPRECATED : public std::exception {

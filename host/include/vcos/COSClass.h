@@ -7,10 +7,14 @@
 #include <vcos/TypeAccess.h>
 
 #include <cstddef>
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
 namespace vcos {
+
+class COSListener;
+class Event;
 
 /// One property of a class: its name, its type, and its value on an object. An operation on an
 /// object that is destroyed or has no such property is a COSException.
@@ -46,11 +50,17 @@ using COSPropInfoPtr = COSSpecializedInterfacePtr<COSPropInfo*, COSPropInfoPtrHe
 /// holds. If it throws, the old value comes back, and the exception goes to whoever set the value.
 using COSPropertyHook = void (*)(COSInterface* object, COSValue value);
 
-/// A class of objects: a dotted name, a base class, and properties with their types. Classes live
-/// as long as the process.
+/// Whom an event has as its source.
+enum class COSEventKind {
+  OfObject,
+  OfClass,  ///< the class itself: a COSClassInstanceEventData tells the object
+};
+
+/// A class of objects: a dotted name, a base class, properties with their types, and events.
+/// Classes live as long as the process.
 class VGHOST_API COSClass {
  public:
-  /// `base` may be null; the properties that it has by now are inherited.
+  /// `base` may be null; the properties and events that it has by now are inherited.
   COSClass(const char* name, const COSClass* base);
   virtual ~COSClass();
   COSClass(const COSClass&) = delete;
@@ -75,6 +85,20 @@ class VGHOST_API COSClass {
   /// All properties, inherited ones first.
   const std::vector<COSInterfacePtr>& properties() const noexcept { return properties_; }
 
+  /// Adds an event. A COSException if the class has one of that name, or if another class derives
+  /// from it already.
+  void addEvent(COSNameID name, COSEventKind kind);
+  /// Adds a listener to an event, own or inherited, which stays one event for all classes that have
+  /// it. The event takes the listener over, also if this fails. A COSException if there is no such
+  /// event.
+  void addListener(COSNameID event, COSListener* listener);
+  /// Fires an event of this class on one of its objects: all listeners are told before it returns.
+  /// `data` stays the caller's and may be null. A COSException if there is no such event; what a
+  /// listener throws passes through.
+  void fireEvent(COSNameID event, const COSInterfacePtr& object, const vxArray* data) const;
+  /// The names of all events, inherited ones first.
+  const std::vector<COSNameID>& events() const noexcept { return events_; }
+
   /// A new object with every property at its default.
   COSInterfacePtr createObject() const;
   /// Marks an object of createObject as destroyed and destroys its values. One that is destroyed
@@ -83,12 +107,17 @@ class VGHOST_API COSClass {
 
  private:
   COSInterface& ownProperty(COSNameID name) const;
+  Event& requireEvent(COSNameID name) const;
+  void requireNoDerivedClass() const;
 
   COSNameID name_;
   const COSClass* base_;
+  COSInterfacePtr description_;  ///< the source of the class's own events
   mutable bool isBase_ = false;
   std::vector<COSInterfacePtr> properties_;
   std::unordered_map<COSNameID, COSInterface*> propertiesByName_;
+  std::vector<COSNameID> events_;
+  std::unordered_map<COSNameID, std::shared_ptr<Event>> eventsByName_;
 };
 
 }  // namespace vcos

@@ -7,7 +7,6 @@
 #include <ut/export.h>
 
 #include <string>
-#include <utility>
 #include <vector>
 
 /// By a message of the catalogue.
@@ -24,6 +23,16 @@ inline constexpr int vxMSG_TOO_MANY_FIELDS = 18;
 /// A warning goes to the innermost vghost::WarningCapture, or to the console as one line.
 VGHOST_API void vxWarningMsgId(const resource_core::BaseMsgID& message);
 
+namespace Lindgrove {
+
+struct VGHOST_API VException {
+  /// Reports an error: to the innermost vghost::ReportCapture, or to the console as one line.
+  [[gnu::format(printf, 2, 3)]] static void PrintErrorMessage(const char* identifier,
+                                                              const char* format, ...);
+};
+
+}  // namespace Lindgrove
+
 /// Identifier and text of the error that was raised last; null if there was none since the last
 /// one was cleared. The pointers are valid until the next error.
 VGHOST_API void vxGetLastErrIdAndMsg(const char** identifier, const char** message);
@@ -36,33 +45,45 @@ VGHOST_API vxErrorMode vxSetErrorMode(vxErrorMode mode) noexcept;
 
 namespace vghost {
 
+/// Makes an error the one that was raised last. An empty identifier is none.
+VGHOST_API void setLastError(std::string identifier, std::string text);
 /// Forgets the error that was raised last.
 VGHOST_API void clearLastError() noexcept;
 
-struct Warning {
+struct VGHOST_API Warning {
   std::string identifier;
   std::string message;
 };
+struct VGHOST_API ErrorReport {
+  std::string identifier;  ///< empty if there is none
+  std::string message;
+};
 
-/// Keeps the warnings that are issued while it lives. Captures nest; the innermost gets them.
-class VGHOST_API WarningCapture {
+/// Keeps the warnings, or the reports, that the thread issues while it lives. Captures nest; the
+/// innermost gets them.
+template <class Message>
+class VGHOST_API MessageCapture {
  public:
-  WarningCapture();
-  virtual ~WarningCapture();
-  WarningCapture(const WarningCapture&) = delete;
-  WarningCapture& operator=(const WarningCapture&) = delete;
+  MessageCapture();
+  virtual ~MessageCapture();
+  MessageCapture(const MessageCapture&) = delete;
+  MessageCapture& operator=(const MessageCapture&) = delete;
 
-  const std::vector<Warning>& warnings() const noexcept { return warnings_; }
+  const std::vector<Message>& messages() const noexcept { return messages_; }
+
+  /// For the host itself: hands a message to the innermost capture; false if there is none.
+  static bool offer(Message& message);
 
  protected:
-  /// Gets each warning when it is issued.
-  virtual void keep(Warning warning) { warnings_.push_back(std::move(warning)); }
+  /// Gets each message when it is issued.
+  virtual void keep(Message message);
 
  private:
-  friend void ::vxWarningMsgId(const resource_core::BaseMsgID& message);
-
-  std::vector<Warning> warnings_;
-  WarningCapture* outer_;
+  std::vector<Message> messages_;
+  MessageCapture* outer_;
 };
+
+using WarningCapture = MessageCapture<Warning>;
+using ReportCapture = MessageCapture<ErrorReport>;
 
 }  // namespace vghost

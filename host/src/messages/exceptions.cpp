@@ -27,6 +27,16 @@ const char* OutOfMemoryException_DEPRECATED::what() const noexcept {
   return "out of memory";
 }
 
+InterruptException::~InterruptException() = default;
+const char* InterruptException::what() const noexcept {
+  return isCtrlC_ ? "InterruptException(ctrl-c)" : "InterruptException";
+}
+
+DebugQuitException::~DebugQuitException() = default;
+const char* DebugQuitException::what() const noexcept {
+  return "DebugQuitException";
+}
+
 utErrorException_DEPRECATED::utErrorException_DEPRECATED(
     std::shared_ptr<const fl::except::IUserException> error)
     : error_(std::move(error)),

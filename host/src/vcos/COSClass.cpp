@@ -1,3 +1,4 @@
+#include "Event.h"
 #include "Object.h"
 
 #include <ut/faults.h>
@@ -142,10 +143,15 @@ COSPropInfo* COSPropInfoPtrHelper::getObject(const COSInterfacePtr& property) co
   return exactCast<Property>(property.get());
 }
 
-COSClass::COSClass(const char* name, const COSClass* base) : name_(name), base_(base) {
+COSClass::COSClass(const char* name, const COSClass* base)
+    : name_(name),
+      base_(base),
+      description_(new CountedObject) {
   if (!base) return;
   properties_ = base->properties_;
   propertiesByName_ = base->propertiesByName_;
+  events_ = base->events_;
+  eventsByName_ = base->eventsByName_;
   base->isBase_ = true;
 }
 
@@ -173,12 +179,16 @@ void COSClass::addProperty(const char* name, COSNameID type) {
   if (findProperty(nameID))
     throw COSMsgException(std::string("The class ") + getName() + " has a property " + name +
                           " already.");
-  if (isBase_)
-    throw COSMsgException(std::string("Another class derives from ") + getName() + " already.");
+  requireNoDerivedClass();
   COSInterfacePtr property(new Property(nameID, std::move(dataType), *access, properties_.size()));
   properties_.reserve(properties_.size() + 1);
   propertiesByName_.emplace(nameID, property.get());
   properties_.push_back(std::move(property));
+}
+
+void COSClass::requireNoDerivedClass() const {
+  if (isBase_)
+    throw COSMsgException(std::string("Another class derives from ") + getName() + " already.");
 }
 
 COSInterface& COSClass::ownProperty(COSNameID name) const {
@@ -202,6 +212,37 @@ void COSClass::setHook(COSNameID property, COSPropertyHook hook) {
 COSInterfacePtr COSClass::findProperty(COSNameID name) const {
   const auto found = propertiesByName_.find(name);
   return COSInterfacePtr(found == propertiesByName_.end() ? nullptr : found->second);
+}
+
+Event& COSClass::requireEvent(COSNameID name) const {
+  const auto found = eventsByName_.find(name);
+  if (found == eventsByName_.end())
+    throw COSMsgException(std::string("The class ") + getName() + " has no event " + name.c_str() +
+                          ".");
+  return *found->second;
+}
+
+void COSClass::addEvent(COSNameID name, COSEventKind kind) {
+  countHostCall("addEvent");
+  requireNoDerivedClass();
+  auto added = std::make_shared<Event>(kind);
+  events_.reserve(events_.size() + 1);
+  if (!eventsByName_.emplace(name, std::move(added)).second)
+    throw COSMsgException(std::string("The class ") + getName() + " has an event " + name.c_str() +
+                          " already.");
+  events_.push_back(name);
+}
+
+void COSClass::addListener(COSNameID event, COSListener* listener) {
+  std::unique_ptr<COSListener> owned(listener);
+  countHostCall("addListener");
+  requireEvent(event).add(std::move(owned));
+}
+
+void COSClass::fireEvent(COSNameID event, const COSInterfacePtr& object,
+                         const vxArray* data) const {
+  countHostCall("fireEvent");
+  requireEvent(event).fire(description_, object, data);
 }
 
 COSInterfacePtr COSClass::createObject() const {

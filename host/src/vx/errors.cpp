@@ -54,7 +54,9 @@ Lindgrove::System::utErrorException_DEPRECATED recordedError() {
 }
 
 constinit std::atomic<vxErrorMode> errorMode = vxERROR_MODE_RAISE;
-constinit thread_local vghost::WarningCapture* innermostCapture = nullptr;
+
+template <class Message>
+constinit thread_local vghost::MessageCapture<Message>* innermost = nullptr;
 
 }  // namespace
 
@@ -81,15 +83,20 @@ void vxErrMsg(int number) {
 void vxWarningMsgId(const resource_core::BaseMsgID& message) {
   vghost::Warning warning{message.definition().identifier,
                           vghost::messages::text(message, vghost::messages::locale())};
-  if (innermostCapture)
-    innermostCapture->keep(std::move(warning));
-  else
-    utPrintf("Warning: %s\n", warning.message.c_str());
+  if (!vghost::WarningCapture::offer(warning)) utPrintf("Warning: %s\n", warning.message.c_str());
+}
+
+void Lindgrove::VException::PrintErrorMessage(const char* identifier, const char* format, ...) {
+  std::va_list arguments;
+  va_start(arguments, format);
+  vghost::ErrorReport report{identifier, vghost::formatted(format, arguments)};
+  va_end(arguments);
+  if (!vghost::ReportCapture::offer(report)) utPrintf("%s\n", report.message.c_str());
 }
 
 void vxGetLastErrIdAndMsg(const char** identifier, const char** message) {
   const auto& error = lastError();
-  *identifier = error ? error->GetID() : nullptr;
+  *identifier = error && *error->GetID() != '\0' ? error->GetID() : nullptr;
   *message = error ? error->what() : nullptr;
 }
 
@@ -99,16 +106,37 @@ vxErrorMode vxSetErrorMode(vxErrorMode mode) noexcept {
 
 namespace vghost {
 
+void setLastError(std::string identifier, std::string text) {
+  record(std::move(identifier), std::move(text));
+}
+
 void clearLastError() noexcept {
   lastError().reset();
 }
 
-WarningCapture::WarningCapture() : outer_(innermostCapture) {
-  innermostCapture = this;
+template <class Message>
+MessageCapture<Message>::MessageCapture() : outer_(innermost<Message>) {
+  innermost<Message> = this;
 }
 
-WarningCapture::~WarningCapture() {
-  innermostCapture = outer_;
+template <class Message>
+MessageCapture<Message>::~MessageCapture() {
+  innermost<Message> = outer_;
 }
+
+template <class Message>
+bool MessageCapture<Message>::offer(Message& message) {
+  if (!innermost<Message>) return false;
+  innermost<Message>->keep(std::move(message));
+  return true;
+}
+
+template <class Message>
+void MessageCapture<Message>::keep(Message message) {
+  messages_.push_back(std::move(message));
+}
+
+template class MessageCapture<Warning>;
+template class MessageCapture<ErrorReport>;
 
 }  // namespace vghost

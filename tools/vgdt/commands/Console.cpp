@@ -30,7 +30,7 @@ void printField(std::ostream& stream, std::string_view name,
 
 void HostOutput::print(std::ostream& stream) const {
   printField(stream, "console", console_.lines());
-  for (const vghost::Warning& warning : warnings_.warnings())
+  for (const vghost::Warning& warning : warnings_.messages())
     printField(stream, "warning", warning.message);
 }
 

@@ -163,7 +163,7 @@ Reply serveRequest(const JsonValue& request) {
     });
     if (refusal) reply.answer = std::move(*refusal);
     reply.console = console.lines();
-    reply.warnings = warnings.warnings();
+    reply.warnings = warnings.messages();
   });
   if (failure) reply.answer = std::move(*failure);
   return reply;

@@ -51,7 +51,7 @@ class LibraryOutput {
  public:
   std::vector<std::string> lines() const {
     std::vector<std::string> lines = console_.lines();
-    for (const vghost::Warning& warning : warnings_.warnings())
+    for (const vghost::Warning& warning : warnings_.messages())
       lines.push_back(warning.message);
     return lines;
   }
