@@ -7,6 +7,8 @@
 #include <SampleClasses.h>
 #include <fmt/format.h>
 
+#include <algorithm>
+
 namespace vgdt {
 namespace {
 
@@ -51,6 +53,22 @@ std::vector<std::string> propertyNames(const vcos::COSClass& owner) {
   std::vector<std::string> names;
   for (const vcos::COSInterfacePtr& property : owner.properties())
     names.emplace_back(asProperty(property).getName());
+  return names;
+}
+
+vcos::COSNameID requireEvent(const vcos::COSClass& owner, std::string_view name) {
+  const auto found = std::ranges::find(owner.events(), name, &vcos::COSNameID::c_str);
+  if (found != owner.events().end()) return *found;
+  const std::vector<std::string> names = eventNames(owner);
+  throw RequestError(fmt::format(
+      "the class {} has no event \"{}\"{}", sample::shortName(owner), shortened(name),
+      nearestOr(name, names, fmt::format("its events are {}", fmt::join(names, ", ")))));
+}
+
+std::vector<std::string> eventNames(const vcos::COSClass& owner) {
+  std::vector<std::string> names;
+  for (const vcos::COSNameID event : owner.events())
+    names.emplace_back(event.c_str());
   return names;
 }
 

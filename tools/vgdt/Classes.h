@@ -18,6 +18,10 @@ std::vector<std::string> classNames();
 vcos::COSPropInfo& requireProperty(const vcos::COSClass& owner, std::string_view name);
 std::vector<std::string> propertyNames(const vcos::COSClass& owner);
 
+/// An event of a class; RequestError if the class has none of that name.
+vcos::COSNameID requireEvent(const vcos::COSClass& owner, std::string_view name);
+std::vector<std::string> eventNames(const vcos::COSClass& owner);
+
 /// The type of a property, with whatever forms its values have.
 Type typeOf(const vcos::COSPropInfo& property);
 

@@ -1,8 +1,10 @@
 #include "commands/Commands.h"
+#include "session/InterruptGuard.h"
 #include "session/LineEditor.h"
 #include "session/SessionLines.h"
 
 #include <unistd.h>
+#include <ut/interrupts.h>
 
 #include <fstream>
 #include <iostream>
@@ -19,6 +21,7 @@ ExitStatus editSession(const Console& console, bool asJson) {
   while (!lines.isAtEnd()) {
     const auto line = editor.next();
     if (!line) break;
+    const InterruptGuard interruptsCallbacks([](int) { vghost::requestInterrupt(); });
     lines.serve(*line);
   }
   return lines.status();

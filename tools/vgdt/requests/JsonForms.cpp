@@ -129,12 +129,12 @@ void writeFailure(JsonWriter& writer, const Failure& failure) {
   writer.closeObject();
 }
 
-void writeWarning(JsonWriter& writer, const vghost::Warning& warning) {
+void writeMessage(JsonWriter& writer, std::string_view identifier, std::string_view message) {
   writer.openObject();
   writer.key("id");
-  writer.text(warning.identifier);
+  writer.text(identifier);
   writer.key("message");
-  writer.text(warning.message);
+  writer.text(message);
   writer.closeObject();
 }
 

@@ -5,7 +5,6 @@
 #include "requests/JsonWriter.h"
 
 #include <vx/array.h>
-#include <vx/errors.h>
 
 #include <string>
 #include <string_view>
@@ -23,8 +22,8 @@ void writeArray(JsonWriter& writer, const vxArray* array);
 /// {"kind", "id", "message"}.
 void writeFailure(JsonWriter& writer, const Failure& failure);
 
-/// {"id", "message"}.
-void writeWarning(JsonWriter& writer, const vghost::Warning& warning);
+/// {"id", "message"}, of a warning or a report.
+void writeMessage(JsonWriter& writer, std::string_view identifier, std::string_view message);
 
 /// The text of a value, or {"error"} in its place.
 void writeText(JsonWriter& writer, const ValueForm& value);

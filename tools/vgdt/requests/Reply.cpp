@@ -74,8 +74,9 @@ void writeOutput(JsonWriter& writer, const Reply& reply) {
   }
   if (!reply.warnings.empty()) {
     writer.key("warnings");
-    writeList(writer, reply.warnings,
-              [&writer](const vghost::Warning& warning) { writeWarning(writer, warning); });
+    writeList(writer, reply.warnings, [&writer](const vghost::Warning& warning) {
+      writeMessage(writer, warning.identifier, warning.message);
+    });
   }
 }
 

@@ -21,6 +21,48 @@ std::string_view withoutComment(std::string_view line) {
   return line.substr(0, static_cast<std::size_t>(end - line.begin()));
 }
 
+std::size_t endOfPiece(std::string_view text, std::string_view separators) {
+  constexpr std::string_view kOpening = "([{";
+  constexpr std::string_view kClosing = ")]}";
+  const auto isOneOf = [](std::string_view bytes, char byte) {
+    return bytes.find(byte) != bytes.npos;
+  };
+  bool isQuoted = false;
+  std::size_t depth = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '\'') isQuoted = !isQuoted;
+    if (isQuoted) continue;
+    if (text[i] == '#') {
+      // A comment ends with its line, and so does what it leaves open.
+      depth = 0;
+      i = text.find('\n', i);
+      if (i == text.npos) break;
+    }
+    if (depth == 0 && isOneOf(separators, text[i])) return i;
+    if (isOneOf(kOpening, text[i])) ++depth;
+    if (isOneOf(kClosing, text[i]) && depth > 0) --depth;
+  }
+  return text.size();
+}
+
+bool isReserved(std::string_view word) {
+  constexpr std::string_view kArgument = "arg";
+  const auto isDigit = [](char byte) { return byte >= '0' && byte <= '9'; };
+  return word == "source" || word == "event" ||
+         (word.size() > kArgument.size() && word.starts_with(kArgument) &&
+          std::ranges::all_of(word.substr(kArgument.size()), isDigit));
+}
+
+bool isFunctionName(std::string_view name) {
+  const auto isLetter = [](char byte) {
+    return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z') || byte == '_';
+  };
+  const auto isRest = [isLetter](char byte) {
+    return isLetter(byte) || (byte >= '0' && byte <= '9') || byte == '.';
+  };
+  return !name.empty() && isLetter(name.front()) && std::ranges::all_of(name, isRest);
+}
+
 bool isBareWord(std::string_view text) {
   // Inside a word that is nothing but text, a semicolon has nothing to separate.
   const auto isEnd = [](char byte) {

@@ -33,6 +33,11 @@ Words properties(const Session& session, const Arguments& arguments) {
   return object ? propertyNames(object->ownClass()) : Words();
 }
 
+Words events(const Session& session, const Arguments& arguments) {
+  const SessionObject* const object = objectNamed(session, arguments.front());
+  return object ? eventNames(object->ownClass()) : Words();
+}
+
 /// The values of an enumerated property; objects for every other, and where no property is set.
 Words values(const Session& session, const Arguments& arguments) {
   const SessionObject* const object =
@@ -61,6 +66,7 @@ Words wordsFor(const Session& session, const Usage::Place& place) {
   if (word == "FIGURE") return figureNames(session);
   if (word == "CLASS") return classNames();
   if (word == "PROPERTY") return properties(session, place.before);
+  if (word == "EVENT") return events(session, place.before);
   if (word == "VALUE") return values(session, place.before);
   Words words;
   for (const std::string_view choice : choicesOf(word))

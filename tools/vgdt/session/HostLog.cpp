@@ -14,6 +14,16 @@ void HostLog::keep(vghost::Warning warning) {
   entries_.emplace_back(std::move(warning));
 }
 
+void HostLog::keep(vghost::ErrorReport report) {
+  takeLines();
+  entries_.emplace_back(LoggedReport{std::move(report), std::exchange(reason_, {})});
+}
+
+void HostLog::add(LoggedResult result) {
+  takeLines();
+  entries_.emplace_back(std::move(result));
+}
+
 std::vector<LogEntry> HostLog::take() {
   takeLines();
   return std::exchange(entries_, {});

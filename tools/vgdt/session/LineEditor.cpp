@@ -1,5 +1,6 @@
 #include "session/LineEditor.h"
 
+#include "session/InterruptGuard.h"
 #include "text/Table.h"
 #include "text/TextDisplay.h"
 
@@ -8,7 +9,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <clocale>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -48,22 +48,6 @@ void createFolder(const fs::path& folder) {
   if (fs::create_directories(folder, ignored))
     fs::permissions(folder, fs::perms::owner_all, ignored);
 }
-
-/// Lets Ctrl-C give up a line in place of the program while it lives.
-class InterruptGuard {
- public:
-  InterruptGuard() {
-    struct sigaction action {};
-    action.sa_handler = [](int) {};  // without SA_RESTART, so that reading ends
-    sigaction(SIGINT, &action, &old_);
-  }
-  ~InterruptGuard() { sigaction(SIGINT, &old_, nullptr); }
-  InterruptGuard(const InterruptGuard&) = delete;
-  InterruptGuard& operator=(const InterruptGuard&) = delete;
-
- private:
-  struct sigaction old_ {};
-};
 
 void printWords(const std::vector<std::string>& words) {
   constexpr std::size_t kMaxWords = 100;
@@ -162,7 +146,7 @@ LineEditor::~LineEditor() {
 }
 
 std::optional<std::string> LineEditor::next() {
-  const InterruptGuard guard;
+  const InterruptGuard givesUpLine([](int) {});
   int count = 0;
   errno = 0;
   const char* const entered = el_gets(editor_->line.get(), &count);

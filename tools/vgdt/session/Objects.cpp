@@ -9,6 +9,7 @@
 #include <vx/objects.h>
 
 #include <utility>
+#include <vector>
 
 namespace vgdt {
 namespace {
@@ -78,33 +79,46 @@ void Objects::noteParent(SessionObject& object) noexcept {
     known->children_.insert(object);
 }
 
-SessionObject* Objects::beginDeletion(SessionObject& object, SessionObject* deletedWith) noexcept {
-  object.isBeingDeleted_ = true;
-  object.deletedWith_ = deletedWith;
-  for (SessionObject& child : object.children_) {
-    child.doomed_.unlink();
-    object.toDelete_.push_back(child);
-  }
-  return &object;
+void Objects::destroy(SessionObject& object) noexcept {
+  vcos::COSClass::destroyObject(object.object());
+  object.among_.unlink();
+  object.sibling_.unlink();
 }
 
-void Objects::remove(SessionObject& first) noexcept {
-  const auto mayBegin = [this](const SessionObject& object) {
-    return object.isLiving() && !object.isBeingDeleted_ && &object != &root();
-  };
-  // A chain of any length must not take a stack of that depth.
-  SessionObject* current = mayBegin(first) ? beginDeletion(first, nullptr) : nullptr;
-  while (current) {
-    if (!current->toDelete_.empty()) {
-      SessionObject& child = current->toDelete_.front();
+void Objects::remove(SessionObject& first) {
+  static const vcos::COSNameID deletion("Delete");
+  // What is being deleted, each one with the one before; a chain of any length must not take a
+  // stack of that depth.
+  std::vector<SessionObject*> path;
+  const auto begin = [this, &path](SessionObject& object) {
+    if (!object.isLiving() || object.isBeingDeleted_ || &object == &root()) return;
+    path.push_back(&object);
+    object.isBeingDeleted_ = true;
+    object.ownClass().fireEvent(deletion, object.object(), nullptr);
+    for (SessionObject& child : object.children_) {
       child.doomed_.unlink();
-      if (mayBegin(child)) current = beginDeletion(child, current);
-      continue;
+      object.toDelete_.push_back(child);
     }
-    vcos::COSClass::destroyObject(current->object());
-    current->among_.unlink();
-    current->sibling_.unlink();
-    current = std::exchange(current->deletedWith_, nullptr);
+  };
+  try {
+    begin(first);
+    while (!path.empty()) {
+      SessionObject& current = *path.back();
+      if (current.toDelete_.empty()) {
+        destroy(current);
+        path.pop_back();
+      } else {
+        SessionObject& child = current.toDelete_.front();
+        child.doomed_.unlink();
+        begin(child);
+      }
+    }
+  } catch (...) {
+    for (SessionObject* const object : path) {
+      object->isBeingDeleted_ = false;
+      object->toDelete_.clear();
+    }
+    throw;
   }
 }
 

@@ -52,7 +52,6 @@ class SessionObject : public ObjectName {
   std::uint64_t number_;  ///< in order of creation
   Children children_;     ///< those whose Parent it is
   List<&SessionObject::doomed_> toDelete_;
-  SessionObject* deletedWith_ = nullptr;  ///< whose deletion goes on when this one's has ended
   bool isBeingDeleted_ = false;
 };
 
@@ -82,9 +81,10 @@ class Objects {
   SessionObject& add(std::string name, const vcos::COSClass& ownClass, const SessionObject* parent);
   /// Has to be called after the Parent of an object was set.
   void noteParent(SessionObject& object) noexcept;
-  /// Destroys an object, but first, in the same way and in order of creation, those living objects
-  /// whose Parent it is then. The root stays, and so does what is being deleted already.
-  void remove(SessionObject& first) noexcept;
+  /// Fires Delete on an object, removes in the same way and in order of creation those living
+  /// objects whose Parent it is then, and destroys it. The root stays, and so does what is being
+  /// removed already. If firing throws, what has not been destroyed by then stays.
+  void remove(SessionObject& first);
 
   const SessionObject& root() const noexcept { return living_.front(); }
   /// In order of creation.
@@ -92,7 +92,7 @@ class Objects {
   std::vector<std::string> livingNames() const;
 
  private:
-  static SessionObject* beginDeletion(SessionObject& object, SessionObject* deletedWith) noexcept;
+  void destroy(SessionObject& object) noexcept;
 
   std::map<std::string, std::unique_ptr<SessionObject>, std::less<>> byName_;
   Living living_;

@@ -2,12 +2,15 @@
 
 #include "Classes.h"
 #include "session/CommandWords.h"
-#include "session/HostLog.h"
 #include "session/SessionCommands.h"
 #include "text/TextDisplay.h"
 
 #include <fmt/format.h>
+#include <messages/exceptions.h>
 #include <sv/features.h>
+#include <ut/interrupts.h>
+
+#include <utility>
 
 namespace vgdt {
 namespace {
@@ -25,18 +28,26 @@ const SessionCommand& requireCommand(std::string_view command) {
 
 }  // namespace
 
-Session::Session() {
+Session::Session() : callbacks_(*this) {
   svRegisterFeature("VORTILUsingSingleGraphics", 1, nullptr, nullptr);
 }
 
-SessionResult Session::run(std::string_view command, const WordResolver& words,
+SessionResult Session::run(std::string_view command, RunningCallback* callback,
                            ErrorDetails& details) {
   const std::string_view line = withoutBlanks(withoutComment(command));
   const SessionCommand& found = requireCommand(line);
   const bool hasComment = withoutComment(command).size() != command.size();
   const Arguments arguments = found.usage.match(line, hasComment);
-  Call call{*this, command, arguments, words, details};
-  return found.run(call);
+  Call call{*this, command, arguments, callback, details};
+  SessionResult result = found.run(call);
+  if (!callback || !found.logsResult) return result;
+  log().add(LoggedResult{std::move(result)});
+  return {};
+}
+
+void Session::endLine() {
+  if (!std::exchange(keepsInterrupt_, false)) vghost::dropInterrupt();
+  vghost::setDbquit(false);
 }
 
 std::optional<SessionReply> Session::serve(std::string_view line) {
@@ -44,10 +55,16 @@ std::optional<SessionReply> Session::serve(std::string_view line) {
   SessionReply reply;
   auto failure = failureOf([&] {
     HostLog log;
+    log_ = &log;
     reply.failure = failureOf([&] {
       const ArrayScope scope;
-      reply.result = run(line, {}, reply.details);
+      try {
+        reply.result = run(line, nullptr, reply.details);
+      } catch (const fl::except::IInternalException&) {
+        // An interrupt or a quit has left the callbacks.
+      }
     });
+    endLine();
     reply.log = log.take();
   });
   if (failure && !reply.failure) reply.failure = std::move(failure);

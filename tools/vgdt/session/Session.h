@@ -1,6 +1,7 @@
 #pragma once
 
-#include "literal/Literal.h"
+#include "session/Callbacks.h"
+#include "session/HostLog.h"
 #include "session/Objects.h"
 #include "session/SessionReply.h"
 
@@ -16,19 +17,30 @@ class Session {
 
   /// The reply to a line; none for a blank one and for a comment.
   std::optional<SessionReply> serve(std::string_view line);
-  /// Runs one command and gives what it comes to. Words that `words` knows stand for values and
-  /// for objects as those of the session do, and before them. What is wrong is thrown.
-  SessionResult run(std::string_view command, const WordResolver& words, ErrorDetails& details);
+  /// Runs one command, of a callback or of the line that is being served, and gives what it comes
+  /// to; in a callback, that goes into the log. What is wrong is thrown.
+  SessionResult run(std::string_view command, RunningCallback* callback, ErrorDetails& details);
 
   Objects& objects() { return objects_; }
   const Objects& objects() const { return objects_; }
 
+  Callbacks& callbacks() { return callbacks_; }
+  /// That of the line that is being served.
+  HostLog& log() { return *log_; }
+
+  /// Lets the interrupt that is pending at the end of the line stay so.
+  void keepInterrupt() { keepsInterrupt_ = true; }
   /// Serves no further line.
   void end() { hasEnded_ = true; }
   bool hasEnded() const { return hasEnded_; }
 
  private:
+  void endLine();
+
   Objects objects_;
+  Callbacks callbacks_;
+  HostLog* log_ = nullptr;
+  bool keepsInterrupt_ = false;
   bool hasEnded_ = false;
 };
 

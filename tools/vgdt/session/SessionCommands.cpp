@@ -7,12 +7,15 @@
 #include "text/TextDisplay.h"
 
 #include <SampleClasses.h>
+#include <callback/WaitForObserver.h>
 #include <fmt/format.h>
 #include <graphics/datatype/COSInterfaceDataType.h>
+#include <graphics/datatype/CallbackExecutor.h>
 #include <graphics/datatype/handles.h>
 #include <handles/handle_table.h>
 #include <sv/features.h>
 #include <ut/console.h>
+#include <ut/interrupts.h>
 #include <vx/array.h>
 #include <vx/errors.h>
 #include <vx/scopes.h>
@@ -68,7 +71,9 @@ SessionResult createObject(Call& call) {
   const SessionObject* const parent =
       call.arguments.size() > 2 ? &objectArgument(call, 2) : nullptr;
   SessionResult result = std::string(name);
-  call.session.objects().add(std::string(name), ownClass, parent);
+  const SessionObject& added = call.session.objects().add(std::string(name), ownClass, parent);
+  static const vcos::COSNameID creation("Create");
+  ownClass.fireEvent(creation, vcos::COSInterfacePtr(added.object()), nullptr);
   return result;
 }
 
@@ -185,10 +190,8 @@ SessionResult switchFeature(Call& call) {
 
 SessionResult printValue(Call& call) {
   const vcos::ArrayOwner array = readValue(call, call.arguments[0]);
-  const bool isText = vxGetClassID(array.get()) == vxCHAR_CLASS &&
-                      vxGetNumberOfDimensions(array.get()) == 2 &&
-                      vxGetM(array.get()) == (vxGetN(array.get()) == 0 ? 0 : 1);
-  const std::string text = isText ? vxArrayToStdString(array.get()) : formatLiteral(array.get());
+  const std::string text =
+      isTextRow(array.get()) ? vxArrayToStdString(array.get()) : formatLiteral(array.get());
   // A NUL would end a piece.
   for (std::size_t begin = 0; begin < text.size();) {
     if (begin != 0) utPrintf("%c", '\0');
@@ -203,11 +206,74 @@ SessionResult printValue(Call& call) {
 SessionResult showState(Call&) {
   const vxErrorMode mode = vxSetErrorMode(vxERROR_MODE_RAISE);
   vxSetErrorMode(mode);
-  return SessionState{.isInCallback = false,
-                      .vgStatus = svGetVGStatus(),
-                      .errorMode = mode,
-                      .isInterruptPending = false,
-                      .wasInterruptHandled = false};
+  return SessionState{
+      .isInCallback = graphics::datatype::CallbackExecutor::getInstance()->isInCallback(),
+      .vgStatus = svGetVGStatus(),
+      .errorMode = mode,
+      .isInterruptPending = utIsInterruptPending(),
+      .wasInterruptHandled = utWasInterruptHandled()};
+}
+
+// --- callbacks -----------------------------------------------------------------------------------
+
+SessionResult fireEvent(Call& call) {
+  const SessionObject& object = objectArgument(call, 0);
+  const vcos::COSClass& ownClass = object.ownClass();
+  const vcos::COSNameID event = requireEvent(ownClass, call.arguments[1]);
+  const vcos::ArrayOwner data =
+      readValue(call, call.arguments.size() > 2 ? call.arguments[2] : "[]");
+  ownClass.fireEvent(event, vcos::COSInterfacePtr(object.object()), data.get());
+  return {};
+}
+
+SessionResult defineFunction(Call& call) {
+  call.session.callbacks().define(call.arguments[0],
+                                  readText(call, call.arguments[1], "the code of a function"));
+  return {};
+}
+
+RunningCallback& requireCallback(const Call& call, std::string_view command) {
+  if (!call.callback)
+    throw RequestError(fmt::format("\"{}\" is for the code of a callback", command));
+  return *call.callback;
+}
+
+SessionResult failCallback(Call& call) {
+  RunningCallback& callback = requireCallback(call, "fail");
+  const Arguments& arguments = call.arguments;
+  const auto text = [&](std::size_t index, const char* what) {
+    return arguments.size() > index ? readText(call, arguments[index], what) : "";
+  };
+  std::string identifier = text(1, "the identifier of an error");
+  std::string message = text(2, "the text of an error");
+  if (identifier.empty())
+    vghost::clearLastError();
+  else
+    vghost::setLastError(std::move(identifier), message);
+  callback.outcome.wasSaved = !arguments.empty() && !arguments[0].empty();
+  callback.fail(std::move(message));
+  return {};
+}
+
+SessionResult requestInterrupt(Call& call) {
+  vghost::requestInterrupt();
+  if (!call.callback) call.session.keepInterrupt();
+  return {};
+}
+
+SessionResult quitDebugger(Call& call) {
+  if (!call.callback) return {};
+  vghost::setDbquit(true);
+  call.callback->hasEnded = true;
+  return {};
+}
+
+SessionResult waitInHost(Call& call) {
+  if (call.arguments[0] == "start")
+    vghost::startWait();
+  else if (!vghost::finishWait())
+    throw RequestError("no wait has begun; \"wait start\" begins one");
+  return {};
 }
 
 // --- the session ---------------------------------------------------------------------------------
@@ -219,6 +285,7 @@ SessionResult printHelp(Call&) {
 }
 
 SessionResult endSession(Call& call) {
+  if (call.callback) throw RequestError("a callback cannot end the session");
   call.session.end();
   return {};
 }
@@ -228,11 +295,21 @@ constexpr std::string_view kCreate = "new";
 constexpr SessionCommand kCommands[] = {
     {kCreate, Usage("NAME = new CLASS [in PARENT]"), "make an object", createObject},
     {"set", Usage("set NAME PROPERTY VALUE"), "give a property a value", setProperty},
-    {"get", Usage("get NAME [PROPERTY]"), "show a property, or all", getProperty},
+    {"get", Usage("get NAME [PROPERTY]"), "show a property, or all", getProperty, true},
     {"delete", Usage("delete NAME"), "destroy an object and those whose Parent it is",
      deleteObject},
-    {"handle", Usage("handle NAME"), "give an object a number and show it", numberOfObject},
-    {"object", Usage("object NUMBER"), "show the object that a number stands for", objectOfNumber},
+    {"fire", Usage("fire NAME EVENT [VALUE]"), "fire an event, with data for its callback",
+     fireEvent},
+    {"define", Usage("define NAME CODE"), "let @NAME run commands, separated by commas",
+     defineFunction},
+    {"fail", Usage("fail [saved] [ID [TEXT]]"), "in a callback: end it as failed", failCallback},
+    {"interrupt", Usage("interrupt"), "request the host's interrupt", requestInterrupt},
+    {"dbquit", Usage("dbquit"),
+     "in a callback: end it, and those around it, by the debugger's quit", quitDebugger},
+    {"wait", Usage("wait start|finish"), "begin or end a wait of the host", waitInHost},
+    {"handle", Usage("handle NAME"), "give an object a number and show it", numberOfObject, true},
+    {"object", Usage("object NUMBER"), "show the object that a number stands for", objectOfNumber,
+     true},
     {"destroyhandle", Usage("destroyhandle NUMBER"), "let a number stand for nothing",
      destroyHandle},
     {"number", Usage("number FIGURE N"), "give a figure a whole number of one's choice",
@@ -243,7 +320,7 @@ constexpr SessionCommand kCommands[] = {
     {"objects", Usage("objects"), "list the living objects", listObjects},
     {"print", Usage("print VALUE"), "print a value on the host's console", printValue},
     {"feature", Usage("feature NAME on|off"), "switch a feature of the host", switchFeature},
-    {"state", Usage("state"), "show the state of the host", showState},
+    {"state", Usage("state"), "show the state of the host", showState, true},
     {"help", Usage("help"), "list the commands", printHelp},
     {"quit", Usage("quit"), "end the session", endSession},
 };

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "literal/Literal.h"
 #include "session/Session.h"
 #include "session/Usage.h"
 
@@ -14,7 +13,7 @@ struct Call {
   Session& session;
   std::string_view line;  ///< what the arguments are parts of
   const Arguments& arguments;
-  const WordResolver& words;  ///< what the session itself does not know
+  RunningCallback* callback;  ///< whose code it is a part of; null for a line of the session
   ErrorDetails& details;      ///< for what is told of an error
 };
 
@@ -23,6 +22,7 @@ struct SessionCommand {
   Usage usage;
   const char* help;
   SessionResult (*run)(Call& call);
+  bool logsResult = false;  ///< in a callback
 };
 
 /// In the order in which "help" lists them.

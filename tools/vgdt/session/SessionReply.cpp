@@ -49,13 +49,24 @@ class LogWriter {
 
   void operator()(const std::string& line) { writer_.text(line); }
   void operator()(const vghost::Warning& warning) {
-    writer_.openObject();
-    writer_.key("warning");
-    writeWarning(writer_, warning);
-    writer_.closeObject();
+    add("warning", [&] { writeMessage(writer_, warning.identifier, warning.message); });
+  }
+  void operator()(const LoggedReport& logged) {
+    add("report", [&] { writeMessage(writer_, logged.report.identifier, logged.report.message); });
+  }
+  void operator()(const LoggedResult& logged) {
+    add("result", [&] { std::visit(ResultWriter(writer_), logged.result); });
   }
 
  private:
+  template <class Write>
+  void add(std::string_view name, Write&& write) {
+    writer_.openObject();
+    writer_.key(name);
+    write();
+    writer_.closeObject();
+  }
+
   JsonWriter& writer_;
 };
 

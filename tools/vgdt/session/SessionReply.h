@@ -42,8 +42,18 @@ using NameList = std::vector<std::string>;
 using SessionResult = std::variant<std::monostate, NoObject, std::string, double, NameList,
                                    PropertyValue, PropertyValues, SessionState>;
 
-/// A line on the host's console, or a warning.
-using LogEntry = std::variant<std::string, vghost::Warning>;
+/// What was reported to the host, and why, which is for people and may be empty.
+struct LoggedReport {
+  vghost::ErrorReport report;
+  std::string reason;
+};
+/// What a command of a callback gives.
+struct LoggedResult {
+  SessionResult result;
+};
+
+/// What happened while a line ran; a text is a line on the host's console.
+using LogEntry = std::variant<std::string, vghost::Warning, LoggedReport, LoggedResult>;
 
 /// What a person is told of an error besides its text.
 struct ErrorDetails {

@@ -60,6 +60,25 @@ class ResultPrinter {
   std::ostream& output_;
 };
 
+class LogPrinter {
+ public:
+  explicit LogPrinter(std::ostream& output) : output_(output) {}
+
+  void operator()(const std::string& line) { print(line); }
+  void operator()(const vghost::Warning& warning) { print("Warning: " + warning.message); }
+  void operator()(const LoggedReport& logged) {
+    const auto& [identifier, message] = logged.report;
+    print(identifier.empty() ? message : fmt::format("{} ({})", message, identifier));
+    if (!logged.reason.empty()) print("  " + logged.reason);
+  }
+  void operator()(const LoggedResult& logged) { std::visit(ResultPrinter(output_), logged.result); }
+
+ private:
+  void print(std::string_view text) { output_ << onOneLine(text) << '\n'; }
+
+  std::ostream& output_;
+};
+
 void printError(const Console& console, std::string_view place, std::string_view line,
                 const Failure& failure, const ErrorDetails& details) {
   const ErrorDetails::RefusedValue* const refused = details.refused ? &*details.refused : nullptr;
@@ -79,12 +98,8 @@ void printError(const Console& console, std::string_view place, std::string_view
 
 void printSessionReply(const Console& console, std::string_view place, std::string_view line,
                        const SessionReply& reply) {
-  for (const LogEntry& entry : reply.log) {
-    const auto* const warning = std::get_if<vghost::Warning>(&entry);
-    console.output << onOneLine(warning ? "Warning: " + warning->message
-                                        : std::get<std::string>(entry))
-                   << '\n';
-  }
+  for (const LogEntry& entry : reply.log)
+    std::visit(LogPrinter(console.output), entry);
   std::visit(ResultPrinter(console.output), reply.result);
   console.output.flush();
   if (reply.failure) printError(console, place, line, *reply.failure, reply.details);

@@ -9,7 +9,6 @@
 #include <messages/ustring.h>
 #include <vx/objects.h>
 
-#include <algorithm>
 #include <cctype>
 
 namespace vgdt {
@@ -18,7 +17,7 @@ namespace {
 WordResolver wordsOf(const Call& call) {
   return [&call](std::string_view word) {
     vcos::ArrayOwner array;
-    if (call.words) array = call.words(word);
+    if (call.callback) array = call.callback->words(word);
     const SessionObject* const object = array ? nullptr : call.session.objects().find(word);
     if (object) array.reset(omCreateVCOSScalar(object->object()));
     return array;
@@ -36,15 +35,6 @@ bool isLiteral(std::string_view text) {
   } catch (const LiteralError&) {
     return false;
   }
-}
-
-/// Words that mean something in the code of a callback: source, event, arg1, arg2, ...
-bool isReserved(std::string_view word) {
-  constexpr std::string_view kArgument = "arg";
-  const auto isDigit = [](char byte) { return byte >= '0' && byte <= '9'; };
-  return word == "source" || word == "event" ||
-         (word.size() > kArgument.size() && word.starts_with(kArgument) &&
-          std::ranges::all_of(word.substr(kArgument.size()), isDigit));
 }
 
 /// A word that stands where a literal goes wrong may be meant as a name.
@@ -74,9 +64,21 @@ vcos::ArrayOwner readValue(const Call& call, std::string_view text) {
   }
 }
 
+std::string readText(const Call& call, std::string_view text, const char* what) {
+  const vcos::ArrayOwner array = readValue(call, text);
+  if (!isTextRow(array.get()))
+    throw RequestError(fmt::format("{} is a text, not \"{}\"", what, shortened(text)));
+  return vxArrayToStdString(array.get());
+}
+
+bool isTextRow(const vxArray* array) {
+  return vxGetClassID(array) == vxCHAR_CLASS && vxGetNumberOfDimensions(array) == 2 &&
+         vxGetM(array) == (vxGetN(array) == 0 ? 0 : 1);
+}
+
 SessionObject& requireObject(const Call& call, std::string_view name) {
   Objects& objects = call.session.objects();
-  const vcos::ArrayOwner array = call.words ? call.words(name) : nullptr;
+  const vcos::ArrayOwner array = call.callback ? call.callback->words(name) : nullptr;
   if (!array) return objects.requireLiving(name);
   const vcos::COSInterfacePtr object = omIsVCOS(array.get()) && vxIsScalar(array.get())
                                            ? omGetArrayElement(array.get(), 0)

@@ -13,6 +13,11 @@ namespace vgdt {
 /// place in the line if it is none of these.
 vcos::ArrayOwner readValue(const Call& call, std::string_view text);
 
+/// The same where it has to be a text, which is `what`.
+std::string readText(const Call& call, std::string_view text, const char* what);
+/// Whether an array is a row of characters, or '' as a literal makes it.
+bool isTextRow(const vxArray* array);
+
 /// The object of a name; RequestError if it is none that lives.
 SessionObject& requireObject(const Call& call, std::string_view name);
 

@@ -8,11 +8,12 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace vgdt {
 namespace {
 
-constexpr std::array<std::string_view, 4> kValues = {"VALUE", "NUMBER", "N", "CODE"};
+constexpr std::array<std::string_view, 6> kValues = {"VALUE", "NUMBER", "N", "CODE", "ID", "TEXT"};
 
 bool isValue(std::string_view word) {
   return std::ranges::find(kValues, word) != kValues.end();
@@ -24,19 +25,24 @@ bool isPlaceholder(std::string_view word) {
   return word.front() >= 'A' && word.front() <= 'Z';
 }
 
+std::string_view takeFront(std::string_view& text, std::size_t length) {
+  const std::string_view front = text.substr(0, length);
+  text = withoutBlanks(text.substr(front.size()));
+  return front;
+}
+
 /// Cuts the first word, and what separates it from the next, off the front of a text. Beside the
 /// sign "=", words need no blanks.
 std::string_view takeWord(std::string_view& text, bool endsAtEqualsSign) {
   std::size_t length = text.find_first_of(kBlanks);
   if (endsAtEqualsSign) length = std::min(length, std::max<std::size_t>(text.find('='), 1));
-  const std::string_view word = text.substr(0, length);
-  text = withoutBlanks(text.substr(word.size()));
-  return word;
+  return takeFront(text, length);
 }
 
 struct UsageWord {
   std::string_view text;
-  bool isOptional;  ///< it and all that follow may be left out
+  bool isOptional;   ///< it and all that follow may be left out
+  bool isSkippable;  ///< it alone may be left out
 };
 
 std::vector<UsageWord> wordsOf(std::string_view usage) {
@@ -45,9 +51,10 @@ std::vector<UsageWord> wordsOf(std::string_view usage) {
     std::string_view word = takeWord(usage, false);
     const bool isOptional = word.front() == '[';
     if (isOptional) word.remove_prefix(1);
+    const bool isSkippable = isOptional && word.back() == ']' && !isPlaceholder(word);
     while (word.back() == ']')
       word.remove_suffix(1);
-    words.push_back({word, isOptional});
+    words.push_back({word, isOptional, isSkippable});
   }
   return words;
 }
@@ -82,12 +89,16 @@ Usage::Walk Usage::walk(std::string_view command) const {
   Walk walk{.arguments = {}, .words = wordsOf(text_)};
   std::string_view rest = withoutBlanks(command);
   for (; walk.place < walk.words.size() && !rest.empty(); ++walk.place) {
-    const std::string_view expected = walk.words[walk.place].text;
+    const auto [expected, isOptional, isSkippable] = walk.words[walk.place];
     const bool isLast = walk.place + 1 == walk.words.size();
     const bool isBeforeSign = !isLast && walk.words[walk.place + 1].text == "=";
-    if (isLast && isValue(expected)) {
-      walk.arguments.push_back(rest);
-      rest = {};
+    if (isValue(expected)) {
+      walk.arguments.push_back(isLast ? std::exchange(rest, {})
+                                      : takeFront(rest, endOfPiece(rest, kBlanks)));
+      continue;
+    }
+    if (isSkippable && rest.substr(0, rest.find_first_of(kBlanks)) != expected) {
+      walk.arguments.emplace_back();
       continue;
     }
     const std::string_view word = takeWord(rest, isBeforeSign || expected == "=");
@@ -95,7 +106,8 @@ Usage::Walk Usage::walk(std::string_view command) const {
       walk.unexpected = word;
       return walk;
     }
-    if (isPlaceholder(expected) || isChoice(expected)) walk.arguments.push_back(word);
+    if (isPlaceholder(expected) || isChoice(expected) || isSkippable)
+      walk.arguments.push_back(word);
   }
   walk.unexpected = rest;
   return walk;

@@ -10,8 +10,10 @@ namespace vgdt {
 using Arguments = std::vector<std::string_view>;
 
 /// What a command looks like, such as "NAME = new CLASS [in PARENT]" or "track on|off". Words in
-/// capitals are placeholders; from a bracket on everything may be left out. VALUE, NUMBER, N and
-/// CODE stand for values, which may have blanks in them where they end the usage.
+/// capitals are placeholders; from a bracket on everything may be left out, and a word of its own
+/// in brackets, such as [saved], also if others follow: its argument is empty then. VALUE, NUMBER,
+/// N, CODE, ID and TEXT stand for values. One that ends the usage goes up to the end of the
+/// command; before others it has no blanks outside quotes and brackets.
 class Usage {
  public:
   explicit constexpr Usage(const char* text) : text_(text) {}
