@@ -54,20 +54,27 @@ SessionObject& Objects::requireLiving(std::string_view name) {
   return *found;
 }
 
-SessionObject& Objects::add(std::string name, const vcos::COSClass& ownClass,
-                            const SessionObject* parent) {
+void Objects::add(const std::string& name, const vcos::COSClass& ownClass,
+                  const SessionObject* parent) {
   auto added = std::make_unique<SessionObject>(name, ownClass, count_);
   if (parent) {
     const vcos::ArrayOwner array(omCreateVCOSScalar(parent->object()));
     parentProperty(*added).setFromArray(added->object().get(), array.get());
   }
-  SessionObject& result = *added;
-  // The last thing that can fail. A destroyed object that had the name loses it.
-  byName_.insert_or_assign(std::move(name), std::move(added));
+  SessionObject& object = *added;
+  // A destroyed object that had the name loses it.
+  byName_.insert_or_assign(name, std::move(added));
   ++count_;
-  living_.push_back(result);
-  noteParent(result);
-  return result;
+  living_.push_back(object);
+  noteParent(object);
+  try {
+    static const vcos::COSNameID creation("Create");
+    ownClass.fireEvent(creation, vcos::COSInterfacePtr(object.object()), nullptr);
+  } catch (...) {
+    destroy(object);
+    byName_.erase(name);
+    throw;
+  }
 }
 
 void Objects::noteParent(SessionObject& object) noexcept {

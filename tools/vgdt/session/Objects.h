@@ -76,9 +76,9 @@ class Objects {
   /// RequestError if it is none that lives.
   SessionObject& requireLiving(std::string_view name);
 
-  /// A new object under a name that no living object has, with the parent as its Parent. Nothing
-  /// is left behind if this fails.
-  SessionObject& add(std::string name, const vcos::COSClass& ownClass, const SessionObject* parent);
+  /// Makes an object under a name that no living object has, with the parent as its Parent, and
+  /// fires Create on it. Nothing is left behind if this fails.
+  void add(const std::string& name, const vcos::COSClass& ownClass, const SessionObject* parent);
   /// Has to be called after the Parent of an object was set.
   void noteParent(SessionObject& object) noexcept;
   /// Fires Delete on an object, removes in the same way and in order of creation those living

@@ -71,9 +71,7 @@ SessionResult createObject(Call& call) {
   const SessionObject* const parent =
       call.arguments.size() > 2 ? &objectArgument(call, 2) : nullptr;
   SessionResult result = std::string(name);
-  const SessionObject& added = call.session.objects().add(std::string(name), ownClass, parent);
-  static const vcos::COSNameID creation("Create");
-  ownClass.fireEvent(creation, vcos::COSInterfacePtr(added.object()), nullptr);
+  call.session.objects().add(std::string(name), ownClass, parent);
   return result;
 }
 
