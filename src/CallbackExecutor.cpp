@@ -120,7 +120,8 @@ CallbackExecutor::Status CallbackExecutor::callEventCallback(ItemPtr item) {
     svClearVGStatus(mask);  // kept: an exception leaves the bit set
   }
   if (wasInterruptHandled()) {
-    std::queue<ItemPtr>().swap(pendingCallbacks);
+    while (!pendingCallbacks.empty())
+      pendingCallbacks.pop();
     status = inEXECUTION_INTERRUPTED;
   } else if (inIsDbquitSet()) {
     status = inEXECUTION_DBQUIT;
