@@ -59,24 +59,19 @@ struct VCallback::Content : ListHook {
     if (uses.subtract(1) == 0) delete this;
   }
 
+  /// Those with references, which leak checkers find here: whoever leaves a callback by an
+  /// exception may never give its reference back.
+  static auto& referenced() {
+    using Contents = boost::intrusive::list<Content, boost::intrusive::constant_time_size<false>>;
+    static Contents& all = *new Contents;
+    return all;
+  }
+
   ArrayOwner array;
   VCallback reference;  ///< what all references to this content are
   vghost::SharedCount uses;
   std::size_t references = 0;
 };
-
-namespace {
-
-/// The contents with references, which leak checkers find here: whoever leaves a callback by an
-/// exception may never give its reference back.
-template <class Content>
-boost::intrusive::list<Content, boost::intrusive::constant_time_size<false>>& referenced() {
-  static auto& all =
-      *new boost::intrusive::list<Content, boost::intrusive::constant_time_size<false>>;
-  return all;
-}
-
-}  // namespace
 
 VCallback::VCallback(const vxArray* array) {
   countHostCall("VCallback");
@@ -134,7 +129,7 @@ VCallback* GetVCallbackReference(VCallback* callback) {
   countHostCall("GetVCallbackReference");
   VCallback::Content& content = *callback->content_;
   content.uses.add(1);
-  if (content.references++ == 0) referenced<VCallback::Content>().push_back(content);
+  if (content.references++ == 0) VCallback::Content::referenced().push_back(content);
   references.add(1);
   return &content.reference;
 }
