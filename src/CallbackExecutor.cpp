@@ -128,7 +128,7 @@ CallbackExecutor::Status CallbackExecutor::callEventCallback(ItemPtr item) {
   } else if (status == inEXECUTION_CLEAN) {
     return status;
   }
-  handleError(item, print, status);
+  handleError(std::move(item), print, status);
   return status;
 }
 
@@ -153,6 +153,7 @@ void CallbackExecutor::serveQueue() {
 }
 
 // The buffer must not take room on the stack of nested callbacks.
+// NOLINTNEXTLINE(performance-unnecessary-value-param): callers rely on the signature.
 [[gnu::noinline]] void CallbackExecutor::handleError(ItemPtr item, bool print, Status status) {
   const vxErrorMode saved = vxSetErrorMode(vxERROR_MODE_REPORT);
   std::array<char, 8192> format{};
