@@ -62,8 +62,8 @@ int svGetVGStatus() noexcept {
   return status;
 }
 void svSetVGStatus(int mask) noexcept {
-  status |= mask;
+  if ((status & mask) != mask) status |= mask;
 }
 void svClearVGStatus(int mask) noexcept {
-  status &= ~mask;
+  if ((status & mask) != 0) status &= ~mask;
 }

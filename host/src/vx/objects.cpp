@@ -4,22 +4,12 @@
 #include <vcos/COSClass.h>
 #include <vx/objects.h>
 
-#include <unordered_map>
-
 using namespace vghost;
 using vcos::COSInterfacePtr;
 using vcos::COSNameID;
 using vghost::faults::countHostCall;
 
 namespace {
-
-/// The names of an array with a class's objects, which all its arrays share.
-const Names& namesOf(COSNameID className) {
-  static auto& known = *new std::unordered_map<COSNameID, Names>;
-  const auto found = known.find(className);
-  if (found != known.end()) return found->second;
-  return known.emplace(className, makeNames({className.c_str()})).first->second;
-}
 
 vxArray* sharedCopy(const vxArray* array, const char* operation) {
   countHostCall(operation);
@@ -32,9 +22,10 @@ vxArray* sharedCopy(const vxArray* array, const char* operation) {
 vxArray* omCreateVCOSScalar(const COSInterfacePtr& object) {
   if (!object) return omCreateVCOSEmpty(COSNameID("handle"));
   const vcos::COSClass* const ownClass = object->getClass();
-  ArrayPtr array(omCreateVCOSMatrix(1, 1, ownClass ? ownClass->getNameID() : COSNameID("handle")));
-  omSetArrayElement(array.get(), 0, object);
-  return array.release();
+  vxArray* const array =
+      omCreateVCOSMatrix(1, 1, ownClass ? ownClass->getNameID() : COSNameID("handle"));
+  static_cast<ObjectBlock*>(array->block.get())->at(0) = object;
+  return array;
 }
 
 vxArray* omCreateVCOSEmpty(COSNameID className) {
@@ -44,7 +35,9 @@ vxArray* omCreateVCOSEmpty(COSNameID className) {
 vxArray* omCreateVCOSMatrix(std::size_t m, std::size_t n, COSNameID className) {
   countHostCall("omCreateVCOSMatrix");
   const std::size_t dimensions[] = {m, n};
-  return createArray(vxOBJECT_CLASS, dimensions, 2, vxREAL, namesOf(className)).release();
+  ArrayPtr array = createArray(vxOBJECT_CLASS, dimensions, 2);
+  array->className = className.c_str();
+  return array.release();
 }
 
 COSInterfacePtr omGetArrayElement(const vxArray* array, std::size_t index) {
