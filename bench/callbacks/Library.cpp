@@ -126,9 +126,8 @@ void addSteps() {
   addStep("item", [] {
     return boost::make_shared<CallbackItem>(line().object, property, line().data.get());
   });
-  addStep("item: copy of the data", [] {
-    return ArrayPtr(vxCreateSharedCopyNotOnArrayList(line().data.get()));
-  });
+  addStep("item: copy of the data",
+          [] { return ArrayPtr(vxCreateSharedCopyNotOnArrayList(line().data.get())); });
   addStep("Interruptible", [] { return item.isInterruptible(); });
   addStep("interrupts and status", [] {
     bool isQuiet = !utIsInterruptPending();
@@ -148,9 +147,8 @@ void addSteps() {
     DestroyVCallback(GetVCallbackReference(callback.asPointer<VCallback>()));
     return 0;
   });
-  addStep("execute: evaluator", [] {
-    return callback.asPointer<VCallback>()->execute(nullptr, line().data.get());
-  });
+  addStep("execute: evaluator",
+          [] { return callback.asPointer<VCallback>()->execute(nullptr, line().data.get()); });
 }
 
 }  // namespace
@@ -158,9 +156,8 @@ void addSteps() {
 void addLibrary() {
   vghost::installCallbackEvaluator(&evaluator());
   addFiring(std::string("fire/") + kOurs, evaluator().runs, [] { line().press(); });
-  addFiring(std::string("fireByName/") + kOurs, evaluator().runs, [] {
-    line().lines.fireEvent(COSNameID(kPress), line().object, line().data.get());
-  });
+  addFiring(std::string("fireByName/") + kOurs, evaluator().runs,
+            [] { line().lines.fireEvent(COSNameID(kPress), line().object, line().data.get()); });
   addSteps();
   static std::uint64_t served = 0;
   addQueue(kOurs, served, [](std::size_t count) {

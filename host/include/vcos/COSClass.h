@@ -6,10 +6,9 @@
 #include <vcos/COSValue.h>
 #include <vcos/TypeAccess.h>
 
-#include <boost/unordered_map.hpp>
 #include <cstddef>
-#include <functional>
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 namespace vcos {
@@ -107,10 +106,6 @@ class VGHOST_API COSClass {
   static void destroyObject(const COSInterfacePtr& object) noexcept;
 
  private:
-  /// Its places are a power of two, which takes no division to find one.
-  template <class Content>
-  using ByName = boost::unordered_map<COSNameID, Content, std::hash<COSNameID>>;
-
   COSInterface& ownProperty(COSNameID name) const;
   Event& requireEvent(COSNameID name) const;
   void requireNoDerivedClass() const;
@@ -120,9 +115,9 @@ class VGHOST_API COSClass {
   COSInterfacePtr description_;  ///< the source of the class's own events
   mutable bool isBase_ = false;
   std::vector<COSInterfacePtr> properties_;
-  ByName<COSInterface*> propertiesByName_;
+  std::unordered_map<COSNameID, COSInterface*> propertiesByName_;
   std::vector<COSNameID> events_;
-  ByName<std::shared_ptr<Event>> eventsByName_;
+  std::unordered_map<COSNameID, std::shared_ptr<Event>> eventsByName_;
 };
 
 }  // namespace vcos

@@ -127,6 +127,11 @@ class ElementBlock final : public Block {
         count_(count),
         width_(width),
         others_(count * width == 1 ? 0 : count * width) {}
+  explicit ElementBlock(Element element) noexcept
+      : Block(sizeof(Element)),
+        count_(1),
+        width_(1),
+        single_(std::move(element)) {}
 
   Element& at(std::size_t index, std::size_t part = 0) { return begin()[index * width_ + part]; }
 
@@ -178,6 +183,10 @@ ArrayPtr createArray(vxClassID classID, const std::size_t* dimensions,
                      Names names = nullptr);
 
 Names makeNames(std::vector<std::string> names);
+
+/// Raises unless that many elements fit into memory beside what is there.
+void requireMemory(std::size_t count, std::size_t bytesPerElement, const std::size_t* dimensions,
+                   std::size_t numberOfDimensions);
 
 /// The checks that many operations share; each raises the error that vx/array.h names.
 void requireClass(const vxArray* array, vxClassID classID, const char* operation);

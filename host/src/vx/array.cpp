@@ -92,14 +92,6 @@ std::size_t checkedCount(const std::size_t* dimensions, std::size_t numberOfDime
   return empty ? 0 : product;
 }
 
-/// Raises unless that many elements fit into memory beside what is there.
-void requireMemory(std::size_t count, std::size_t bytesPerElement, const std::size_t* dimensions,
-                   std::size_t numberOfDimensions) {
-  std::size_t bytes = 0;
-  if (__builtin_mul_overflow(count, bytesPerElement, &bytes) || bytes > memoryLeft())
-    raiseTooLarge(dimensions, numberOfDimensions);
-}
-
 /// Slots or object references that make one element of an array.
 std::size_t widthOf(vxClassID classID, const Names& names) noexcept {
   return classID == vxSTRUCT_CLASS ? names->size() : 1;
@@ -237,6 +229,13 @@ ArrayPtr createArray(vxClassID classID, const std::size_t* dimensions,
   array->names = std::move(names);
   array->block = createBlock(*array, count);
   return array;
+}
+
+void requireMemory(std::size_t count, std::size_t bytesPerElement, const std::size_t* dimensions,
+                   std::size_t numberOfDimensions) {
+  std::size_t bytes = 0;
+  if (__builtin_mul_overflow(count, bytesPerElement, &bytes) || bytes > memoryLeft())
+    raiseTooLarge(dimensions, numberOfDimensions);
 }
 
 Names makeNames(std::vector<std::string> names) {

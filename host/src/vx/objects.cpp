@@ -21,11 +21,14 @@ vxArray* sharedCopy(const vxArray* array, const char* operation) {
 
 vxArray* omCreateVCOSScalar(const COSInterfacePtr& object) {
   if (!object) return omCreateVCOSEmpty(COSNameID("handle"));
+  countHostCall("omCreateVCOSScalar");
+  constexpr std::size_t kDimensions[] = {1, 1};
+  requireMemory(1, sizeof(COSInterfacePtr), kDimensions, 2);
+  ArrayPtr array(new vxArray(vxOBJECT_CLASS, kDimensions, 2));
   const vcos::COSClass* const ownClass = object->getClass();
-  vxArray* const array =
-      omCreateVCOSMatrix(1, 1, ownClass ? ownClass->getNameID() : COSNameID("handle"));
-  static_cast<ObjectBlock*>(array->block.get())->at(0) = object;
-  return array;
+  array->className = (ownClass ? ownClass->getNameID() : COSNameID("handle")).c_str();
+  array->block = new ObjectBlock(object);
+  return array.release();
 }
 
 vxArray* omCreateVCOSEmpty(COSNameID className) {
