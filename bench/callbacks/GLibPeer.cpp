@@ -35,8 +35,7 @@ void queueAndServe(std::size_t count) {
                                             nullptr, nullptr, G_TYPE_NONE, 1, G_TYPE_POINTER);
   static auto* const source = static_cast<GObject*>(g_object_new(sourceType(), nullptr));
   g_signal_connect(source, "press", G_CALLBACK(press), nullptr);
-  addFiring("fire/GObject", target().handled,
-            [] { g_signal_emit(source, pressed, 0, &target()); });
+  addFiring("fire/GObject", target().handled, [] { g_signal_emit(source, pressed, 0, &target()); });
   addFiring("fireByName/GObject", target().handled,
             [] { g_signal_emit_by_name(source, "press", &target()); });
   compareFiring("fire", "GObject", measuring::Goal::kNone);
