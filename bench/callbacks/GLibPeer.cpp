@@ -38,8 +38,8 @@ void queueAndServe(std::size_t count) {
   addFiring("fire/GObject", target().handled, [] { g_signal_emit(source, pressed, 0, &target()); });
   addFiring("fireByName/GObject", target().handled,
             [] { g_signal_emit_by_name(source, "press", &target()); });
-  compareFiring("fire", "GObject", measuring::Goal::kNone);
-  compareFiring("fireByName", "GObject", measuring::Goal::kAhead);
+  compare("fire", "GObject", measuring::Goal::kNone);
+  compare("fireByName", "GObject", measuring::Goal::kAhead);
   addQueue("GLib", target().handled, queueAndServe);
   compareQueues("GLib");
 });

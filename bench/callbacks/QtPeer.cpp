@@ -20,7 +20,7 @@ namespace {
   QObject::connect(&source, &QtSource::pressed,
                    [](Target* pressedOn) { pressedOn->handle(kPress); });
   addFiring("fire/Qt", target().handled, [] { Q_EMIT source.pressed(&target()); });
-  compareFiring("fire", "Qt", measuring::Goal::kNone);
+  compare("fire", "Qt", measuring::Goal::kNone);
 });
 
 }  // namespace

@@ -11,7 +11,7 @@ namespace {
   static boost::signals2::signal<void(Target*)> pressed;
   pressed.connect([](Target* pressedOn) { pressedOn->handle(kPress); });
   addFiring("fire/signals2", target().handled, [] { pressed(&target()); });
-  compareFiring("fire", "signals2", measuring::Goal::kNone);
+  compare("fire", "signals2", measuring::Goal::kNone);
 });
 
 }  // namespace

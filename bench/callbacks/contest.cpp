@@ -33,16 +33,13 @@ void addContenders() {
     add();
 }
 
-void compareFiring(const std::string& work, const std::string& peer, measuring::Goal goal) {
+void compare(const std::string& work, const std::string& peer, measuring::Goal goal) {
   measuring::compareTimes({work, peer, work + "/" + kOurs, work + "/" + peer, goal});
 }
 
 void compareQueues(const std::string& peer) {
-  for (const QueueSize& size : kSizes) {
-    const std::string work = std::string("queue/") + size.text;
-    measuring::compareTimes(
-        {work, peer, work + "/" + kOurs, work + "/" + peer, measuring::Goal::kAhead});
-  }
+  for (const QueueSize& size : kSizes)
+    compare(std::string("queue/") + size.text, peer, measuring::Goal::kAhead);
 }
 
 }  // namespace callbacks

@@ -93,9 +93,9 @@ bool addContender(void (*add)());
 /// Runs that list.
 void addContenders();
 
-/// Asks for the comparison of a firing of the library's, "fire" or "fireByName", with a peer's.
-void compareFiring(const std::string& work, const std::string& peer, measuring::Goal goal);
-/// Asks for the comparisons of the library's queue with a peer's.
+/// Asks for the comparison of the library's part in a work with a peer's.
+void compare(const std::string& work, const std::string& peer, measuring::Goal goal);
+/// The same for the queues of all sizes.
 void compareQueues(const std::string& peer);
 
 }  // namespace callbacks
