@@ -28,29 +28,29 @@ class CallbackListenerOp : public vcos::COSListenerOp {
 
   void handleEvent(COSEventData* event) override {
     if (!event) return;
-    const COSInterfacePtr source = getSourceObject(event);
+    COSInterfacePtr source = getSourceObject(event);
     if (!source) return;
-    const COSPropInfoPtr found(source->findProperty(nameID_));
+    COSPropInfoPtr found(source->findProperty(nameID_));
     const vcos::COSPropInfo* const property = found.getObject();
     if (!property || property->getDataType().getObject() != CallbackDataType::getType()) return;
     if (property->getValue(source.get()).isNull()) return;
     if (sendEventData) {
       const auto giveBack = [event](const vxArray* array) { event->releaseArray(array); };
       const std::unique_ptr<const vxArray, decltype(giveBack)> data(event->getArray(), giveBack);
-      process(source, found, data.get());
+      process(std::move(source), std::move(found), data.get());
     } else {
       const ArrayPtr data(vxCreateDoubleMatrix(0, 0, vxREAL));
-      process(source, found, data.get());
+      process(std::move(source), std::move(found), data.get());
     }
   }
 
   virtual COSInterfacePtr getSourceObject(COSEventData* event) { return event->getSource(); }
 
  private:
-  void process(const COSInterfacePtr& source, const COSPropInfoPtr& property,
-               const vxArray* data) const {
+  void process(COSInterfacePtr source, COSPropInfoPtr property, const vxArray* data) const {
     CallbackExecutor::getInstance()->processCallback(
-        boost::make_shared<CallbackItem>(source, property, data), interruptibleAware);
+        boost::make_shared<CallbackItem>(std::move(source), std::move(property), data),
+        interruptibleAware);
   }
 
   std::string callbackName;

@@ -1,4 +1,5 @@
 #include <sv/features.h>
+#include <sys/single_threaded.h>
 #include <ut/faults.h>
 
 #include <algorithm>
@@ -26,6 +27,16 @@ svFeatureEntry* find(std::string_view name) {
 }
 
 constinit std::atomic<int> status = 0;
+
+/// Several threads may change the status at once. While the process has one thread, which the C
+/// library knows, nothing is locked.
+template <class Change>
+void changeStatus(Change change) noexcept {
+  int before = status.load(std::memory_order_relaxed);
+  if (__libc_single_threaded) return status.store(change(before), std::memory_order_relaxed);
+  while (!status.compare_exchange_weak(before, change(before))) {
+  }
+}
 
 }  // namespace
 
@@ -62,8 +73,8 @@ int svGetVGStatus() noexcept {
   return status;
 }
 void svSetVGStatus(int mask) noexcept {
-  status |= mask;
+  changeStatus([mask](int before) { return before | mask; });
 }
 void svClearVGStatus(int mask) noexcept {
-  status &= ~mask;
+  changeStatus([mask](int before) { return before & ~mask; });
 }

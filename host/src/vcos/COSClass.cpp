@@ -7,7 +7,6 @@
 
 #include <optional>
 #include <string>
-#include <typeinfo>
 #include <utility>
 
 namespace vcos {
@@ -19,12 +18,6 @@ void COSInterface::addWatch(ObjectWatch&) noexcept {}
 COSPropInfo::~COSPropInfo() = default;
 
 namespace {
-
-/// As dynamic_cast, which takes longer, for a class that none derives from.
-template <class Derived>
-Derived* exactCast(COSInterface* object) noexcept {
-  return object && typeid(*object) == typeid(Derived) ? static_cast<Derived*>(object) : nullptr;
-}
 
 class Property final : public CountedObject, public COSPropInfo {
  public:

@@ -101,12 +101,12 @@ bool loadType(COSNameID name) {
 }  // namespace
 
 COSDataType* COSDataTypePtrHelper::getObject(const COSInterfacePtr& type) const noexcept {
-  const auto* object = dynamic_cast<const TypeObject*>(type.get());
+  const TypeObject* const object = exactCast<TypeObject>(type.get());
   return object ? object->type : nullptr;
 }
 
 COSNameID COSDataTypePtr::getID() const {
-  const auto* object = dynamic_cast<const TypeObject*>(get());
+  const TypeObject* const object = exactCast<TypeObject>(get());
   return object ? object->name : COSNameID();
 }
 

@@ -126,15 +126,19 @@ class ElementBlock final : public Block {
       : Block(count * width * sizeof(Element)),
         count_(count),
         width_(width),
-        elements_(count * width) {}
+        others_(count * width == 1 ? 0 : count * width) {}
+  explicit ElementBlock(Element element) noexcept
+      : Block(sizeof(Element)),
+        count_(1),
+        width_(1),
+        single_(std::move(element)) {}
 
-  Element& at(std::size_t index, std::size_t part = 0) { return elements_[index * width_ + part]; }
+  Element& at(std::size_t index, std::size_t part = 0) { return begin()[index * width_ + part]; }
 
   std::size_t size() const noexcept override { return count_; }
   BlockPtr resized(std::size_t count) const override {
     boost::intrusive_ptr<ElementBlock> result(new ElementBlock(count, width_));
-    std::copy_n(elements_.begin(), std::min(elements_.size(), count * width_),
-                result->elements_.begin());
+    std::copy_n(begin(), std::min(count_, count) * width_, result->begin());
     return result;
   }
 
@@ -143,14 +147,18 @@ class ElementBlock final : public Block {
     for (std::size_t column = 0; column < n; ++column)
       for (std::size_t row = 0; row < m; ++row)
         for (std::size_t part = 0; part < width_; ++part)
-          result->at(row * n + column, part) = elements_[(column * m + row) * width_ + part];
+          result->at(row * n + column, part) = begin()[(column * m + row) * width_ + part];
     return result;
   }
 
  private:
+  Element* begin() noexcept { return others_.empty() ? &single_ : others_.data(); }
+  const Element* begin() const noexcept { return others_.empty() ? &single_ : others_.data(); }
+
   std::size_t count_;
   std::size_t width_;
-  std::vector<Element, ArrayAllocator<Element>> elements_;
+  Element single_;  ///< where there is one, as in most arrays of objects, it needs no storage
+  std::vector<Element, ArrayAllocator<Element>> others_;
 };
 
 using CellBlock = ElementBlock<Slot>;
@@ -168,12 +176,17 @@ void enlist(vxArray* array) noexcept;
 
 using ArrayPtr = std::unique_ptr<vxArray>;
 
-/// An array of zeroed (or null) elements, after its size was checked.
+/// An array of zeroed (or null) elements, after its size was checked. One of objects has no class
+/// name yet.
 ArrayPtr createArray(vxClassID classID, const std::size_t* dimensions,
                      std::size_t numberOfDimensions, vxComplexity complexity = vxREAL,
                      Names names = nullptr);
 
 Names makeNames(std::vector<std::string> names);
+
+/// Raises unless that many elements fit into memory beside what is there.
+void requireMemory(std::size_t count, std::size_t bytesPerElement, const std::size_t* dimensions,
+                   std::size_t numberOfDimensions);
 
 /// The checks that many operations share; each raises the error that vx/array.h names.
 void requireClass(const vxArray* array, vxClassID classID, const char* operation);
@@ -184,9 +197,12 @@ void requireIndex(std::size_t index, std::size_t count);
 }  // namespace vghost
 
 struct vxArray_tag final : vghost::ArrayStorage, vghost::ArrayListHook {
-  explicit vxArray_tag(vxClassID newClass);
+  vxArray_tag(vxClassID newClass, const std::size_t* newDimensions, std::size_t numberOfDimensions);
   /// A copy that shares the elements; it stands on the list of the present context.
   vxArray_tag(const vxArray_tag& other);
+  /// The same on no list.
+  struct Unlisted {};
+  vxArray_tag(const vxArray_tag& other, Unlisted);
   vxArray_tag& operator=(const vxArray_tag&) = delete;
   ~vxArray_tag();
 
@@ -203,6 +219,8 @@ struct vxArray_tag final : vghost::ArrayStorage, vghost::ArrayListHook {
   /// Null when there are no elements, and for a function handle. It may have more elements than the
   /// array, whose dimensions were changed.
   vghost::BlockPtr block;
-  /// Field names of a struct, the class name of an object array, the name of a function handle.
+  /// Field names of a struct, the name of a function handle.
   vghost::Names names;
+  /// Of an object array: an interned name.
+  const char* className = nullptr;
 };

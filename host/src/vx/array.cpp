@@ -92,13 +92,6 @@ std::size_t checkedCount(const std::size_t* dimensions, std::size_t numberOfDime
   return empty ? 0 : product;
 }
 
-/// Raises unless that many elements fit into memory beside what is there.
-void requireMemory(std::size_t count, std::size_t bytesPerElement, const std::size_t* dimensions,
-                   std::size_t numberOfDimensions) {
-  if (count > memoryLeft() / std::max<std::size_t>(bytesPerElement, 1))
-    raiseTooLarge(dimensions, numberOfDimensions);
-}
-
 /// Slots or object references that make one element of an array.
 std::size_t widthOf(vxClassID classID, const Names& names) noexcept {
   return classID == vxSTRUCT_CLASS ? names->size() : 1;
@@ -116,8 +109,6 @@ Names defaultNames(vxClassID classID) {
       return makeNames({});
     case vxFUNCTION_CLASS:
       return makeNames({""});
-    case vxOBJECT_CLASS:
-      return makeNames({"object"});
     default:
       return nullptr;
   }
@@ -229,15 +220,22 @@ Slot::Slot(const Slot& other)
 ArrayPtr createArray(vxClassID classID, const std::size_t* dimensions,
                      std::size_t numberOfDimensions, vxComplexity complexity, Names names) {
   const bool complex = complexity == vxCOMPLEX;
-  if (!names) names = defaultNames(classID);
+  const bool isNamed = classID == vxSTRUCT_CLASS || classID == vxFUNCTION_CLASS;
+  if (isNamed && !names) names = defaultNames(classID);
   const std::size_t count = checkedCount(dimensions, numberOfDimensions);
   requireMemory(count, bytesPerElement(classID, complex, names), dimensions, numberOfDimensions);
-  ArrayPtr array(new vxArray(classID));
+  ArrayPtr array(new vxArray(classID, dimensions, numberOfDimensions));
   array->complex = complex;
   array->names = std::move(names);
-  array->dimensions.assign(dimensions, dimensions + numberOfDimensions);
   array->block = createBlock(*array, count);
   return array;
+}
+
+void requireMemory(std::size_t count, std::size_t bytesPerElement, const std::size_t* dimensions,
+                   std::size_t numberOfDimensions) {
+  std::size_t bytes = 0;
+  if (__builtin_mul_overflow(count, bytesPerElement, &bytes) || bytes > memoryLeft())
+    raiseTooLarge(dimensions, numberOfDimensions);
 }
 
 Names makeNames(std::vector<std::string> names) {
@@ -285,12 +283,19 @@ std::string sizeText(const std::size_t* dimensions, std::size_t numberOfDimensio
 
 using namespace vghost;
 
-vxArray_tag::vxArray_tag(vxClassID newClass) : classID(newClass) {
+vxArray_tag::vxArray_tag(vxClassID newClass, const std::size_t* newDimensions,
+                         std::size_t numberOfDimensions)
+    : classID(newClass),
+      dimensions(newDimensions, newDimensions + numberOfDimensions) {
   live.add(1);
   enlist(this);
 }
 
-vxArray_tag::vxArray_tag(const vxArray_tag& other)
+vxArray_tag::vxArray_tag(const vxArray_tag& other) : vxArray_tag(other, Unlisted()) {
+  enlist(this);
+}
+
+vxArray_tag::vxArray_tag(const vxArray_tag& other, Unlisted)
     : ArrayStorage(other),
       ArrayListHook(other),  // ignores its argument: the copy is on no list yet
       classID(other.classID),
@@ -298,9 +303,9 @@ vxArray_tag::vxArray_tag(const vxArray_tag& other)
       complex(other.complex),
       dimensions(other.dimensions),
       block(other.block),
-      names(other.names) {
+      names(other.names),
+      className(other.className) {
   live.add(1);
-  enlist(this);
 }
 
 vxArray_tag::~vxArray_tag() {
@@ -378,8 +383,7 @@ vxClassID vxGetClassID(const vxArray* array) noexcept {
 }
 
 const char* vxGetClassName(const vxArray* array) noexcept {
-  return array->classID == vxOBJECT_CLASS ? array->names->front().c_str()
-                                          : vxClassName(array->classID);
+  return array->className ? array->className : vxClassName(array->classID);
 }
 
 const char* vxClassName(vxClassID classID) noexcept {
@@ -473,9 +477,7 @@ vxArray* vxCreateSharedDataCopy(const vxArray* array) {
 
 vxArray* vxCreateSharedCopyNotOnArrayList(const vxArray* array) {
   countHostCall("vxCreateSharedCopyNotOnArrayList");
-  auto* copy = new vxArray(*array);
-  copy->unlink();
-  return copy;
+  return new vxArray(*array, vxArray::Unlisted());
 }
 
 void vxDestroyArray(vxArray* array) noexcept {

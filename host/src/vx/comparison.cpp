@@ -37,7 +37,8 @@ bool areSame(const vxArray* a, const vxArray* b) {
   const bool haveSameNames =
       a->names == b->names || (a->names && b->names && *a->names == *b->names);
   return a->classID == b->classID && a->sparse == b->sparse && a->complex == b->complex &&
-         a->dimensions == b->dimensions && haveSameNames && haveSameElements(*a, *b);
+         std::strcmp(vxGetClassName(a), vxGetClassName(b)) == 0 && a->dimensions == b->dimensions &&
+         haveSameNames && haveSameElements(*a, *b);
 }
 
 }  // namespace vghost

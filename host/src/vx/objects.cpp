@@ -4,22 +4,12 @@
 #include <vcos/COSClass.h>
 #include <vx/objects.h>
 
-#include <unordered_map>
-
 using namespace vghost;
 using vcos::COSInterfacePtr;
 using vcos::COSNameID;
 using vghost::faults::countHostCall;
 
 namespace {
-
-/// The names of an array with a class's objects, which all its arrays share.
-const Names& namesOf(COSNameID className) {
-  static auto& known = *new std::unordered_map<COSNameID, Names>;
-  const auto found = known.find(className);
-  if (found != known.end()) return found->second;
-  return known.emplace(className, makeNames({className.c_str()})).first->second;
-}
 
 vxArray* sharedCopy(const vxArray* array, const char* operation) {
   countHostCall(operation);
@@ -31,9 +21,13 @@ vxArray* sharedCopy(const vxArray* array, const char* operation) {
 
 vxArray* omCreateVCOSScalar(const COSInterfacePtr& object) {
   if (!object) return omCreateVCOSEmpty(COSNameID("handle"));
+  countHostCall("omCreateVCOSScalar");
+  constexpr std::size_t kDimensions[] = {1, 1};
+  requireMemory(1, sizeof(COSInterfacePtr), kDimensions, 2);
+  ArrayPtr array(new vxArray(vxOBJECT_CLASS, kDimensions, 2));
   const vcos::COSClass* const ownClass = object->getClass();
-  ArrayPtr array(omCreateVCOSMatrix(1, 1, ownClass ? ownClass->getNameID() : COSNameID("handle")));
-  omSetArrayElement(array.get(), 0, object);
+  array->className = (ownClass ? ownClass->getNameID() : COSNameID("handle")).c_str();
+  array->block = new ObjectBlock(object);
   return array.release();
 }
 
@@ -44,7 +38,9 @@ vxArray* omCreateVCOSEmpty(COSNameID className) {
 vxArray* omCreateVCOSMatrix(std::size_t m, std::size_t n, COSNameID className) {
   countHostCall("omCreateVCOSMatrix");
   const std::size_t dimensions[] = {m, n};
-  return createArray(vxOBJECT_CLASS, dimensions, 2, vxREAL, namesOf(className)).release();
+  ArrayPtr array = createArray(vxOBJECT_CLASS, dimensions, 2);
+  array->className = className.c_str();
+  return array.release();
 }
 
 COSInterfacePtr omGetArrayElement(const vxArray* array, std::size_t index) {
