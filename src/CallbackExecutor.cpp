@@ -34,6 +34,17 @@ class Setting {
   T before_;
 };
 
+class ErrorModeRestorer {
+ public:
+  explicit ErrorModeRestorer(vxErrorMode mode) : mode_(mode) {}
+  ~ErrorModeRestorer() { vxSetErrorMode(mode_); }
+  ErrorModeRestorer(const ErrorModeRestorer&) = delete;
+  ErrorModeRestorer& operator=(const ErrorModeRestorer&) = delete;
+
+ private:
+  vxErrorMode mode_;
+};
+
 }  // namespace
 
 /// A wait in progress.
@@ -156,6 +167,8 @@ void CallbackExecutor::serveQueue() {
 // NOLINTNEXTLINE(performance-unnecessary-value-param): callers rely on the signature.
 [[gnu::noinline]] void CallbackExecutor::handleError(ItemPtr item, bool print, Status status) {
   const vxErrorMode saved = vxSetErrorMode(vxERROR_MODE_REPORT);
+  if (status == inEXECUTION_DBQUIT) return;  // kept: the error mode stays as it is
+  const ErrorModeRestorer restorer(saved);
   std::array<char, 8192> format{};
   const char* identifier = nullptr;
   const char* message = nullptr;
@@ -171,8 +184,6 @@ void CallbackExecutor::serveQueue() {
     case inEXECUTION_INTERRUPTED:
       text = "Interrupt while evaluating %s %s";
       break;
-    case inEXECUTION_DBQUIT:
-      return;  // kept: the error mode stays as it is
     default:
       vxSetErrorMode(saved);
       vxWarningMsgId(component_VORTIL::catalog_vg::key_CALLBACK());
@@ -183,7 +194,6 @@ void CallbackExecutor::serveQueue() {
   if (print)
     Lindgrove::VException::PrintErrorMessage(identifier ? identifier : "", format.data(),
                                              item->getClassName(), item->getCallbackName());
-  vxSetErrorMode(saved);
 }
 
 }  // namespace graphics::datatype

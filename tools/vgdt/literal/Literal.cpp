@@ -3,6 +3,7 @@
 #include "literal/LiteralBuilder.h"
 #include "literal/LiteralGrammar.h"
 
+#include <fmt/format.h>
 #include <tao/pegtl.hpp>
 
 namespace vgdt {
@@ -94,6 +95,21 @@ struct Action<grammar::Function> : Calls<&LiteralBuilder::openCall> {};
 template <>
 struct Action<grammar::Call> : Calls<&LiteralBuilder::closeCall> {};
 
+/// Whether no more than `depth` cell arrays and structs stand inside each other.
+bool nestsWithin(std::size_t depth, const vxArray* array) {
+  const bool isCell = array && vxGetClassID(array) == vxCELL_CLASS;
+  const int fields = array ? vxGetNumberOfFields(array) : 0;
+  if (!isCell && fields == 0) return true;
+  if (depth == 0) return false;
+  const std::size_t count = vxGetNumberOfElements(array);
+  for (std::size_t i = 0; i < count; ++i) {
+    if (isCell && !nestsWithin(depth - 1, vxGetCell(array, i))) return false;
+    for (int field = 0; field < fields; ++field)
+      if (!nestsWithin(depth - 1, vxGetFieldByNumber(array, i, field))) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 vcos::ArrayOwner parseLiteral(std::string_view literal, const WordResolver& words) {
@@ -102,7 +118,10 @@ vcos::ArrayOwner parseLiteral(std::string_view literal, const WordResolver& word
   memory_input<tracking_mode::lazy> input(literal.data(), literal.data() + literal.size(), "");
   LiteralBuilder builder(literal, words);
   tao::pegtl::parse<grammar::Literal, Action, Control>(input, builder);
-  return builder.result();
+  vcos::ArrayOwner array = builder.result();
+  if (words && !nestsWithin(kMaxLiteralDepth, array.get()))
+    throw LiteralError(0, fmt::format("the value is nested deeper than {}", kMaxLiteralDepth));
+  return array;
 }
 
 }  // namespace vgdt

@@ -37,7 +37,8 @@ inline constexpr std::string_view kWordEnds = " \t\r\n\v\f'\"[]{}(),;#";
 /// The host array that a literal describes. A word that `words` knows may stand for a value, and in
 /// square brackets for an object.
 ///
-/// Throws LiteralError; raises what the host raises when an array cannot be made
+/// Throws LiteralError, also if a word brings in what nests too deeply in the value; raises what
+/// the host raises when an array cannot be made
 /// ("VORTIL:array:SizeLimitExceeded").
 vcos::ArrayOwner parseLiteral(std::string_view literal, const WordResolver& words = {});
 

@@ -10,7 +10,6 @@
 #include <vx/array.h>
 #include <vx/errors.h>
 
-#include <charconv>
 #include <utility>
 
 namespace vgdt {
@@ -39,15 +38,6 @@ vcos::ArrayOwner copyOf(const vxArray* array) {
 /// The first element, or the callback itself if that is no cell array.
 const vxArray* codeArray(const vxArray* callback) {
   return vxGetClassID(callback) == vxCELL_CLASS ? vxGetCell(callback, 0) : callback;
-}
-
-/// The number in arg1, arg2, ...; 0 for other words.
-std::size_t argumentNumber(std::string_view word) {
-  constexpr std::string_view kArgument = "arg";
-  std::size_t number = 0;
-  if (!isReserved(word) || !word.starts_with(kArgument) || word[kArgument.size()] == '0') return 0;
-  std::from_chars(word.data() + kArgument.size(), word.data() + word.size(), number);
-  return number;
 }
 
 WordResolver wordsOf(const vxArray* callback, const vxArray* source, const vxArray* eventData) {

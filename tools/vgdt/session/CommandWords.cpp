@@ -3,6 +3,8 @@
 #include "literal/Literal.h"
 
 #include <algorithm>
+#include <charconv>
+#include <system_error>
 
 namespace vgdt {
 
@@ -45,12 +47,17 @@ std::size_t endOfPiece(std::string_view text, std::string_view separators) {
   return text.size();
 }
 
-bool isReserved(std::string_view word) {
+std::size_t argumentNumber(std::string_view word) {
   constexpr std::string_view kArgument = "arg";
-  const auto isDigit = [](char byte) { return byte >= '0' && byte <= '9'; };
-  return word == "source" || word == "event" ||
-         (word.size() > kArgument.size() && word.starts_with(kArgument) &&
-          std::ranges::all_of(word.substr(kArgument.size()), isDigit));
+  if (!word.starts_with(kArgument) || word.size() == kArgument.size()) return 0;
+  const std::string_view digits = word.substr(kArgument.size());
+  std::size_t number = 0;
+  const auto [end, error] = std::from_chars(digits.begin(), digits.end(), number);
+  return digits.front() != '0' && error == std::errc() && end == digits.end() ? number : 0;
+}
+
+bool isReserved(std::string_view word) {
+  return word == "source" || word == "event" || argumentNumber(word) > 0;
 }
 
 bool isFunctionName(std::string_view name) {

@@ -17,6 +17,8 @@ std::string_view withoutComment(std::string_view line);
 /// comment.
 std::size_t endOfPiece(std::string_view text, std::string_view separators);
 
+/// The number in arg1, arg2, ...; 0 for other words.
+std::size_t argumentNumber(std::string_view word);
 /// Whether a word means something in the code of a callback: source, event, arg1, arg2, ...
 bool isReserved(std::string_view word);
 

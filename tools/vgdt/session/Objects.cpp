@@ -62,6 +62,7 @@ void Objects::add(const std::string& name, const vcos::COSClass& ownClass,
     parentProperty(*added).setFromArray(added->object().get(), array.get());
   }
   SessionObject& object = *added;
+  const vcos::COSInterfacePtr made = object.object();
   // A destroyed object that had the name loses it.
   byName_.insert_or_assign(name, std::move(added));
   ++count_;
@@ -69,10 +70,12 @@ void Objects::add(const std::string& name, const vcos::COSClass& ownClass,
   noteParent(object);
   try {
     static const vcos::COSNameID creation("Create");
-    ownClass.fireEvent(creation, vcos::COSInterfacePtr(object.object()), nullptr);
+    ownClass.fireEvent(creation, made, nullptr);
   } catch (...) {
-    destroy(object);
-    byName_.erase(name);
+    if (SessionObject* const known = find(*made.get())) {
+      destroy(*known);
+      byName_.erase(name);
+    }
     throw;
   }
 }

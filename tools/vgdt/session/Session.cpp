@@ -3,6 +3,7 @@
 #include "Classes.h"
 #include "session/CommandWords.h"
 #include "session/SessionCommands.h"
+#include "session/SessionText.h"
 #include "text/TextDisplay.h"
 
 #include <fmt/format.h>
@@ -40,9 +41,8 @@ SessionResult Session::run(std::string_view command, RunningCallback* callback,
   const Arguments arguments = found.usage.match(line, hasComment);
   Call call{*this, command, arguments, callback, details};
   SessionResult result = found.run(call);
-  if (!callback || !found.logsResult) return result;
-  log().add(LoggedResult{std::move(result)});
-  return {};
+  if (callback && found.logsResult) log().add({jsonOf(result), textOf(result)});
+  return result;
 }
 
 void Session::endLine() {

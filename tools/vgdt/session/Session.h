@@ -18,7 +18,8 @@ class Session {
   /// The reply to a line; none for a blank one and for a comment.
   std::optional<SessionReply> serve(std::string_view line);
   /// Runs one command, of a callback or of the line that is being served, and gives what it comes
-  /// to; in a callback, that goes into the log. What is wrong is thrown.
+  /// to. In a callback the log gets it if the command is one of those whose result is of use there.
+  /// What is wrong is thrown.
   SessionResult run(std::string_view command, RunningCallback* callback, ErrorDetails& details);
 
   Objects& objects() { return objects_; }

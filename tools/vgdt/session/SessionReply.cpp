@@ -2,6 +2,9 @@
 
 #include "requests/JsonForms.h"
 
+#include <sstream>
+#include <utility>
+
 namespace vgdt {
 namespace {
 
@@ -55,7 +58,7 @@ class LogWriter {
     add("report", [&] { writeMessage(writer_, logged.report.identifier, logged.report.message); });
   }
   void operator()(const LoggedResult& logged) {
-    add("result", [&] { std::visit(ResultWriter(writer_), logged.result); });
+    add("result", [&] { writer_.token(logged.json); });
   }
 
  private:
@@ -71,6 +74,14 @@ class LogWriter {
 };
 
 }  // namespace
+
+std::string jsonOf(const SessionResult& result) {
+  std::ostringstream json;
+  JsonWriter writer(json);
+  std::visit(ResultWriter(writer), result);
+  writer.flush();
+  return std::move(json).str();
+}
 
 void writeSessionReply(JsonWriter& writer, std::size_t line, const SessionReply& reply) {
   writer.openObject();

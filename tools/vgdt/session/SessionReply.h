@@ -47,9 +47,11 @@ struct LoggedReport {
   vghost::ErrorReport report;
   std::string reason;
 };
-/// What a command of a callback gives.
+/// What a command of a callback gives, as it is shown. Later in the line its objects may have lost
+/// their names.
 struct LoggedResult {
-  SessionResult result;
+  std::string json;
+  std::string text;  ///< lines
 };
 
 /// What happened while a line ran; a text is a line on the host's console.
@@ -77,6 +79,8 @@ struct SessionReply {
 
   ExitStatus status() const { return failure ? statusOf(*failure) : kDone; }
 };
+
+std::string jsonOf(const SessionResult& result);
 
 /// One line of JSON, flushed. `line` is the number of the line in the session.
 void writeSessionReply(JsonWriter& writer, std::size_t line, const SessionReply& reply);

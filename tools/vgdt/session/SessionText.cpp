@@ -8,6 +8,9 @@
 
 #include <fmt/format.h>
 
+#include <sstream>
+#include <utility>
+
 namespace vgdt {
 namespace {
 
@@ -71,7 +74,7 @@ class LogPrinter {
     print(identifier.empty() ? message : fmt::format("{} ({})", message, identifier));
     if (!logged.reason.empty()) print("  " + logged.reason);
   }
-  void operator()(const LoggedResult& logged) { std::visit(ResultPrinter(output_), logged.result); }
+  void operator()(const LoggedResult& logged) { output_ << logged.text; }
 
  private:
   void print(std::string_view text) { output_ << onOneLine(text) << '\n'; }
@@ -95,6 +98,12 @@ void printError(const Console& console, std::string_view place, std::string_view
 }
 
 }  // namespace
+
+std::string textOf(const SessionResult& result) {
+  std::ostringstream text;
+  std::visit(ResultPrinter(text), result);
+  return std::move(text).str();
+}
 
 void printSessionReply(const Console& console, std::string_view place, std::string_view line,
                        const SessionReply& reply) {
