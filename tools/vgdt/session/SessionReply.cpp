@@ -77,6 +77,7 @@ class LogWriter {
 
 std::string jsonOf(const SessionResult& result) {
   std::ostringstream json;
+  json.exceptions(std::ios::badbit);  // failed memory would cut the text short without a word
   JsonWriter writer(json);
   std::visit(ResultWriter(writer), result);
   writer.flush();

@@ -101,6 +101,7 @@ void printError(const Console& console, std::string_view place, std::string_view
 
 std::string textOf(const SessionResult& result) {
   std::ostringstream text;
+  text.exceptions(std::ios::badbit);  // failed memory would cut the text short without a word
   std::visit(ResultPrinter(text), result);
   return std::move(text).str();
 }
