@@ -1,0 +1,126 @@
+#pragma once
+
+#include "callbacks/World.h"
+#include "references/Samples.h"
+
+#include <graphics/datatype/CallbackExecutor.h>
+#include <sv/features.h>
+#include <ut/interrupts.h>
+#include <vx/errors.h>
+
+#include <functional>
+#include <optional>
+
+namespace test {
+
+using graphics::datatype::CallbackExecutor;
+using graphics::datatype::CallbackItem;
+
+/// Takes the place of the one instance while it lives.
+struct Executor : CallbackExecutor {
+  Executor() { sInstancePtr = this; }
+  void postProcessCallback(Status status) override {
+    if (atEnd) atEnd(status);
+    CallbackExecutor::postProcessCallback(status);
+  }
+  bool wasInterruptHandled() override {
+    return isInterrupted || CallbackExecutor::wasInterruptHandled();
+  }
+
+  std::function<void(Status)> atEnd;
+  bool isInterrupted = false;
+};
+
+/// The world as the library has it.
+class Product final : public World, vghost::CallbackEvaluator, vghost::ReportCapture {
+ public:
+  explicit Product(std::vector<std::string> codes) : World(std::move(codes)) {
+    executor_->atEnd = [this](int status) { tell(";" + std::to_string(status)); };
+    for (int i = 0; i < 4; ++i)
+      change('r', i, nullptr);
+    giveCodes();
+  }
+  ~Product() override {
+    vghost::installCallbackEvaluator(nullptr);
+    executor_.reset();
+    while (vghost::finishWait()) {
+    }
+    vghost::dropInterrupt();
+    utSetInterruptHandled(0);
+    vghost::setDbquit(false);
+    svClearVGStatus(4);
+    vxSetErrorMode(vxERROR_MODE_RAISE);
+  }
+
+ private:
+  vghost::CallbackOutcome run(const vxArray* callback, const vxArray* source,
+                              const vxArray* data) override {
+    const auto number = std::ranges::find(made_, omGetArrayElement(source, 0)) - made_.begin();
+    const char kind = !data ? 'n' : vxGetNumberOfElements(data) == 0 ? 'z' : 'd';
+    return World::run(static_cast<std::size_t>(number), vxArrayToStdString(callback), kind);
+  }
+  void keep(vghost::ErrorReport report) override {
+    tell("<" + report.identifier + "|" + report.message + ">");
+  }
+
+  void fire(char event, int object) override {
+    static const COSNameID kNames[] = {COSNameID("Press"), COSNameID("Notify"),
+                                       COSNameID("Urgent")};
+    static const ArrayOwner kData = scalar(1);
+    const COSInterfacePtr source = objects_[static_cast<std::size_t>(object)];
+    source->getClass()->fireEvent(kNames[event == 'p'   ? 0
+                                         : event == 'n' ? 1
+                                                        : 2],
+                                  source, event == 'u' ? nullptr : kData.get());
+  }
+  void change(char act, int object, const std::string* code) override {
+    COSInterfacePtr& place = objects_[static_cast<std::size_t>(object)];
+    const auto set = [source = place](const char* name, const char* text) {
+      const vcos::COSPropInfoPtr found(source->findProperty(COSNameID(name)));
+      if (!found.getObject()) return;
+      if (text)
+        found.getObject()->setFromText(source.get(), text);
+      else
+        found.getObject()->setValue(source.get(), {});
+    };
+    if (act == 'r')
+      made_.push_back(place = sampleObject(kClasses[static_cast<std::size_t>(object)]));
+    if (act == 'x') vcos::COSClass::destroyObject(place);
+    if (act == 'i' || act == 'I') set("Interruptible", act == 'i' ? "off" : "on");
+    if (act == 'b' || act == 'B') set("BusyAction", act == 'b' ? "cancel" : "queue");
+    if (act == 'c')
+      for (const char* name : {"OnPress", "OnNotify", "OnUrgent"})
+        set(name, code ? code->c_str() : nullptr);
+    if (act == 'f') vghost::setLastError("id", "");
+    if (act == 'w') vghost::startWait();
+    if (act == 'W') vghost::finishWait();
+    if (act == '^') vghost::requestInterrupt();
+    if (act == '!') vghost::takeInterrupt();
+    if (act == 'o') vghost::dropInterrupt();
+    if (act == 'q' || act == 'Q') vghost::setDbquit(act == 'q');
+  }
+  void tellRest() override {
+    const vxErrorMode mode = vxSetErrorMode(vxERROR_MODE_RAISE);
+    vxSetErrorMode(mode);
+    tellIf(executor_->isInCallback(), " running");
+    tellIf((svGetVGStatus() & 4) != 0, " bit");
+    tellIf(mode != vxERROR_MODE_RAISE, " mode");
+    const std::size_t references = vghost::callbackReferences() - references_;
+    tellIf(references > 0, " references" + std::to_string(references));
+    tellIf(utWasInterruptHandled(), " mark");
+    std::vector<CallbackExecutor::ItemPtr> waiting;
+    while (const auto item = executor_->dequeue())
+      waiting.push_back(item);
+    for (const auto& item : waiting) {
+      tell(std::string(" ") + item->getClassName() + "." + item->getCallbackName());
+      executor_->enqueue(item);
+    }
+  }
+
+  std::vector<COSInterfacePtr> made_;
+  std::array<COSInterfacePtr, 4> objects_;
+  std::size_t references_ = (vghost::installCallbackEvaluator(this), vghost::callbackReferences());
+  std::optional<Executor> executor_{std::in_place};
+};
+
+}  // namespace test
