@@ -11,11 +11,7 @@ namespace test {
 /// The world as it ought to be: the executor as it is described, by recursion.
 class Model final : public World {
  public:
-  explicit Model(std::vector<std::string> codes) : World(std::move(codes)) {
-    for (int i = 0; i < 4; ++i)
-      change('r', i, nullptr);
-    giveCodes();
-  }
+  explicit Model(std::vector<std::string> codes) : World(std::move(codes)) { makeObjects(); }
 
  private:
   struct Object {
@@ -42,8 +38,8 @@ class Model final : public World {
   };
   using ItemPtr = std::shared_ptr<Item>;
 
-  void fire(char event, int which) override {
-    const auto object = objects_[static_cast<std::size_t>(which)];
+  void fire(char event, std::size_t which) override {
+    const auto object = objects_[which];
     if (!object->isAlive || !object->hasCode) return;
     process(std::make_shared<Item>(event == 'p'   ? Item{object, "OnPress", 'd'}
                                    : event == 'n' ? Item{object, "OnNotify", 'z'}
@@ -91,7 +87,7 @@ class Model final : public World {
     if (status == 3) isModeLeft_ = true;
     const std::string id = status == 2 ? lastError_ : "";
     if (print && status != 3)
-      tell("<" + id + (status == 2 ? "|Error" : "|Interrupt") + " while evaluating " +
+      tell("<" + id + (status == 2 ? " Error" : " Interrupt") + " while evaluating " +
            item.name(" ") + (id.empty() ? ".>" : ">"));
     return status;
   }
@@ -120,11 +116,9 @@ class Model final : public World {
     throw Lindgrove::System::DebugQuitException();
   }
 
-  void change(char act, int which, const std::string* code) override {
-    auto& object = objects_[static_cast<std::size_t>(which)];
-    if (act == 'r')
-      object =
-          std::make_shared<Object>(made_++, kClasses[static_cast<std::size_t>(which)], which < 3);
+  void change(char act, std::size_t which, const std::string* code) override {
+    auto& object = objects_[which];
+    if (act == 'r') object = std::make_shared<Object>(made_++, kClasses[which], which < 3);
     if (act == 'x') object->isAlive = false;
     if (act == 'i' || act == 'I') object->isInterruptible = act == 'I';
     if (act == 'b' || act == 'B') object->isQueued = act == 'B';

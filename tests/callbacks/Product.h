@@ -36,9 +36,7 @@ class Product final : public World, vghost::CallbackEvaluator, vghost::ReportCap
  public:
   explicit Product(std::vector<std::string> codes) : World(std::move(codes)) {
     executor_->atEnd = [this](int status) { tell(";" + std::to_string(status)); };
-    for (int i = 0; i < 4; ++i)
-      change('r', i, nullptr);
-    giveCodes();
+    makeObjects();
   }
   ~Product() override {
     vghost::installCallbackEvaluator(nullptr);
@@ -60,21 +58,21 @@ class Product final : public World, vghost::CallbackEvaluator, vghost::ReportCap
     return World::run(static_cast<std::size_t>(number), vxArrayToStdString(callback), kind);
   }
   void keep(vghost::ErrorReport report) override {
-    tell("<" + report.identifier + "|" + report.message + ">");
+    tell("<" + report.identifier + " " + report.message + ">");
   }
 
-  void fire(char event, int object) override {
+  void fire(char event, std::size_t object) override {
     static const COSNameID kNames[] = {COSNameID("Press"), COSNameID("Notify"),
                                        COSNameID("Urgent")};
     static const ArrayOwner kData = scalar(1);
-    const COSInterfacePtr source = objects_[static_cast<std::size_t>(object)];
+    const COSInterfacePtr source = objects_[object];
     source->getClass()->fireEvent(kNames[event == 'p'   ? 0
                                          : event == 'n' ? 1
                                                         : 2],
                                   source, event == 'u' ? nullptr : kData.get());
   }
-  void change(char act, int object, const std::string* code) override {
-    COSInterfacePtr& place = objects_[static_cast<std::size_t>(object)];
+  void change(char act, std::size_t object, const std::string* code) override {
+    COSInterfacePtr& place = objects_[object];
     const auto set = [source = place](const char* name, const char* text) {
       const vcos::COSPropInfoPtr found(source->findProperty(COSNameID(name)));
       if (!found.getObject()) return;
@@ -83,8 +81,7 @@ class Product final : public World, vghost::CallbackEvaluator, vghost::ReportCap
       else
         found.getObject()->setValue(source.get(), {});
     };
-    if (act == 'r')
-      made_.push_back(place = sampleObject(kClasses[static_cast<std::size_t>(object)]));
+    if (act == 'r') made_.push_back(place = sampleObject(kClasses[object]));
     if (act == 'x') vcos::COSClass::destroyObject(place);
     if (act == 'i' || act == 'I') set("Interruptible", act == 'i' ? "off" : "on");
     if (act == 'b' || act == 'B') set("BusyAction", act == 'b' ? "cancel" : "queue");

@@ -30,10 +30,12 @@ inline constexpr std::array kClasses = {"vortil.graphics.Line", "vortil.ui.Figur
 ///   w W       begins and ends a wait         ^ !  requests and takes an interrupt
 ///   q Q       begins and ends a quit         o    forgets an interrupt
 /// What happens is told in a line: "0d[" object 0 runs, with data (z: 0 by 0, n: none), until "]";
-/// "<id|text>" is a report, ";2" the end of a firing by its status, and "!name" an exception.
+/// "<id text>" is a report, ";2" the end of a firing by its status, and "!name" an exception.
 class World {
  public:
-  explicit World(std::vector<std::string> codes) : codes_(std::move(codes)) {}
+  explicit World(std::vector<std::string> codes) : codes_(std::move(codes)) {
+    codes_.resize(std::max(codes_.size(), kClasses.size()));
+  }
   virtual ~World() = default;
   World(const World&) = delete;
   World& operator=(const World&) = delete;
@@ -53,17 +55,19 @@ class World {
   std::size_t runs() const { return runs_; }
 
  protected:
-  virtual void fire(char event, int object) = 0;
-  virtual void change(char act, int object, const std::string* code) = 0;
+  virtual void fire(char event, std::size_t object) = 0;
+  virtual void change(char act, std::size_t object, const std::string* code) = 0;
   virtual void tellRest() = 0;
 
   void tell(std::string_view words) { trace_ += words; }
   void tellIf(bool condition, std::string_view words) {
     if (condition) trace_ += words;
   }
-  void giveCodes() {
-    for (std::size_t i = 0; i < std::min(codes_.size(), kClasses.size()); ++i)
-      change('c', static_cast<int>(i), &codes_[i]);
+  void makeObjects() {
+    for (std::size_t i = 0; i < kClasses.size(); ++i) {
+      change('r', i, nullptr);
+      change('c', i, &codes_[i]);
+    }
   }
 
   /// Runs a callback of the object that was made as the `number`th.
@@ -82,7 +86,7 @@ class World {
       const std::string_view word = acts.substr(0, acts.find(' '));
       acts.remove_prefix(std::min(acts.size(), word.size() + 1));
       const char act = word[0];
-      const int object = word.size() > 1 ? word[1] - '0' : 0;
+      const std::size_t object = word.size() > 1 ? std::size_t(word[1] - '0') : 0;
       const char more = word.size() > 2 ? word[2] : '-';
       if (act == 't') throw Thrown();
       if (act == 'p' || act == 'n' || act == 'u') {
@@ -94,8 +98,7 @@ class World {
         }
       } else {
         if (act == 'e' || act == 's' || act == 'f') outcome = {true, act == 's'};
-        change(act, object,
-               more == '-' ? nullptr : &codes_.at(static_cast<std::size_t>(more - 'a')));
+        change(act, object, more == '-' ? nullptr : &codes_.at(std::size_t(more - 'a')));
       }
     }
     return outcome;

@@ -2,7 +2,7 @@
 
 #include "callbacks/Model.h"
 #include "callbacks/Product.h"
-#include "support/HostError.h"
+#include "support/Outcomes.h"
 
 #include <graphics/datatype/CallbackDataType.h>
 #include <graphics/datatype/listeners.h>
@@ -15,99 +15,65 @@ namespace {
 using namespace test;
 using namespace graphics::datatype;
 
-class Callbacks : public Samples {};
+using Callbacks = Samples;
 
-struct Scenario {
-  const char* title;
-  std::vector<std::string> codes;
-  std::vector<const char*> steps;
-  std::vector<const char*> told;
+/// The codes of the objects (empty ones for the rest), acts, and what they tell; with "|" between.
+constexpr const char* kScenarios[][3] = {
+    {"||", "i0 b0 p0|n0|u3", "0d[];0|0z[];0|3n[];0"},
+    {"p1", "i1 p0", "0d[1d[];0];0"},
+    {"|||p0", "p3", "3d[0d[];0];0"},
+    {"p1 n2 p1", "i0 b0 p0", "0d[];01d[];02z[];01d[];0"},
+    {"p1 p3", "i0 b1 p0", "0d[];0"},
+    {"u1", "i0 b1 p0", "0d[1n[];0];0"},
+    {"p1 p2|p2", "i1 p0", "0d[1d[];02d[];0];02d[];0"},
+    // What runs is what the property holds by then, if the object lives.
+    {"p1 c1c||s", "i0 p0", "0d[];01d[];2"},
+    {"p1 c1-", "i0 p0", "0d[];0;0"},
+    {"c0- p0", "p0|p0", "0d[];0|"},
+    {"p1 p2 x1", "i0 p0", "0d[];0;02d[];0"},
+    // Failures.
+    {"x0 p0 e", "p0", "0d[]< Error while evaluating DestroyedObject OnPress.>;2"},
+    {"p1 e|f", "i0 p0",
+     "0d[]< Error while evaluating vortil.graphics.Line OnPress.>;2"
+     "1d[]<id Error while evaluating vortil.ui.Figure OnPress>;2"},
+    // Interrupts: on the way, at entry, and with the mark of an earlier one.
+    {"p1 ^ !", "i0 p0|p1", "0d[];4 mark|1d[];0"},
+    {"f q ^ !", "p0", "0d[]< Interrupt while evaluating vortil.graphics.Line OnPress.>;4 mark"},
+    {"p1? I0 p2|^ !", "p0", "0d[1d[];4!InterruptException2d[];0];0"},
+    {"p1 u2?||^ !", "i0 p0", "0d[2n[];4!InterruptException];4 mark"},
+    {"p1|^ !", "p0|p3",
+     "0d[1d[];4!InterruptException!InterruptException bit references1 mark|"
+     "3d[];0 bit references1"},
+    {"p1 ^", "i0 p0|o p0", "0d[];0;0|0d[];0;0"},
+    {"p1", "i0 q p0 Q|^ ! ^ p1|o p1",
+     "0d[];3 mode vortil.ui.Figure.OnPress|;4 mode mark|1d[];0 mode"},
+    // Quits.
+    {"p1 q f", "i0 p0|Q p1", "0d[];3 mode vortil.ui.Figure.OnPress|1d[];01d[];0 mode"},
+    {"u1|p2 q", "i1 p0",
+     "0d[1n[];3!DebugQuitException!DebugQuitException bit mode references1"
+     " vortil.graphics.Text.OnPress"},
+    // Waits, the last of which outlives its callback.
+    {"w w p1 W p1 W p2", "i0 p0", "0d[1d[];01d[];0];02d[];0"},
+    {"w", "i0 p0|W p1 n2|p3|u0|w u2",
+     "0d[];0| vortil.ui.Figure.OnPress vortil.graphics.Text.OnNotify|"
+     " vortil.ui.Figure.OnPress vortil.graphics.Text.OnNotify|"
+     "0n[];0 vortil.graphics.Text.OnNotify vortil.ui.Figure.OnPress|2n[];02z[];01d[];0"},
+    {"p1? p2|t", "p0|p1|i1 w p2",
+     "0d[1d[!Thrown2d[];0];0 references1|1d[!Thrown bit references2|2d[];0 bit references2"},
 };
 
-const std::vector<Scenario>& scenarios() {
-  static const std::vector<Scenario> rows = {
-      {"alone", {"", "", "", ""}, {"i0 b0 p0", "n0", "u3"}, {"0d[];0", "0z[];0", "3n[];0"}},
-      {"on top of an interruptible one", {"p1", ""}, {"i1 p0"}, {"0d[1d[];0];0"}},
-      {"on top of one that cannot say", {"", "", "", "p0"}, {"p3"}, {"3d[0d[];0];0"}},
-      {"queued", {"p1 n2 p1", "", ""}, {"i0 b0 p0"}, {"0d[];01d[];02z[];01d[];0"}},
-      {"dropped", {"p1 p3", "", "", ""}, {"i0 b1 p0"}, {"0d[];0"}},
-      {"unaware", {"u1", ""}, {"i0 b1 p0"}, {"0d[1n[];0];0"}},
-      {"off only while it runs", {"p1 p2", "p2", ""}, {"i1 p0"}, {"0d[1d[];02d[];0];02d[];0"}},
-      {"queued below", {"p1", "p2", ""}, {"i1 p0"}, {"0d[1d[];0];02d[];0"}},
-      {"a value of later", {"p1 c1c", "s", ""}, {"i0 p0"}, {"0d[];01d[];0"}},
-      {"no value any more", {"p1 c1-", "", ""}, {"i0 p0"}, {"0d[];0;0"}},
-      {"its own value", {"c0- p0"}, {"p0", "p0"}, {"0d[];0", ""}},
-      {"dead in the queue", {"p1 p2 x1", "", ""}, {"i0 p0"}, {"0d[];0;02d[];0"}},
-      {"dead while it runs",
-       {"x0 p0 e"},
-       {"p0"},
-       {"0d[]<|Error while evaluating DestroyedObject OnPress.>;2"}},
-      {"failed",
-       {"p1 n2 e", "f", "s"},
-       {"i0 p0"},
-       {"0d[]<|Error while evaluating vortil.graphics.Line OnPress.>;2"
-        "1d[]<id|Error while evaluating vortil.ui.Figure OnPress>;22z[];2"}},
-      {"interrupted", {"p1 ^ !", ""}, {"i0 p0", "p1"}, {"0d[];4 mark", "1d[];0"}},
-      {"interrupted and failed",
-       {"f q ^ !"},
-       {"p0"},
-       {"0d[]<|Interrupt while evaluating vortil.graphics.Line OnPress.>;4 mark"}},
-      {"interrupted below", {"p1? p1?", "^ !"}, {"p0"}, {"0d[1d[];4!InterruptException1d[];0];0"}},
-      {"interrupted below a queue",
-       {"p1 u2? ", "", "^ !"},
-       {"i0 p0"},
-       {"0d[2n[];4!InterruptException];4 mark"}},
-      {"interrupted through all",
-       {"p1", "p2", "^ !"},
-       {"p0", "p1?"},
-       {"0d[1d[2d[];4!InterruptException!InterruptException!InterruptException bit references2 "
-        "mark",
-        "1d[2d[];0];0 bit references2"}},
-      {"an interrupt at entry", {"", ""}, {"^ p0", "o p0"}, {";0", "0d[];0"}},
-      {"an interrupt at entry with a mark",
-       {"p1", ""},
-       {"i0 q p0 Q", "^ ! ^ p1", "o p1"},
-       {"0d[];3 mode vortil.ui.Figure.OnPress", ";4 mode mark", "1d[];0 mode"}},
-      {"an interrupt before the queue", {"p1 ^", ""}, {"i0 p0"}, {"0d[];0;0"}},
-      {"quit",
-       {"p1 q f", ""},
-       {"i0 p0", "Q p1"},
-       {"0d[];3 mode vortil.ui.Figure.OnPress", "1d[];01d[];0 mode"}},
-      {"quit below",
-       {"u1", "p2 q", ""},
-       {"i1 p0"},
-       {"0d[1n[];3!DebugQuitException!DebugQuitException bit mode references1"
-        " vortil.graphics.Text.OnPress"}},
-      {"a wait", {"w p1 W p2", "", ""}, {"i0 p0"}, {"0d[1d[];0];02d[];0"}},
-      {"waits in one another",
-       {"w w p1 W p1 W p2", "", ""},
-       {"i0 p0"},
-       {"0d[1d[];01d[];0];02d[];0"}},
-      {"a wait that outlives its callback",
-       {"w", "", ""},
-       {"i0 p0", "W p1 n2", "p3", "u0", "w u2"},
-       {"0d[];0", " vortil.ui.Figure.OnPress vortil.graphics.Text.OnNotify",
-        " vortil.ui.Figure.OnPress vortil.graphics.Text.OnNotify",
-        "0n[];0 vortil.graphics.Text.OnNotify vortil.ui.Figure.OnPress", "2n[];02z[];01d[];0"}},
-      {"thrown",
-       {"p1? p2", "t", "", ""},
-       {"p0", "p1", "i1 w p2"},
-       {"0d[1d[!Thrown2d[];0];0 references1", "1d[!Thrown bit references2",
-        "2d[];0 bit references2"}},
-  };
-  return rows;
-}
-
 TEST_F(Callbacks, DoWhatTheScenarioTells) {
-  for (const Scenario& row : scenarios()) {
-    SCOPED_TRACE(row.title);
-    Product product(row.codes);
-    Model model(row.codes);
-    ASSERT_EQ(row.steps.size(), row.told.size());
-    for (std::size_t i = 0; i < row.steps.size(); ++i) {
-      EXPECT_EQ(product.step(row.steps[i]), row.told[i]);
-      EXPECT_EQ(model.step(row.steps[i]), row.told[i]) << "the model";
+  for (const auto& [codes, steps, told] : kScenarios) {
+    Product product(split(codes));
+    Model model(split(codes));
+    std::string byProduct;
+    std::string byModel;
+    for (const std::string& acts : split(steps)) {
+      byProduct += (byProduct.empty() ? "" : "|") + product.step(acts);
+      byModel += (byModel.empty() ? "" : "|") + model.step(acts);
     }
+    EXPECT_EQ(byProduct, told) << codes;
+    EXPECT_EQ(byModel, told) << "the model, " << codes;
   }
 }
 

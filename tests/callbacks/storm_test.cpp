@@ -17,13 +17,15 @@ std::uint64_t numberIn(const char* variable, std::uint64_t otherwise) {
 
 /// Acts as World has them, each as often as it stands here.
 std::string randomActs(std::mt19937_64& random, std::size_t most) {
-  static constexpr std::string_view kActs = "pppppppppppnnnnuuuuuuciiIIbBxrrrefstwwWWW^!!!oqQQQ";
+  static constexpr std::string_view kActs =
+      "ppppppppppppppppnnnnnuuuuuuuucciiIIbBxrrreeeffstwwWWW^!!!oqQQQ";
   const auto below = [&random](std::size_t end) { return random() % end; };
   std::string acts;
   for (std::size_t i = below(most + 1); i > 0; --i) {
     const char act = kActs[below(kActs.size())];
     acts += {act, static_cast<char>('0' + below(kClasses.size()))};
-    if (std::string_view("pnu").find(act) != std::string_view::npos && below(2) == 0) acts += '?';
+    if (std::string_view("pnu").find(act) != std::string_view::npos && below(4) > 0) acts += '?';
+    if (act == '^' && below(2) == 0) acts += " !";
     if (act == 'c') acts += below(6) == 0 ? '-' : static_cast<char>('a' + below(6));
     acts += ' ';
   }
@@ -36,8 +38,8 @@ TEST_F(Samples, OfCallbacksDoWhatTheModelDoes) {
   constexpr int kSteps = 40;
   std::vector<std::pair<std::string_view, int>> seen;
   for (const char* words :
-       {"[0d[1d[2", ";01d[];0", " bit", " mode", " references", " mark", " vortil.ui.Root.",
-        " DestroyedObject", "<|Error", "<id|Error", "<|Interrupt", "!Interrupt", "!Debug",
+       {"[0d[1d[2", ";01d[];0", " bit", " mode", " references", " mark", " vortil.ui.Figure.",
+        " DestroyedObject", "< Error", "<id Error", "< Interrupt", "!Interrupt", "!Debug",
         "!Thrown", ";4!Interrupt", ";0;0;0"})
     seen.emplace_back(words, 0);
   for (std::uint64_t done = 0, storm = 0; done < firings; ++storm) {
