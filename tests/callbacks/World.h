@@ -52,7 +52,7 @@ class World {
     tellRest();
     return trace_;
   }
-  std::size_t runs() const { return runs_; }
+  std::size_t firings() const { return firings_; }
 
  protected:
   virtual void fire(char event, std::size_t object) = 0;
@@ -72,7 +72,6 @@ class World {
 
   /// Runs a callback of the object that was made as the `number`th.
   vghost::CallbackOutcome run(std::size_t number, std::string_view code, char data) {
-    ++runs_;
     trace_ += std::to_string(number) + data + '[';
     const auto outcome = fuel_-- > 0 ? perform(code) : vghost::CallbackOutcome();
     trace_ += ']';
@@ -90,6 +89,7 @@ class World {
       const char more = word.size() > 2 ? word[2] : '-';
       if (act == 't') throw Thrown();
       if (act == 'p' || act == 'n' || act == 'u') {
+        ++firings_;
         try {
           fire(act, object);
         } catch (const std::exception& error) {
@@ -107,7 +107,7 @@ class World {
   std::vector<std::string> codes_;
   std::string trace_;
   int fuel_ = 0;
-  std::size_t runs_ = 0;
+  std::size_t firings_ = 0;
 };
 
 }  // namespace test

@@ -18,13 +18,13 @@ std::uint64_t numberIn(const char* variable, std::uint64_t otherwise) {
 /// Acts as World has them, each as often as it stands here.
 std::string randomActs(std::mt19937_64& random, std::size_t most) {
   static constexpr std::string_view kActs =
-      "ppppppppppppppppnnnnnuuuuuuuucciiIIbBxrrreeeffstwwWWW^!!!oqQQQ";
+      "ppppppppppppppppppppppppppppnnnnnuuuuuuuuuuuuucciiIIbBxrrreeeffsstwwwwWWWW^!!!oqQQQ";
   const auto below = [&random](std::size_t end) { return random() % end; };
   std::string acts;
   for (std::size_t i = below(most + 1); i > 0; --i) {
     const char act = kActs[below(kActs.size())];
     acts += {act, static_cast<char>('0' + below(kClasses.size()))};
-    if (std::string_view("pnu").find(act) != std::string_view::npos && below(4) > 0) acts += '?';
+    if (std::string_view("pnu").find(act) != std::string_view::npos && below(8) > 0) acts += '?';
     if (act == '^' && below(2) == 0) acts += " !";
     if (act == 'c') acts += below(6) == 0 ? '-' : static_cast<char>('a' + below(6));
     acts += ' ';
@@ -56,7 +56,7 @@ TEST_F(Samples, OfCallbacksDoWhatTheModelDoes) {
       for (auto& [words, times] : seen)
         times += told.find(words) != std::string::npos;
     }
-    done += product.runs();
+    done += product.firings();
   }
   for (const auto& [words, times] : seen)
     EXPECT_GT(times, 0) << words;
