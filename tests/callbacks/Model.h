@@ -30,9 +30,8 @@ class Model final : public World {
     char data;
     bool wasCaught = false;
 
-    std::string name(const char* between) const {
-      return (object->isAlive ? object->className : "DestroyedObject") + std::string(between) +
-             property;
+    const char* className() const {
+      return object->isAlive ? object->className : "DestroyedObject";
     }
     bool hasFlags() const { return object->isAlive && object->hasFlags; }
   };
@@ -87,8 +86,8 @@ class Model final : public World {
     if (status == 3) isModeLeft_ = true;
     const std::string id = status == 2 ? lastError_ : "";
     if (print && status != 3)
-      tell("<" + id + (status == 2 ? " Error" : " Interrupt") + " while evaluating " +
-           item.name(" ") + (id.empty() ? ".>" : ">"));
+      tell("<", id, status == 2 ? " Error" : " Interrupt", " while evaluating ", item.className(),
+           " ", item.property, id.empty() ? ".>" : ">");
     return status;
   }
 
@@ -104,7 +103,7 @@ class Model final : public World {
   }
 
   void post(int status) {
-    tell(";" + std::to_string(status));
+    tell(";", std::to_string(status));
     if (!wasHandled_ && status != 3) {
       if (depth_ != 0 || queue_.empty()) return;
       const ItemPtr item = queue_.front();
@@ -137,13 +136,9 @@ class Model final : public World {
   }
 
   void tellRest() override {
-    tellIf(depth_ > 0, " running");
-    tellIf(isBitSet_, " bit");
-    tellIf(isModeLeft_, " mode");
-    tellIf(references_ > 0, " references" + std::to_string(references_));
-    tellIf(wasHandled_, " mark");
+    World::tellRest(depth_ > 0, isBitSet_, isModeLeft_, references_, wasHandled_);
     for (const ItemPtr& item : queue_)
-      tell(" " + item->name("."));
+      tell(" ", item->className(), ".", item->property);
   }
 
   std::size_t made_ = 0;

@@ -35,7 +35,7 @@ struct Executor : CallbackExecutor {
 class Product final : public World, vghost::CallbackEvaluator, vghost::ReportCapture {
  public:
   explicit Product(std::vector<std::string> codes) : World(std::move(codes)) {
-    executor_->atEnd = [this](int status) { tell(";" + std::to_string(status)); };
+    executor_->atEnd = [this](int status) { tell(";", std::to_string(status)); };
     makeObjects();
   }
   ~Product() override {
@@ -58,7 +58,7 @@ class Product final : public World, vghost::CallbackEvaluator, vghost::ReportCap
     return World::run(static_cast<std::size_t>(number), vxArrayToStdString(callback), kind);
   }
   void keep(vghost::ErrorReport report) override {
-    tell("<" + report.identifier + " " + report.message + ">");
+    tell("<", report.identifier, " ", report.message, ">");
   }
 
   void fire(char event, std::size_t object) override {
@@ -99,17 +99,14 @@ class Product final : public World, vghost::CallbackEvaluator, vghost::ReportCap
   void tellRest() override {
     const vxErrorMode mode = vxSetErrorMode(vxERROR_MODE_RAISE);
     vxSetErrorMode(mode);
-    tellIf(executor_->isInCallback(), " running");
-    tellIf((svGetVGStatus() & 4) != 0, " bit");
-    tellIf(mode != vxERROR_MODE_RAISE, " mode");
-    const std::size_t references = vghost::callbackReferences() - references_;
-    tellIf(references > 0, " references" + std::to_string(references));
-    tellIf(utWasInterruptHandled(), " mark");
+    World::tellRest(executor_->isInCallback(), (svGetVGStatus() & 4) != 0,
+                    mode != vxERROR_MODE_RAISE, vghost::callbackReferences() - references_,
+                    utWasInterruptHandled());
     std::vector<CallbackExecutor::ItemPtr> waiting;
     while (const auto item = executor_->dequeue())
       waiting.push_back(item);
     for (const auto& item : waiting) {
-      tell(std::string(" ") + item->getClassName() + "." + item->getCallbackName());
+      tell(" ", item->getClassName(), ".", item->getCallbackName());
       executor_->enqueue(item);
     }
   }

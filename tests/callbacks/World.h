@@ -59,9 +59,17 @@ class World {
   virtual void change(char act, std::size_t object, const std::string* code) = 0;
   virtual void tellRest() = 0;
 
-  void tell(std::string_view words) { trace_ += words; }
-  void tellIf(bool condition, std::string_view words) {
-    if (condition) trace_ += words;
+  template <class... Words>
+  void tell(const Words&... words) {
+    ((trace_ += words), ...);
+  }
+  /// What is left other than at first, and behind it the queue.
+  void tellRest(bool isRunning, bool bit, bool mode, std::size_t references, bool mark) {
+    if (isRunning) tell(" running");
+    if (bit) tell(" bit");
+    if (mode) tell(" mode");
+    if (references > 0) tell(" references", std::to_string(references));
+    if (mark) tell(" mark");
   }
   void makeObjects() {
     for (std::size_t i = 0; i < kClasses.size(); ++i) {
@@ -72,9 +80,9 @@ class World {
 
   /// Runs a callback of the object that was made as the `number`th.
   vghost::CallbackOutcome run(std::size_t number, std::string_view code, char data) {
-    trace_ += std::to_string(number) + data + '[';
+    tell(std::to_string(number), data, '[');
     const auto outcome = fuel_-- > 0 ? perform(code) : vghost::CallbackOutcome();
-    trace_ += ']';
+    tell(']');
     return outcome;
   }
 
@@ -93,7 +101,7 @@ class World {
         try {
           fire(act, object);
         } catch (const std::exception& error) {
-          tell(std::string("!") + error.what());
+          tell("!", error.what());
           if (more != '?') throw;
         }
       } else {

@@ -69,8 +69,8 @@ TEST_F(Callbacks, DoWhatTheScenarioTells) {
     std::string byProduct;
     std::string byModel;
     for (const std::string& acts : split(steps)) {
-      byProduct += (byProduct.empty() ? "" : "|") + product.step(acts);
-      byModel += (byModel.empty() ? "" : "|") + model.step(acts);
+      byProduct.append(byProduct.empty() ? "" : "|").append(product.step(acts));
+      byModel.append(byModel.empty() ? "" : "|").append(model.step(acts));
     }
     EXPECT_EQ(byProduct, told) << codes;
     EXPECT_EQ(byModel, told) << "the model, " << codes;
