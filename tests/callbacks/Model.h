@@ -56,34 +56,21 @@ class Model final : public World {
 
   int call(Item& item) {
     int status = 0;
-    bool print = false;
     if (!isPending_) {
       wasHandled_ = false;
       const bool before = isInterruptible_;
+      const auto restore = [&](const void*) { isInterruptible_ = before, --depth_; };
+      const std::unique_ptr<const void, decltype(restore)> restoring(this, restore);
       ++depth_;
-      try {
-        isInterruptible_ = !item.hasFlags() || item.object->isInterruptible;
-        const bool wasSet = std::exchange(isBitSet_, true);
-        if (execute(item)) {
-          status = 2;
-          print = !item.wasCaught;
-        }
-        isBitSet_ = wasSet;
-      } catch (...) {
-        isInterruptible_ = before;
-        --depth_;
-        throw;
-      }
-      isInterruptible_ = before;
-      --depth_;
+      isInterruptible_ = !item.hasFlags() || item.object->isInterruptible;
+      const bool wasSet = std::exchange(isBitSet_, true);
+      if (execute(item)) status = 2;
+      isBitSet_ = wasSet;
     }
-    if (wasHandled_) {
-      queue_.clear();
-      status = 4;
-    } else if (isQuitting_) {
-      status = 3;
-    }
-    if (status == 3) isModeLeft_ = true;
+    const bool print = status == 2 && !item.wasCaught;
+    if (wasHandled_) queue_.clear();
+    if (wasHandled_ || isQuitting_) status = wasHandled_ ? 4 : 3;
+    isModeLeft_ |= status == 3;
     const std::string id = status == 2 ? lastError_ : "";
     if (print && status != 3)
       tell("<", id, status == 2 ? " Error" : " Interrupt", " while evaluating ", item.className(),
@@ -125,10 +112,7 @@ class Model final : public World {
     if (act == 'c' && code) object->code = *code;
     if (act == 'f') lastError_ = "id";
     if (act == 'w') waits_.push_back(std::exchange(isInterruptible_, true));
-    if (act == 'W' && !waits_.empty()) {
-      isInterruptible_ = waits_.back();
-      waits_.pop_back();
-    }
+    if (act == 'W' && !waits_.empty()) isInterruptible_ = waits_.back(), waits_.pop_back();
     if (act == '^') isPending_ = true;
     if (act == '!' && std::exchange(isPending_, false)) wasHandled_ = true;
     if (act == 'o') isPending_ = false;
@@ -147,13 +131,9 @@ class Model final : public World {
   std::deque<ItemPtr> queue_;
   int depth_ = 0;
   std::vector<bool> waits_;
-  // The host.
   std::string lastError_;
-  bool isPending_ = false;
-  bool wasHandled_ = false;
-  bool isQuitting_ = false;
-  bool isBitSet_ = false;
-  bool isModeLeft_ = false;
+  bool isPending_ = false, wasHandled_ = false, isQuitting_ = false;
+  bool isBitSet_ = false, isModeLeft_ = false;
   std::size_t references_ = 0;
 };
 

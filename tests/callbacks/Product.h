@@ -8,6 +8,7 @@
 #include <ut/interrupts.h>
 #include <vx/errors.h>
 
+#include <boost/smart_ptr/make_shared.hpp>
 #include <functional>
 #include <optional>
 
@@ -62,24 +63,17 @@ class Product final : public World, vghost::CallbackEvaluator, vghost::ReportCap
   }
 
   void fire(char event, std::size_t object) override {
-    static const COSNameID kNames[] = {COSNameID("Press"), COSNameID("Notify"),
-                                       COSNameID("Urgent")};
     static const ArrayOwner kData = scalar(1);
     const COSInterfacePtr source = objects_[object];
-    source->getClass()->fireEvent(kNames[event == 'p'   ? 0
-                                         : event == 'n' ? 1
-                                                        : 2],
-                                  source, event == 'u' ? nullptr : kData.get());
+    const COSNameID name(event == 'p' ? "Press" : event == 'n' ? "Notify" : "Urgent");
+    source->getClass()->fireEvent(name, source, event == 'u' ? nullptr : kData.get());
   }
   void change(char act, std::size_t object, const std::string* code) override {
     COSInterfacePtr& place = objects_[object];
     const auto set = [source = place](const char* name, const char* text) {
       const vcos::COSPropInfoPtr found(source->findProperty(COSNameID(name)));
-      if (!found.getObject()) return;
-      if (text)
-        found.getObject()->setFromText(source.get(), text);
-      else
-        found.getObject()->setValue(source.get(), {});
+      if (auto* const property = found.getObject())
+        text ? property->setFromText(source.get(), text) : property->setValue(source.get(), {});
     };
     if (act == 'r') made_.push_back(place = sampleObject(kClasses[object]));
     if (act == 'x') vcos::COSClass::destroyObject(place);
@@ -102,10 +96,10 @@ class Product final : public World, vghost::CallbackEvaluator, vghost::ReportCap
     World::tellRest(executor_->isInCallback(), (svGetVGStatus() & 4) != 0,
                     mode != vxERROR_MODE_RAISE, vghost::callbackReferences() - references_,
                     utWasInterruptHandled());
-    std::vector<CallbackExecutor::ItemPtr> waiting;
-    while (const auto item = executor_->dequeue())
-      waiting.push_back(item);
-    for (const auto& item : waiting) {
+    const auto end =
+        boost::make_shared<CallbackItem>(COSInterfacePtr(), vcos::COSPropInfoPtr(), nullptr);
+    executor_->enqueue(end);
+    for (auto item = executor_->dequeue(); item != end; item = executor_->dequeue()) {
       tell(" ", item->getClassName(), ".", item->getCallbackName());
       executor_->enqueue(item);
     }

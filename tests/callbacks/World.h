@@ -37,8 +37,6 @@ class World {
     codes_.resize(std::max(codes_.size(), kClasses.size()));
   }
   virtual ~World() = default;
-  World(const World&) = delete;
-  World& operator=(const World&) = delete;
 
   /// Performs acts at the outermost level, and tells what happens and what is left.
   std::string step(std::string_view acts) {
@@ -96,17 +94,15 @@ class World {
       const std::size_t object = word.size() > 1 ? std::size_t(word[1] - '0') : 0;
       const char more = word.size() > 2 ? word[2] : '-';
       if (act == 't') throw Thrown();
-      if (act == 'p' || act == 'n' || act == 'u') {
-        ++firings_;
-        try {
-          fire(act, object);
-        } catch (const std::exception& error) {
-          tell("!", error.what());
-          if (more != '?') throw;
-        }
-      } else {
-        if (act == 'e' || act == 's' || act == 'f') outcome = {true, act == 's'};
-        change(act, object, more == '-' ? nullptr : &codes_.at(std::size_t(more - 'a')));
+      if (act == 'e' || act == 's' || act == 'f') outcome = {true, act == 's'};
+      try {
+        if (act != 'p' && act != 'n' && act != 'u')
+          change(act, object, more == '-' ? nullptr : &codes_.at(std::size_t(more - 'a')));
+        else
+          ++firings_, fire(act, object);
+      } catch (const std::exception& error) {
+        tell("!", error.what());
+        if (more != '?') throw;
       }
     }
     return outcome;

@@ -38,7 +38,7 @@ TEST_F(Samples, OfCallbacksDoWhatTheModelDoes) {
   constexpr int kSteps = 40;
   std::vector<std::pair<std::string_view, int>> seen;
   for (const char* words :
-       {"[0d[1d[2", ";01d[];0", " bit", " mode", " references", " mark", " vortil.ui.Figure.",
+       {"[1d[2d[", ";01d[];0", " bit", " mode", " references", " mark", " vortil.ui.Figure.",
         " DestroyedObject", "< Error", "<id Error", "< Interrupt", "!Interrupt", "!Debug",
         "!Thrown", ";4!Interrupt", ";0;0;0"})
     seen.emplace_back(words, 0);
