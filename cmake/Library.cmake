@@ -24,6 +24,9 @@ target_compile_features(vgdatatypes PUBLIC cxx_std_20)
 target_link_libraries(vgdatatypes PUBLIC vghost PRIVATE Boost::headers)
 # Nothing replaces the library's own symbols: they are bound when it is linked, not when it is loaded.
 target_link_options(vgdatatypes PRIVATE LINKER:-Bsymbolic LINKER:-z,pack-relative-relocs)
+# But a public variable may live in the program, which has a copy of it that both have to use.
+target_link_options(vgdatatypes PRIVATE
+  LINKER:--export-dynamic-symbol=_ZN8graphics8datatype16CallbackExecutor12sInstancePtrE)
 # The library stays when it is closed: the host keeps the types, conversions and packages that it
 # registered until the process ends, and would call into memory that is gone.
 target_link_options(vgdatatypes PRIVATE LINKER:-z,nodelete)

@@ -118,6 +118,8 @@ std::vector<RegisteredType> subjects() {
   };
   add("NumericOrString", {"ac", "nac", "", "ac", "", "ac"},
       [=] { return cells("a\nb", test::array("1x2 int8 1 22").release()); });
+  add("Callback", {"ac", "ac", "", "ac", "", "a"},
+      [=] { return cells("move", scalar(1).release()); });
   add("NLineStyles", {"nac", "nc", "", "ac", "", "n"},
       [=] { return cells("square--", vxCreateString(":")); });
   add("NLineStyles", {"nac", "nac", "", "nac", "", "n"}, [] { return array("2x1x2 char 45"); });

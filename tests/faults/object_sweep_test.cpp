@@ -4,6 +4,11 @@
 #include "references/Samples.h"
 #include "support/ChildProcess.h"
 
+#include <callback/VCallback.h>
+#include <graphics/datatype/CallbackExecutor.h>
+#include <sv/features.h>
+#include <ut/console.h>
+
 #include <functional>
 #include <string>
 #include <utility>
@@ -91,6 +96,64 @@ TEST(ObjectSweep, ObjectsAndNumbersAreMadeOrNot) {
       });
       EXPECT_GT(met, 2U);
     }
+  });
+}
+
+/// The first callback puts three in the queue, of which one fails.
+struct Queueing final : vghost::CallbackEvaluator {
+  vghost::CallbackOutcome run(const vxArray*, const vxArray*, const vxArray*) override {
+    if (runs++ == 0)
+      for (int i = 0; i < 3; ++i)
+        object->getClass()->fireEvent(COSNameID("Press"), object, data.get());
+    return {.hasFailed = runs == 2};
+  }
+
+  COSInterfacePtr object;
+  ArrayOwner data = scalar(1);
+  int runs = 0;
+};
+
+TEST(ObjectSweep, AFailingCallbackLeavesTheExecutorAtRest) {
+  inChildProcess([] {
+    VLInitialize_vgdatatypes();
+    auto& executor = *graphics::datatype::CallbackExecutor::getInstance();
+    Queueing evaluator;
+    vghost::installCallbackEvaluator(&evaluator);
+    const vghost::ConsoleCapture console;
+    const auto attempt = [&](const auto& meet) {
+      evaluator.object = sampleObject("Line");
+      const auto set = [&](const char* name, const char* text) {
+        propertyOf(evaluator.object, name).setFromText(evaluator.object.get(), text);
+      };
+      set("OnPress", "code");
+      set("Interruptible", "off");
+      const auto fire = [&] {
+        evaluator.runs = 0;
+        evaluator.object->getClass()->fireEvent(COSNameID("Press"), evaluator.object, nullptr);
+      };
+      const Outcome outcome = meet(fire);
+      EXPECT_EQ(outcome == Outcome::kSucceeded, evaluator.runs == 4);
+      EXPECT_FALSE(executor.isInCallback());
+      auto& callback = *propertyOf(evaluator.object, "OnPress")
+                            .getValue(evaluator.object.get())
+                            .asPointer<VCallback>();
+      // An exception keeps a reference, which is given back in its place.
+      for (std::size_t left = vghost::callbackReferences(); left > 0; --left) {
+        EXPECT_NE(outcome, Outcome::kSucceeded);
+        VCallback* const reference = GetVCallbackReference(&callback);
+        DestroyVCallback(reference);
+        DestroyVCallback(reference);
+      }
+      svClearVGStatus(4);
+      while (executor.dequeue()) {
+      }
+      fire();
+      EXPECT_EQ(evaluator.runs, 4);
+      EXPECT_EQ(executor.dequeue(), nullptr);
+      evaluator.object = {};
+    };
+    attempt([](const auto& work) { return outcomeOf(work); });  // makes what is kept
+    EXPECT_GT(sweep(attempt), 50U);
   });
 }
 

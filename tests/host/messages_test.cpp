@@ -118,24 +118,30 @@ TEST(Errors, CarryTheirIdentifierAndTextToWhoeverCatchesThem) {
   messages::setLocale("en");
 }
 
-TEST(Warnings, GoToTheInnermostCaptureAndWithoutOneToTheConsole) {
+TEST(WarningsAndReports, GoToTheInnermostCaptureAndWithoutOneToTheConsole) {
   const VORTIL::host::UnknownMessage warning("%s {0}");
   const vghost::ConsoleCapture console;
   {
     const vghost::WarningCapture outer;
+    const vghost::ReportCapture outerReports;
     {
       const vghost::WarningCapture inner;
+      const vghost::ReportCapture reports;
       vxWarningMsgId(warning);
-      ASSERT_EQ(inner.messages().size(), 1U);
+      Lindgrove::VException::PrintErrorMessage("some:id", "%s %d", "report", 1);
+      ASSERT_EQ(std::pair(inner.messages().size(), reports.messages().size()), std::pair(1UL, 1UL));
       EXPECT_EQ(inner.messages()[0].message, "Error number %s {0}.");
+      EXPECT_EQ(reports.messages()[0].message + reports.messages()[0].identifier,
+                "report 1some:id");
     }
-    EXPECT_TRUE(outer.messages().empty());
+    EXPECT_TRUE(outer.messages().empty() && outerReports.messages().empty());
   }
   EXPECT_TRUE(console.lines().empty());
   vxWarningMsgId(warning);
+  Lindgrove::VException::PrintErrorMessage("", "report");
   utPrintf("%d\n\nlast", 2);
   EXPECT_EQ(console.lines(),
-            (std::vector<std::string>{"Warning: Error number %s {0}.", "2", "", "last"}));
+            (std::vector<std::string>{"Warning: Error number %s {0}.", "report", "2", "", "last"}));
 }
 
 TEST(Messages, AreWholeOrSayThatMemoryHasRunOutForALongText) {

@@ -303,12 +303,22 @@ std::vector<RegisteredType> referenceTypes() {
   return {object, handle, java};
 }
 
+/// What runs at an event: by default nothing.
+RegisteredType callback() {
+  RegisteredType row = text("Callback", 56, "redraw", {"ac", "ac", "", "ac", "", "a"});
+  row.isDefaultNull = true;
+  row.fromNullText = "callback:CreateCallback";
+  row.fromNullArray = "null";
+  return row;
+}
+
 }  // namespace
 
 const std::vector<RegisteredType>& registeredTypes() {
   static const std::vector<RegisteredType> types = [] {
     std::vector<RegisteredType> all = {onOff(),     color("RGBAColor"), markerColor(),
-                                       meshColor(), meshAlpha(),        colorTable()};
+                                       meshColor(), meshAlpha(),        colorTable(),
+                                       callback()};
     for (const auto& group : {geometricTypes(), textTypes(), referenceTypes()})
       all.insert(all.end(), group.begin(), group.end());
     for (const EnumeratedType& type : kEnumeratedTypes)

@@ -195,6 +195,15 @@ inline ArrayOwner array(std::string_view words, Numbers numbers = {1}) {
   return isSparse ? ArrayOwner(vxCreateSparse(result.get())) : std::move(result);
 }
 
+/// The parts of a list with "|" between two; words also have blanks around it.
+inline std::vector<std::string> split(const std::string& list) {
+  std::vector<std::string> parts;
+  std::istringstream stream(list);
+  for (std::string part; std::getline(stream, part, '|');)
+    parts.push_back(part);
+  return parts;
+}
+
 inline ArrayOwner sharedCopy(const ArrayOwner& array) {
   return ArrayOwner(vxCreateSharedDataCopy(array.get()));
 }

@@ -60,15 +60,6 @@ inline std::string outcomeOfArray(const vcos::TypeAccess& access, const vxArray*
   return outcomeOf(access, [array](const auto& type) { return type.fromArray(array); });
 }
 
-/// The parts of a list with "|" between two; words also have blanks around it.
-inline std::vector<std::string> split(const std::string& list) {
-  std::vector<std::string> parts;
-  std::istringstream stream(list);
-  for (std::string part; std::getline(stream, part, '|');)
-    parts.push_back(part);
-  return parts;
-}
-
 /// Calls `use` with words for an array, for each class where they say "numeric", "integer" or
 /// "other", which is none of the numeric ones.
 template <class Use>

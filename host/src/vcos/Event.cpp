@@ -62,9 +62,11 @@ void Event::add(std::unique_ptr<COSListener> listener) {
 void Event::fire(const COSInterfacePtr& ownClass, const COSInterfacePtr& object,
                  const vxArray* data) {
   const auto tell = [this](COSEventData& event) {
-    // A listener may add others.
-    for (std::size_t i = 0, count = listeners_.size(); i < count; ++i)
-      listeners_[i]->handleEvent(&event);
+    std::vector<COSListener*> listeners;  // by now: a listener may add others
+    for (const auto& each : listeners_)
+      listeners.push_back(each.get());
+    for (COSListener* const each : listeners)
+      each->handleEvent(&event);
   };
   if (kind_ == COSEventKind::OfObject) {
     FiredEvent<COSEventData> event(object, data);
