@@ -3,6 +3,7 @@
 #include <ut/faults.h>
 
 #include <algorithm>
+#include <boost/container/small_vector.hpp>
 #include <utility>
 
 namespace vcos {
@@ -62,7 +63,7 @@ void Event::add(std::unique_ptr<COSListener> listener) {
 void Event::fire(const COSInterfacePtr& ownClass, const COSInterfacePtr& object,
                  const vxArray* data) {
   const auto tell = [this](COSEventData& event) {
-    std::vector<COSListener*> listeners;  // by now: a listener may add others
+    boost::container::small_vector<COSListener*, 8> listeners;  // a listener may add others
     for (const auto& each : listeners_)
       listeners.push_back(each.get());
     for (COSListener* const each : listeners)
