@@ -316,9 +316,8 @@ RegisteredType callback() {
 
 const std::vector<RegisteredType>& registeredTypes() {
   static const std::vector<RegisteredType> types = [] {
-    std::vector<RegisteredType> all = {onOff(),     color("RGBAColor"), markerColor(),
-                                       meshColor(), meshAlpha(),        colorTable(),
-                                       callback()};
+    std::vector<RegisteredType> all = {onOff(),     color("RGBAColor"), markerColor(), meshColor(),
+                                       meshAlpha(), colorTable(),       callback()};
     for (const auto& group : {geometricTypes(), textTypes(), referenceTypes()})
       all.insert(all.end(), group.begin(), group.end());
     for (const EnumeratedType& type : kEnumeratedTypes)
