@@ -91,7 +91,9 @@ void Lindgrove::VException::PrintErrorMessage(const char* identifier, const char
   va_start(arguments, format);
   vghost::ErrorReport report{identifier, vghost::formatted(format, arguments)};
   va_end(arguments);
-  if (!vghost::ReportCapture::offer(report)) utPrintf("%s\n", report.message.c_str());
+  if (vghost::ReportCapture::offer(report)) return;
+  const std::string& known = report.identifier;
+  utPrintf("%s%s\n", report.message.c_str(), known.empty() ? "" : (" (" + known + ")").c_str());
 }
 
 void vxGetLastErrIdAndMsg(const char** identifier, const char** message) {

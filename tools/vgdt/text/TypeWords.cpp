@@ -31,9 +31,33 @@ Explanation explainHandle(const Refusal& refusal) {
                                  numberText(*static_cast<const double*>(vxGetData(array))))}};
 }
 
+Explanation explainCallback(const Refusal& refusal) {
+  const vxArray* array = refusal.array;
+  if (!array) return {};
+  const bool isCell = vxGetClassID(array) == vxCELL_CLASS;
+  if (isCell && vxIsEmpty(array)) return {.faults = {"the cell array is empty"}};
+  if (isCell) array = vxGetCell(array, 0);
+  const char* const what = isCell ? "the first cell" : "the value";
+  if (!array) return {.faults = {"the first cell holds nothing"}};
+  if (vxGetClassID(array) != vxCHAR_CLASS)
+    return {.faults = {fmt::format("{} is of class {}", what, vxGetClassName(array))}};
+  return {.faults = {fmt::format(
+              "{} is {}; code is one row", what,
+              vghost::sizeText(vxGetDimensions(array), vxGetNumberOfDimensions(array)))}};
+}
+
 /// The types with rules of their own, by name.
 const std::unordered_map<std::string, TypeWords>& ownWords() {
   static const std::unordered_map<std::string, TypeWords> rows = {
+      {"Callback",
+       {.family = "callback",
+        .inShort = "code, a function, a cell array of these and arguments",
+        .values = {"a char row of code, or an empty char array, which does nothing",
+                   "a function handle",
+                   "a cell array with one of these in front, and its arguments behind"},
+        .texts = {"code"},
+        .samples = {"'redraw'", "@redraw", "{@redraw, 1}", "5", "{}", "['ab';'cd']"},
+        .explain = explainCallback}},
       {"COSInterface",
        {.family = "reference",
         .inShort = "an object, or none",
