@@ -42,40 +42,19 @@ TEST(VCallback, IsCodeAFunctionOrOneOfTheseWithArgumentsAndEqualByItsContent) {
     EXPECT_THROW(VCallback(array(words).get()), gui_objects::ArrayException) << words;
 }
 
-TEST(VCallback, RunsByItsReferenceWhenItHasEndedItself) {
-  struct Ending final : vghost::CallbackEvaluator {
-    vghost::CallbackOutcome run(const vxArray* code, const vxArray*, const vxArray*) override {
-      callback.reset();
-      EXPECT_EQ(vxArrayToStdString(code), "code");
-      return {.hasFailed = true, .wasSaved = true};
-    }
-    std::unique_ptr<VCallback> callback{VCallback::createFromString("code")};
-  } ending;
-  EXPECT_EQ(ending.callback->execute(nullptr, nullptr), 0) << "without an evaluator";
-  EXPECT_EQ(vghost::installCallbackEvaluator(&ending), nullptr);
-  VCallback* const reference = GetVCallbackReference(ending.callback.get());
-  EXPECT_NE(reference->execute(nullptr, nullptr), 0);
-  EXPECT_TRUE(reference->wasExceptionCaughtAndSaved());
-  EXPECT_EQ(vghost::installCallbackEvaluator(nullptr), &ending);
-  EXPECT_EQ(vghost::callbackReferences(), 1U);
-  DestroyVCallback(reference);
+TEST(VCallback, DoesNothingWithoutAnEvaluator) {
+  EXPECT_EQ(with("f").execute(nullptr, nullptr), 0);
   DestroyVCallback(nullptr);
-  EXPECT_EQ(vghost::callbackReferences(), 0U);
 }
 
-/// Told of waits; refuses one if it has to.
-struct Observer final : WaitForObserver {
-  void waitForStarted() override {
-    if (refuses) throw 1;
-    ++depth;
-  }
-  void waitForFinished() override { --depth; }
-
-  bool refuses = false;
-  int depth = 0;
-};
-
 TEST(Waits, NestAndDoNotBeginWhereAnObserverThrows) {
+  struct Observer final : WaitForObserver {
+    void waitForStarted() override { refuses ? throw 1 : ++depth; }
+    void waitForFinished() override { --depth; }
+
+    bool refuses = false;
+    int depth = 0;
+  };
   Observer first;
   Observer second;
   vghost::startWait();
