@@ -22,9 +22,7 @@ constexpr const char* kScenarios[][3] = {
     // What runs is what the property holds by then, if the object lives.
     {"p1 c1c p2 x2||s", "i0 p0", "0d[];01d[];2;0"},
     {"x0 p0 e", "p0", "0d[]< Error while evaluating DestroyedObject OnPress.>;2"},
-    {"p1 e|f", "i0 p0",
-     "0d[]< Error while evaluating vortil.graphics.Line OnPress.>;2"
-     "1d[]<id Error while evaluating vortil.ui.Figure OnPress>;2"},
+    {"f", "p0", "0d[]<id Error while evaluating vortil.graphics.Line OnPress>;2"},
     // Interrupts on the way and at entry, and quits.
     {"p1 u2?||^ !", "i0 p0|p1", "0d[2n[];4!InterruptException];4 mark|1d[];0"},
     {"f q ^ !", "p0", "0d[]< Interrupt while evaluating vortil.graphics.Line OnPress.>;4 mark"},
@@ -118,7 +116,6 @@ TEST_F(Callbacks, AreServedInOrderHoweverManyUntilOneIsRefused) {
         for (std::size_t i = 1; i < kMany; ++i)
           executor.enqueue(numbered(i));
         EXPECT_TRUE(executor.processCallback(first, true));
-        EXPECT_EQ(order.size(), kRefused);
         executor.waitForStarted();
         EXPECT_TRUE(executor.processCallback(numbered(kMany), true));
         std::vector<std::size_t> expected(kMany + 1);
@@ -144,7 +141,8 @@ struct Event final : vcos::COSClassInstanceEventData, vghost::CallbackEvaluator 
 TEST_F(Callbacks, AreFiredByListenersForObjectsThatHaveOne) {
   Executor executor;
   const COSInterfacePtr object = sampleObject("Line");
-  propertyOf(object, "OnPress").setFromText(object.get(), "code");
+  for (const char* name : {"OnPress", "Tag"})
+    propertyOf(object, name).setFromText(object.get(), "text");
   for (const std::string_view name : {"OnPress", "Tag", "OnNothing"})
     for (auto* const made :
          {createListener(name.data(), true), createClassListener(name.data(), true, true)}) {

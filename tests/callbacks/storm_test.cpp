@@ -130,7 +130,6 @@ std::string randomActs(std::mt19937_64& random, std::size_t most) {
 
 TEST_F(Samples, OfCallbacksDoWhatTheModelDoes) {
   constexpr int kStorms = 4000;  // with more than a million firings
-  constexpr std::size_t kSteps = 40;
   std::mt19937_64 random(static_cast<std::uint64_t>(GTEST_FLAG_GET(random_seed)));
   std::vector<std::string_view> unseen = {
       "[1d[2d[",   ";01d[];0",    " bit",       " mode",  " mark",   " DestroyedObject", "< Error",
@@ -139,12 +138,12 @@ TEST_F(Samples, OfCallbacksDoWhatTheModelDoes) {
     std::vector<std::string> codes(6);
     for (std::string& code : codes)
       code = randomActs(random, 5);
-    std::vector<std::string> steps(kSteps);
+    std::vector<std::string> steps(40);
     for (std::string& acts : steps)
       acts = randomActs(random, 3);
     const std::vector<std::string> told = Product(codes).play(steps);
     const std::vector<std::string> expected = Model(codes).play(steps);
-    for (std::size_t i = 0; i < kSteps; ++i) {
+    for (std::size_t i = 0; i < steps.size(); ++i) {
       ASSERT_EQ(told[i], expected[i]) << "storm " << storm << ", " << steps[i];
       std::erase_if(unseen, [&](auto words) { return told[i].find(words) != std::string::npos; });
     }

@@ -44,7 +44,6 @@ TEST(VCallback, IsCodeAFunctionOrOneOfTheseWithArgumentsAndEqualByItsContent) {
 
 TEST(VCallback, DoesNothingWithoutAnEvaluator) {
   EXPECT_EQ(with("f").execute(nullptr, nullptr), 0);
-  DestroyVCallback(nullptr);
 }
 
 TEST(Waits, NestAndDoNotBeginWhereAnObserverThrows) {
