@@ -96,7 +96,7 @@ class Model final : public World, WaitForObserver {
 
   void change(char act, std::size_t which, const std::string* code) override {
     auto& object = objects_[which];
-    if (act == 'r') object = std::make_shared<Object>(made_++, kClasses[which], which < 3);
+    if (act == 'r') object = std::make_shared<Object>(Object{made_++, kClasses[which], which < 3});
     if (act == 'x') *object = {object->number, "DestroyedObject", false, false};
     if (act == 'i' || act == 'I') object->isInterruptible = act == 'I';
     if (act == 'b' || act == 'B') object->isQueued = act == 'B';
