@@ -4,13 +4,9 @@
 #include "references/Samples.h"
 
 #include <graphics/datatype/CallbackExecutor.h>
-#include <sv/features.h>
-#include <ut/interrupts.h>
-#include <vx/errors.h>
 
 #include <boost/smart_ptr/make_shared.hpp>
 #include <functional>
-#include <optional>
 
 namespace test {
 
@@ -36,20 +32,11 @@ struct Executor : CallbackExecutor {
 class Product final : public World, vghost::CallbackEvaluator, vghost::ReportCapture {
  public:
   explicit Product(std::vector<std::string> codes) : World(std::move(codes)) {
-    executor_->atEnd = [this](int status) { tell(";", std::to_string(status)); };
+    executor_.atEnd = [this](int status) { tell(";", std::to_string(status)); };
+    vghost::installCallbackEvaluator(this);
     makeObjects();
   }
-  ~Product() override {
-    vghost::installCallbackEvaluator(nullptr);
-    executor_.reset();
-    while (vghost::finishWait()) {
-    }
-    vghost::dropInterrupt();
-    utSetInterruptHandled(0);
-    vghost::setDbquit(false);
-    svClearVGStatus(4);
-    vxSetErrorMode(vxERROR_MODE_RAISE);
-  }
+  ~Product() override { vghost::installCallbackEvaluator(nullptr); }
 
  private:
   vghost::CallbackOutcome run(const vxArray* callback, const vxArray* source,
@@ -82,33 +69,11 @@ class Product final : public World, vghost::CallbackEvaluator, vghost::ReportCap
     if (act == 'c')
       for (const char* name : {"OnPress", "OnNotify", "OnUrgent"})
         set(name, code ? code->c_str() : nullptr);
-    if (act == 'f') vghost::setLastError("id", "");
-    if (act == 'w') vghost::startWait();
-    if (act == 'W') vghost::finishWait();
-    if (act == '^') vghost::requestInterrupt();
-    if (act == '!') vghost::takeInterrupt();
-    if (act == 'o') vghost::dropInterrupt();
-    if (act == 'q' || act == 'Q') vghost::setDbquit(act == 'q');
-  }
-  void tellRest() override {
-    const vxErrorMode mode = vxSetErrorMode(vxERROR_MODE_RAISE);
-    vxSetErrorMode(mode);
-    World::tellRest(executor_->isInCallback(), (svGetVGStatus() & 4) != 0,
-                    mode != vxERROR_MODE_RAISE, vghost::callbackReferences() - references_,
-                    utWasInterruptHandled());
-    const auto end =
-        boost::make_shared<CallbackItem>(COSInterfacePtr(), vcos::COSPropInfoPtr(), nullptr);
-    executor_->enqueue(end);
-    for (auto item = executor_->dequeue(); item != end; item = executor_->dequeue()) {
-      tell(" ", item->getClassName(), ".", item->getCallbackName());
-      executor_->enqueue(item);
-    }
   }
 
   std::vector<COSInterfacePtr> made_;
   std::array<COSInterfacePtr, 4> objects_;
-  std::size_t references_ = (vghost::installCallbackEvaluator(this), vghost::callbackReferences());
-  std::optional<Executor> executor_{std::in_place};
+  Executor executor_;
 };
 
 }  // namespace test

@@ -1,20 +1,20 @@
 #pragma once
 
 #include <callback/VCallback.h>
+#include <callback/WaitForObserver.h>
 #include <messages/exceptions.h>
+#include <sv/features.h>
+#include <ut/interrupts.h>
+#include <vx/errors.h>
 
 #include <algorithm>
 #include <array>
-#include <exception>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace test {
-
-struct Thrown : std::exception {
-  const char* what() const noexcept override { return "Thrown"; }
-};
 
 /// The class of each object; the last one has neither "Interruptible" nor "BusyAction".
 inline constexpr std::array kClasses = {"vortil.graphics.Line", "vortil.ui.Figure",
@@ -31,43 +31,49 @@ inline constexpr std::array kClasses = {"vortil.graphics.Line", "vortil.ui.Figur
 ///   q Q       begins and ends a quit         o    forgets an interrupt
 /// What happens is told in a line: "0d[" object 0 runs, with data (z: 0 by 0, n: none), until "]";
 /// "<id text>" is a report, ";2" the end of a firing by its status, and "!name" an exception.
+/// Behind it stands what the host is left with. One world at a time lives.
 class World {
  public:
   explicit World(std::vector<std::string> codes) : codes_(std::move(codes)) {
     codes_.resize(std::max(codes_.size(), kClasses.size()));
   }
-  virtual ~World() = default;
-
-  /// Performs acts at the outermost level, and tells what happens and what is left.
-  std::string step(std::string_view acts) {
-    constexpr int kRuns = 24;
-    trace_.clear();
-    fuel_ = kRuns;
-    try {
-      perform(acts);
-    } catch (const std::exception&) {
+  virtual ~World() {
+    while (vghost::finishWait()) {
     }
-    tellRest();
-    return trace_;
+    vghost::dropInterrupt();
+    utSetInterruptHandled(0);
+    vghost::setDbquit(false);
+    svClearVGStatus(4);
+    vxSetErrorMode(vxERROR_MODE_RAISE);
   }
-  std::size_t firings() const { return firings_; }
+
+  /// Performs the acts of each step at the outermost level, and tells what happens.
+  std::vector<std::string> play(const std::vector<std::string>& steps) {
+    std::vector<std::string> told;
+    for (const std::string& acts : steps) {
+      trace_.clear();
+      fuel_ = 24;
+      try {
+        perform(acts);
+      } catch (const std::exception&) {
+      }
+      const vxErrorMode mode = vxSetErrorMode(vxERROR_MODE_RAISE);
+      vxSetErrorMode(mode);
+      if ((svGetVGStatus() & 4) != 0) tell(" bit");
+      if (mode != vxERROR_MODE_RAISE) tell(" mode");
+      if (utWasInterruptHandled()) tell(" mark");
+      told.push_back(trace_);
+    }
+    return told;
+  }
 
  protected:
   virtual void fire(char event, std::size_t object) = 0;
   virtual void change(char act, std::size_t object, const std::string* code) = 0;
-  virtual void tellRest() = 0;
 
   template <class... Words>
   void tell(const Words&... words) {
     ((trace_ += words), ...);
-  }
-  /// What is left other than at first, and behind it the queue.
-  void tellRest(bool isRunning, bool bit, bool mode, std::size_t references, bool mark) {
-    if (isRunning) tell(" running");
-    if (bit) tell(" bit");
-    if (mode) tell(" mode");
-    if (references > 0) tell(" references", std::to_string(references));
-    if (mark) tell(" mark");
   }
   void makeObjects() {
     for (std::size_t i = 0; i < kClasses.size(); ++i) {
@@ -85,6 +91,16 @@ class World {
   }
 
  private:
+  static void control(char act) {
+    if (act == 'f') vghost::setLastError("id", "");
+    if (act == 'w') vghost::startWait();
+    if (act == 'W') vghost::finishWait();
+    if (act == '^') vghost::requestInterrupt();
+    if (act == '!') vghost::takeInterrupt();
+    if (act == 'o') vghost::dropInterrupt();
+    if (act == 'q' || act == 'Q') vghost::setDbquit(act == 'q');
+  }
+
   vghost::CallbackOutcome perform(std::string_view acts) {
     vghost::CallbackOutcome outcome;
     while (!acts.empty()) {
@@ -93,13 +109,14 @@ class World {
       const char act = word[0];
       const std::size_t object = word.size() > 1 ? std::size_t(word[1] - '0') : 0;
       const char more = word.size() > 2 ? word[2] : '-';
-      if (act == 't') throw Thrown();
+      if (act == 't') throw std::runtime_error("Thrown");
       if (act == 'e' || act == 's' || act == 'f') outcome = {true, act == 's'};
+      control(act);
       try {
         if (act != 'p' && act != 'n' && act != 'u')
           change(act, object, more == '-' ? nullptr : &codes_.at(std::size_t(more - 'a')));
         else
-          ++firings_, fire(act, object);
+          fire(act, object);
       } catch (const std::exception& error) {
         tell("!", error.what());
         if (more != '?') throw;
@@ -111,7 +128,6 @@ class World {
   std::vector<std::string> codes_;
   std::string trace_;
   int fuel_ = 0;
-  std::size_t firings_ = 0;
 };
 
 }  // namespace test
