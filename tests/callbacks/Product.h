@@ -71,6 +71,19 @@ class Product final : public World, vghost::CallbackEvaluator, vghost::ReportCap
         set(name, code ? code->c_str() : nullptr);
   }
 
+  void tellRest() override {
+    if (executor_.isInCallback()) tell(" running");
+    tellReferences(vghost::callbackReferences() - references_);
+    std::vector<CallbackExecutor::ItemPtr> waiting;
+    while (const auto item = executor_.dequeue())
+      waiting.push_back(item);
+    for (const auto& item : waiting) {
+      tell(" ", item->getClassName(), ".", item->getCallbackName());
+      executor_.enqueue(item);
+    }
+  }
+
+  std::size_t references_ = vghost::callbackReferences();
   std::vector<COSInterfacePtr> made_;
   std::array<COSInterfacePtr, 4> objects_;
   Executor executor_;

@@ -31,7 +31,8 @@ inline constexpr std::array kClasses = {"vortil.graphics.Line", "vortil.ui.Figur
 ///   q Q       begins and ends a quit         o    forgets an interrupt
 /// What happens is told in a line: "0d[" object 0 runs, with data (z: 0 by 0, n: none), until "]";
 /// "<id text>" is a report, ";2" the end of a firing by its status, and "!name" an exception.
-/// Behind it stands what the host is left with. One world at a time lives.
+/// Behind it stands what the host is left with, how many references to callbacks, and what waits in
+/// the queue. One world at a time lives.
 class World {
  public:
   explicit World(std::vector<std::string> codes) : codes_(std::move(codes)) {
@@ -62,6 +63,7 @@ class World {
       if ((svGetVGStatus() & 4) != 0) tell(" bit");
       if (mode != vxERROR_MODE_RAISE) tell(" mode");
       if (utWasInterruptHandled()) tell(" mark");
+      tellRest();
       told.push_back(trace_);
     }
     return told;
@@ -70,10 +72,14 @@ class World {
  protected:
   virtual void fire(char event, std::size_t object) = 0;
   virtual void change(char act, std::size_t object, const std::string* code) = 0;
+  virtual void tellRest() = 0;
 
   template <class... Words>
   void tell(const Words&... words) {
     ((trace_ += words), ...);
+  }
+  void tellReferences(std::size_t count) {
+    if (count > 0) tell(" references", std::to_string(count));
   }
   void makeObjects() {
     for (std::size_t i = 0; i < kClasses.size(); ++i) {

@@ -28,9 +28,10 @@ constexpr const char* kScenarios[][3] = {
     {"f q ^ !", "p0", "0d[]< Interrupt while evaluating vortil.graphics.Line OnPress.>;4 mark"},
     {"p1 ^", "i0 p0|o p0", "0d[];0;0|0d[];0;0"},
     {"u1|p2 q", "i1 p0|Q u3",
-     "0d[1n[];3!DebugQuitException!DebugQuitException bit mode|3n[];02d[];0 bit mode"},
+     "0d[1n[];3!DebugQuitException!DebugQuitException bit mode references1"
+     " vortil.graphics.Text.OnPress|3n[];02d[];0 bit mode references1"},
     // Waits, the last of which outlives its callback.
-    {"w p1 W p2 w", "i0 p0|W p1|w u2", "0d[1d[];0];02d[];0||2n[];01d[];0"},
+    {"w p1 W p2 w", "i0 p0|W p1|w u2", "0d[1d[];0];02d[];0| vortil.ui.Figure.OnPress|2n[];01d[];0"},
 };
 
 TEST_F(Callbacks, DoWhatTheScenarioTells) {
