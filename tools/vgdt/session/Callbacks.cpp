@@ -111,14 +111,14 @@ vghost::CallbackOutcome Callbacks::run(const vxArray* callback, const vxArray* s
                                        const vxArray* eventData) {
   const Level level(depth_);
   RunningCallback running{wordsOf(callback, source, eventData)};
-  const auto failure = failureInCallback([&] {
+  auto failure = failureInCallback([&] {
     if (depth_ > kMaxDepth)
       throw RequestError(fmt::format("callbacks are nested deeper than {}", kMaxDepth));
     runCommands(codeOf(callback), running);
   });
   if (failure) {
     setLastError(*failure);
-    running.fail(failure->message);
+    running.fail(std::move(failure->message));
   }
   if (running.outcome.hasFailed) session_.log().noteReason(std::move(running.reason));
   return running.outcome;
