@@ -138,7 +138,7 @@ TEST(ObjectSweep, AFailingCallbackLeavesTheExecutorAtRest) {
       }
       fire();
       EXPECT_EQ(evaluator.runs, 4);
-      evaluator.object = {};
+      evaluator.object = COSInterfacePtr();
     };
     attempt([](const auto& work) { return outcomeOf(work); });  // makes what is kept
     EXPECT_GT(sweep(attempt), 50U);
