@@ -16,6 +16,14 @@ vcos::COSPropInfo& asProperty(const vcos::COSInterfacePtr& found) {
   return *vcos::COSPropInfoPtrHelper().getObject(found);
 }
 
+/// Of a class that has no property or event of that name.
+[[noreturn]] void refuseName(const vcos::COSClass& owner, std::string_view name, const char* kind,
+                             const char* kinds, const std::vector<std::string>& names) {
+  throw RequestError(fmt::format(
+      "the class {} has no {} \"{}\"{}", sample::shortName(owner), kind, shortened(name),
+      nearestOr(name, names, fmt::format("its {} are {}", kinds, fmt::join(names, ", ")))));
+}
+
 }  // namespace
 
 std::string nearestOr(std::string_view name, const std::vector<std::string>& names,
@@ -43,10 +51,7 @@ vcos::COSPropInfo& requireProperty(const vcos::COSClass& owner, std::string_view
   const auto known = vcos::COSNameID::find(name);
   if (const auto found = known ? owner.findProperty(*known) : vcos::COSInterfacePtr())
     return asProperty(found);
-  const std::vector<std::string> names = propertyNames(owner);
-  throw RequestError(fmt::format(
-      "the class {} has no property \"{}\"{}", sample::shortName(owner), shortened(name),
-      nearestOr(name, names, fmt::format("its properties are {}", fmt::join(names, ", ")))));
+  refuseName(owner, name, "property", "properties", propertyNames(owner));
 }
 
 std::vector<std::string> propertyNames(const vcos::COSClass& owner) {
@@ -58,11 +63,8 @@ std::vector<std::string> propertyNames(const vcos::COSClass& owner) {
 
 vcos::COSNameID requireEvent(const vcos::COSClass& owner, std::string_view name) {
   const auto found = std::ranges::find(owner.events(), name, &vcos::COSNameID::c_str);
-  if (found != owner.events().end()) return *found;
-  const std::vector<std::string> names = eventNames(owner);
-  throw RequestError(fmt::format(
-      "the class {} has no event \"{}\"{}", sample::shortName(owner), shortened(name),
-      nearestOr(name, names, fmt::format("its events are {}", fmt::join(names, ", ")))));
+  if (found == owner.events().end()) refuseName(owner, name, "event", "events", eventNames(owner));
+  return *found;
 }
 
 std::vector<std::string> eventNames(const vcos::COSClass& owner) {

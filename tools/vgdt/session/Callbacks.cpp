@@ -58,6 +58,16 @@ void setLastError(const Failure& failure) {
     vghost::setLastError(failure.identifier, failure.message);
 }
 
+/// Whether @ and this name are a function handle.
+bool isFunctionName(std::string_view name) {
+  try {
+    const vcos::ArrayOwner handle = parseLiteral(fmt::format("@{}", name));
+    return name == vxGetFunctionName(handle.get());
+  } catch (const LiteralError&) {
+    return false;
+  }
+}
+
 /// How `work` failed; the exceptions by which the library leaves nested callbacks pass through.
 template <class Work>
 std::optional<Failure> failureInCallback(Work&& work) {
@@ -89,9 +99,10 @@ Callbacks::~Callbacks() {
 
 void Callbacks::define(std::string_view name, std::string code) {
   if (!isFunctionName(name))
-    throw RequestError(fmt::format(
-        "\"{}\" cannot be the name of a function: give letters, digits, _ and dots, a letter first",
-        shortened(name)));
+    throw RequestError(
+        fmt::format("\"{}\" cannot be the name of a function: give letters, digits, _ and dots, no "
+                    "digit or dot first",
+                    shortened(name)));
   functions_.insert_or_assign(std::string(name), std::move(code));
 }
 

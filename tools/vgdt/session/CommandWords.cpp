@@ -60,16 +60,6 @@ bool isReserved(std::string_view word) {
   return word == "source" || word == "event" || argumentNumber(word) > 0;
 }
 
-bool isFunctionName(std::string_view name) {
-  const auto isLetter = [](char byte) {
-    return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z') || byte == '_';
-  };
-  const auto isRest = [isLetter](char byte) {
-    return isLetter(byte) || (byte >= '0' && byte <= '9') || byte == '.';
-  };
-  return !name.empty() && isLetter(name.front()) && std::ranges::all_of(name, isRest);
-}
-
 bool isBareWord(std::string_view text) {
   // Inside a word that is nothing but text, a semicolon has nothing to separate.
   const auto isEnd = [](char byte) {

@@ -22,9 +22,6 @@ std::size_t argumentNumber(std::string_view word);
 /// Whether a word means something in the code of a callback: source, event, arg1, arg2, ...
 bool isReserved(std::string_view word);
 
-/// Whether @ and this name are a function handle.
-bool isFunctionName(std::string_view name);
-
 /// Whether a text is one word without blanks, quotes, brackets, commas and #.
 bool isBareWord(std::string_view text);
 
