@@ -71,7 +71,7 @@ class Eval : public testing::Test {
   static void expectRefusal(const char* type, const GivenValue& given, const char* words) {
     std::ostringstream output;
     const Console console{output, output, Style(ColorDepth::None), Style(ColorDepth::None)};
-    EXPECT_EQ(convertValue(console, type, given, false), kRefused) << type << ' ' << given.content;
+    EXPECT_EQ(convertValue(console, type, given, {}), kRefused) << type << ' ' << given.content;
     EXPECT_THAT(output.str(), HasSubstr(words)) << type << ' ' << given.content;
   }
 
@@ -160,7 +160,7 @@ TEST_F(Eval, PassesOnWhatIsPrintedAndWarnedOf) {
   std::ostringstream output;
   std::ostringstream errors;
   const Console console{output, errors, Style(ColorDepth::None), Style(ColorDepth::None)};
-  EXPECT_EQ(convertValue(console, "Probe", {kText, "!talk"}, false), kDone);
+  EXPECT_EQ(convertValue(console, "Probe", {kText, "!talk"}, {}), kDone);
   EXPECT_EQ(errors.str(), "  console     first\n              second\n");
 }
 

@@ -64,12 +64,24 @@ std::string outcomeText(const Reply& reply) {
   return answer->isInTable ? "ok, ambiguous" : "ok, missing";
 }
 
+/// The text of a Java object; that of a String says too little without its class.
+std::string javaText(const JavaForm& form) {
+  for (const auto& failure : {form.failure, form.textFailure, form.arrayFailure})
+    if (failure) return fmt::format("Java: {}", failure->message);
+  if (!form.className) return "Java: null";
+  return fmt::format("{}: {}", *form.className, form.text.value_or("null"));
+}
+
 std::string messageText(const Reply& reply) {
   if (const auto* failure = std::get_if<Failure>(&reply.answer)) return failure->message;
   const auto* answer = std::get_if<ValueAnswer>(&reply.answer);
-  if (!answer || !answer->comparison) return "";
-  return fmt::format("{}, compare {}", answer->comparison->isEqual ? "equal" : "not equal",
-                     answer->comparison->compare);
+  if (!answer) return "";
+  std::vector<std::string> parts;
+  if (const auto& comparison = answer->comparison)
+    parts.push_back(fmt::format("{}, compare {}", comparison->isEqual ? "equal" : "not equal",
+                                comparison->compare));
+  if (answer->java) parts.push_back(javaText(*answer->java));
+  return fmt::format("{}", fmt::join(parts, "; "));
 }
 
 /// Empty if there is no such member.
