@@ -64,12 +64,16 @@ std::string outcomeText(const Reply& reply) {
   return answer->isInTable ? "ok, ambiguous" : "ok, missing";
 }
 
-/// The text of a Java object; that of a String says too little without its class.
+std::string failureText(const Failure& failure) {
+  return failure.message.empty() ? nameOf(failure.kind) : failure.message;
+}
+
+/// The text of a Java object, and why nothing came back from it.
 std::string javaText(const JavaForm& form) {
-  for (const auto& failure : {form.failure, form.textFailure, form.arrayFailure})
-    if (failure) return fmt::format("Java: {}", failure->message);
-  if (!form.className) return "Java: null";
-  return fmt::format("{}: {}", *form.className, form.text.value_or("null"));
+  const auto& noText = form.failure ? form.failure : form.textFailure;
+  std::string text = "Java: " + (noText ? failureText(*noText) : form.text.value_or("null"));
+  if (form.arrayFailure) text += "; back: " + failureText(*form.arrayFailure);
+  return text;
 }
 
 std::string messageText(const Reply& reply) {
