@@ -5,6 +5,7 @@
 
 #include <dlfcn.h>
 #include <gmock/gmock.h>
+#include <messages/MessageCatalog.h>
 #include <messages/catalog.h>
 #include <messages/translation.h>
 #include <unicode/resbund.h>
@@ -14,6 +15,7 @@
 #include <vx/errors.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <new>
 #include <set>
 #include <string>
@@ -47,11 +49,16 @@ TEST(MessageCatalog, EveryTextHasPlacesForExactlyTheArgumentsOfItsMessage) {
   }
 }
 
-TEST(MessageCatalog, EveryTranslationBelongsToAMessage) {
+/// Of the bundles beside the library.
+std::string hostDirectory() {
   Dl_info library{};
   dladdr(reinterpret_cast<void*>(&messages::pattern), &library);
   const std::string path = library.dli_fname;
-  const std::string directory = path.substr(0, path.rfind('/') + 1) + "vghost/messages";
+  return path.substr(0, path.rfind('/') + 1) + "vghost/";
+}
+
+TEST(MessageCatalog, EveryTranslationBelongsToAMessage) {
+  const std::string directory = hostDirectory() + "messages";
   UErrorCode status = U_ZERO_ERROR;
   icu::ResourceBundle bundle(directory.c_str(), icu::Locale("de"), status);
   std::set<std::string> orphans;
@@ -77,6 +84,33 @@ TEST(Translation, TheLocaleAloneDecidesTheLanguage) {
   const VORTIL::host::InjectedFailure untranslated("createArray");
   EXPECT_EQ(messages::text(untranslated, "de"), "createArray was told to fail.");
   EXPECT_EQ(messages::pattern("VORTIL:no:Such", "de"), "VORTIL:no:Such");
+}
+
+TEST(LibraryCatalog, IsFoundByItsIdAloneAndNeverInTheLanguageOfTheProcess) {
+  namespace files = std::filesystem;
+  using fl::i18n::MessageCatalog;
+  const files::path folder = hostDirectory() + "catalogs/messages_test";
+  files::remove_all(folder);
+  files::create_directories(folder);
+  files::create_directory_symlink("../../messages", folder / "German");
+  const char* const id = "messages_test::German";
+  const char* const key = "VORTIL:vg:VCOSPackageNotFound";
+  const auto find = [](const char* catalog, const char* locale, const char* text) {
+    return MessageCatalog::openCatalog(catalog, fl::i18n::VwLocale(locale))->lookup(text);
+  };
+  UErrorCode status = U_ZERO_ERROR;
+  const std::string before = uloc_getDefault();
+  uloc_setDefault("de", &status);
+  for (const char* locale : {"de", "de_CH", "de-AT", "de_DE.UTF-8"})
+    EXPECT_EQ(find(id, locale, key), fl::i18n::to_ustring(messages::pattern(key, "de"))) << locale;
+  for (const char* locale : {"", "en", "../German/de"})
+    EXPECT_THROW(find(id, locale, key), MessageCatalog::MessageNotFound) << locale;
+  for (const char* bad :
+       {"", "no::such", "messages_test/German", "messages_test::..::..::messages"})
+    EXPECT_THROW(find(bad, "de", key), MessageCatalog::MessageNotFound) << bad;
+  EXPECT_THROW(find(id, "de", "VORTIL:no:Such"), MessageCatalog::MessageNotFound);
+  uloc_setDefault(before.c_str(), &status);
+  files::remove_all(folder);
 }
 
 TEST(Translation, TextOfAUserArrivesUnchanged) {
