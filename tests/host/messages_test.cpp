@@ -70,6 +70,11 @@ TEST(MessageCatalog, EveryTranslationBelongsToAMessage) {
   EXPECT_THAT(orphans, testing::IsEmpty());
 }
 
+/// The text in a catalogue of a library.
+fl::ustring find(const char* id, const char* locale, const char* key) {
+  return fl::i18n::MessageCatalog::openCatalog(id, fl::i18n::VwLocale(locale))->lookup(key);
+}
+
 TEST(Translation, TheLocaleAloneDecidesTheLanguage) {
   const std::string before = uloc_getDefault();
   UErrorCode status = U_ZERO_ERROR;
@@ -79,38 +84,27 @@ TEST(Translation, TheLocaleAloneDecidesTheLanguage) {
     EXPECT_EQ(messages::text(message, locale), "The value has to be \"on\" or \"off\".") << locale;
   for (const char* locale : {"de", "de_CH", "de-AT"})
     EXPECT_EQ(messages::text(message, locale), "Der Wert muss \"on\" oder \"off\" sein.") << locale;
-  uloc_setDefault(before.c_str(), &status);
-  // What is missing falls back to English, and then to the identifier.
-  const VORTIL::host::InjectedFailure untranslated("createArray");
-  EXPECT_EQ(messages::text(untranslated, "de"), "createArray was told to fail.");
-  EXPECT_EQ(messages::pattern("VORTIL:no:Such", "de"), "VORTIL:no:Such");
-}
-
-TEST(LibraryCatalog, IsFoundByItsIdAloneAndNeverInTheLanguageOfTheProcess) {
-  namespace files = std::filesystem;
-  using fl::i18n::MessageCatalog;
-  const files::path folder = hostDirectory() + "catalogs/messages_test";
-  files::remove_all(folder);
-  files::create_directories(folder);
-  files::create_directory_symlink("../../messages", folder / "German");
+  const std::string folder = hostDirectory() + "catalogs/messages_test";
+  std::filesystem::remove_all(folder);
+  std::filesystem::create_directories(folder);
+  std::filesystem::create_directory_symlink("../../messages", folder + "/German");
   const char* const id = "messages_test::German";
-  const char* const key = "VORTIL:vg:VCOSPackageNotFound";
-  const auto find = [](const char* catalog, const char* locale, const char* text) {
-    return MessageCatalog::openCatalog(catalog, fl::i18n::VwLocale(locale))->lookup(text);
-  };
-  UErrorCode status = U_ZERO_ERROR;
-  const std::string before = uloc_getDefault();
-  uloc_setDefault("de", &status);
+  const char* const key = message.definition().identifier;
   for (const char* locale : {"de", "de_CH", "de-AT", "de_DE.UTF-8"})
     EXPECT_EQ(find(id, locale, key), fl::i18n::to_ustring(messages::pattern(key, "de"))) << locale;
-  for (const char* locale : {"", "en", "../German/de"})
+  using fl::i18n::MessageCatalog;
+  for (const char* locale : {"", "en", "fr_DE", "../German/de"})
     EXPECT_THROW(find(id, locale, key), MessageCatalog::MessageNotFound) << locale;
   for (const char* bad :
        {"", "no::such", "messages_test/German", "messages_test::..::..::messages"})
     EXPECT_THROW(find(bad, "de", key), MessageCatalog::MessageNotFound) << bad;
   EXPECT_THROW(find(id, "de", "VORTIL:no:Such"), MessageCatalog::MessageNotFound);
+  std::filesystem::remove_all(folder);
   uloc_setDefault(before.c_str(), &status);
-  files::remove_all(folder);
+  // What is missing falls back to English, and then to the identifier.
+  const VORTIL::host::InjectedFailure untranslated("createArray");
+  EXPECT_EQ(messages::text(untranslated, "de"), "createArray was told to fail.");
+  EXPECT_EQ(messages::pattern("VORTIL:no:Such", "de"), "VORTIL:no:Such");
 }
 
 TEST(Translation, TextOfAUserArrivesUnchanged) {
