@@ -238,22 +238,33 @@ COSValue NumericOrStringVC::from(COSValue array) const {
 
 // --- Java ---------------------------------------------------------------------------------------
 
-COSValue NumericOrStringJC::to(COSValue value) const {
-  return JavaDetour::by<NumericOrStringDataType, NStringsDataType>().to(value);
-}
-COSValue NumericOrStringJC::from(COSValue object) const {
-  return JavaDetour::by<NumericOrStringDataType, NStringsDataType>().from(object);
-}
-const char* NumericOrStringJC::getJavaDeclarationName() {
-  return "java.lang.String[]";
+namespace {
+
+const JavaDetour& byNStrings() {
+  static const JavaDetour detour(NumericOrStringDataType::kDottedName,
+                                 NStringsDataType::kDottedName);
+  return detour;
 }
 
-namespace {
+const JavaDetour& byPoint3() {
+  static const JavaDetour detour(TextPositionDataType::kDottedName, Point3DataType::kDottedName);
+  return detour;
+}
 
 constexpr const char* kFile = "objects/TextDataTypesImpl";
 constexpr JavaName kPoint3{"com.lindgrove.vg.types.VGPoint3"};
 
 }  // namespace
+
+COSValue NumericOrStringJC::to(COSValue value) const {
+  return byNStrings().to(value);
+}
+COSValue NumericOrStringJC::from(COSValue object) const {
+  return byNStrings().from(object);
+}
+const char* NumericOrStringJC::getJavaDeclarationName() {
+  return "java.lang.String[]";
+}
 
 COSValue TextPositionJavaConverter::to(COSValue value) const {
   const Place place(kFile);
@@ -274,7 +285,7 @@ COSValue TextPositionJavaConverter::to(COSValue value) const {
 COSValue TextPositionJavaConverter::from(COSValue object) const {
   if (object.isNull())
     Place(kFile).raise("Input parameter for text position must not be NULL ");
-  return JavaDetour::by<TextPositionDataType, Point3DataType>().from(object);
+  return byPoint3().from(object);
 }
 
 const char* TextPositionJavaConverter::getJavaDeclarationName() {
