@@ -21,8 +21,8 @@ std::string capitalized(std::string name) {
 
 void writeLabels(std::ostream& out, const std::string& type,
                  std::initializer_list<const char*> names) {
-  // In some languages the small letter of "I" is not "i", so a type with such a name has no
-  // capitals at all.
+  // Texts are read in the language of the process, and in Turkish the small letter of "I" is not
+  // "i". So a type with such a name has no capitals at all.
   const bool isLower = std::ranges::any_of(names, [](const char* name) { return *name == 'i'; });
   for (const char* name : names) {
     const std::string key = "vortil_graphics_datatype_" + type + "_" + name;

@@ -63,8 +63,8 @@ class VGHOST_API MessageCatalog {
 };
 
 inline bool MessageCatalog::canBeStored(char c) noexcept {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-         std::string_view("_-+*.:<>").find(c) != std::string_view::npos;
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
+         std::string_view("-+*.:<>").find(c) != std::string_view::npos;
 }
 
 // Inline, so that a program that writes bundles needs no library.

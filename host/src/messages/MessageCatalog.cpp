@@ -94,11 +94,14 @@ std::unique_ptr<MessageCatalog> MessageCatalog::openCatalog(const char* id,
 
 ustring MessageCatalog::lookup(const char* key) const {
   if (!key) throw MessageNotFound();
-  const std::string stored = storedKey(key);
+  // Most keys can be stored as they are, and need no copy then.
+  const bool isPlain = std::ranges::all_of(std::string_view(key), canBeStored);
+  const std::string other = isPlain ? std::string() : storedKey(key);
+  const char* const stored = isPlain ? key : other.c_str();
   for (const Bundle& bundle : bundles_) {
     UErrorCode status = U_ZERO_ERROR;
     int32_t length = 0;
-    const UChar* text = ures_getStringByKey(bundle.get(), stored.c_str(), &length, &status);
+    const UChar* text = ures_getStringByKey(bundle.get(), stored, &length, &status);
     requireMemory(status);
     if (U_SUCCESS(status)) return ustring(text, text + length);
   }
