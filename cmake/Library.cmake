@@ -46,3 +46,28 @@ if(NOT VGDT_HOST_DIR)
   install(FILES ${PROJECT_BINARY_DIR}/vgdatatypesConfigVersion.cmake
           DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/vgdatatypes)
 endif()
+
+# The labels of the enumerated types, where the stand-in looks for the library's catalogue. Another
+# host has its own form of catalogues.
+if(NOT VGDT_HOST_DIR)
+  set(labels ${PROJECT_BINARY_DIR}/made/labels/root.txt)
+  set(catalog VORTIL/vgdatatypes/vgdatatypes)
+  set(catalog_dir ${CMAKE_LIBRARY_OUTPUT_DIRECTORY}/vghost/catalogs/${catalog})
+  file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/made/labels ${catalog_dir})
+  add_executable(write_labels generated/labels/write_labels.cpp)
+  target_include_directories(write_labels PRIVATE include host/include)
+  set_target_properties(write_labels PROPERTIES
+    RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/made)
+  add_custom_command(
+    OUTPUT ${catalog_dir}/root.res
+    BYPRODUCTS ${labels}
+    COMMAND write_labels ${labels}
+    COMMAND ${GENRB} --encoding UTF-8 --quiet --destdir ${catalog_dir} ${labels}
+    DEPENDS write_labels
+    COMMENT "Bundling labels"
+    VERBATIM)
+  add_custom_target(vgdatatypes_labels ALL DEPENDS ${catalog_dir}/root.res)
+  add_dependencies(vgdatatypes vgdatatypes_labels)
+  install(DIRECTORY ${catalog_dir}/
+          DESTINATION ${CMAKE_INSTALL_LIBDIR}/vghost/catalogs/${catalog})
+endif()

@@ -20,6 +20,12 @@ vcos::COSValue newValue(int enumerator) {
   return vcos::COSValue::fromPointer(new Value(static_cast<typename Value::value>(enumerator)));
 }
 
+template <class DataType>
+vcos::JavaTypeConversion* newJavaConversion(vcos::COSDataType& type, const char* dottedName) {
+  return VGTypedEnumStringType::createJavaConverter(static_cast<const DataType*>(&type),
+                                                    dottedName);
+}
+
 // clang-format off
 
 // Classes of their own although they add nothing: every class of a type has its own name.
@@ -63,8 +69,9 @@ vcos::COSValue newValue(int enumerator) {
   vcos::COSValue Type##VC::from(vcos::COSValue array) const {                                    \
     return valueFromArray(dataType_, #Type, newValue<Type>, array);                              \
   }                                                                                              \
-  VGDT_REGISTER_TYPE(Type, init_GraphicsDatatype_##Type##DataType,                               \
-                     init_GraphicsDatatype_##Type##DataType_callback)
+  VGDT_REGISTER_TYPE_WITH(Type, newJavaConversion<Type##DataType>,                               \
+                          init_GraphicsDatatype_##Type##DataType,                                \
+                          init_GraphicsDatatype_##Type##DataType_callback)
 #include <graphics/datatype/enumerated_types.def>
 
 // clang-format on

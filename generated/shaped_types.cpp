@@ -31,6 +31,10 @@ Value* newDefault(const shaped::ShapedType& type) {
   return shaped::valueFromText(type, text, newValue<Value>).template asPointer<Value>();
 }
 
+vcos::JavaTypeConversion* newJavaConversion(vcos::COSDataType& type, const char* dottedName) {
+  return ArrayBase::createJavaConverter(&type, dottedName);
+}
+
 }  // namespace
 
 // clang-format off
@@ -78,8 +82,9 @@ Value* newDefault(const shaped::ShapedType& type) {
   vcos::COSValue Type##VC::from(vcos::COSValue array) const {                                  \
     return array.isNull() ? array : newValue<Type>(array.asPointer<const vxArray>());          \
   }                                                                                            \
-  VGDT_REGISTER_TYPE(Type, init_GraphicsDatatype_##Type##DataType,                             \
-                     init_GraphicsDatatype_##Type##_callback)
+  VGDT_REGISTER_TYPE_WITH(Type, newJavaConversion,                                             \
+                          init_GraphicsDatatype_##Type##DataType,                              \
+                          init_GraphicsDatatype_##Type##_callback)
 #include <graphics/datatype/shaped_types.def>
 
 // clang-format on

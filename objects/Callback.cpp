@@ -1,9 +1,12 @@
+#include "JavaObjects.h"
+#include "NewArray.h"
 #include "PropertyDataType.ipp"
 #include "TypeRegistration.h"
 
 #include <graphics/datatype/CallbackDataType.h>
 #include <messages/catalog.h>
 #include <vx/errors.h>
+#include <vx/literal.h>
 
 namespace graphics::datatype {
 
@@ -63,6 +66,45 @@ COSValue CallbackVC::from(COSValue array) const {
   if (array.isNull()) return {};
   return made([array] { return new VCallback(array.asPointer<const vxArray>()); });
 }
+
+namespace {
+
+/// What people read of a callback: its code, or the function or the cell array as the host prints
+/// it.
+gui_objects::UTF16String displayText(const vxArray* callback) {
+  if (vxGetClassID(callback) == vxCHAR_CLASS) return unitsIn(callback);
+  return fl::i18n::to_ustring(vghost::formatLiteral(callback));
+}
+
+struct CallbackInJava {
+  using Value = VCallback;
+  static constexpr JavaName kClass{"com.lindgrove.vg.types.VGCallback"};
+  static constexpr const char* kFile = "objects/Callback";
+
+  static COSValue ofNull() { return {}; }
+  static jobject toJava(const JavaClass& javaClass, const VCallback& callback) {
+    JNIEnv& java = javaClass.java();
+    const ArrayPtr array(callback.convertToVortilArray(true));
+    const auto text = newJavaString(java, displayText(array.get()), Place(kFile));
+    const Local<> reference(java, hostArrayConversion()
+                                      .to(COSValue::fromPointer(array.get()))
+                                      .asPointer<_jobject>());
+    return javaClass.create("(Ljava/lang/String;Lcom/lindgrove/jvi/types/VLArrayRef;)V",
+                            text.get(), reference.get());
+  }
+  static COSValue fromJava(const JavaObject& object) {
+    const Local<> reference =
+        object.object("getCallbackObject", "()Lcom/lindgrove/jvi/types/VLArrayRef;");
+    const ArrayPtr array(hostArrayConversion()
+                             .from(COSValue::fromPointer(reference.get()))
+                             .asPointer<vxArray>());
+    return CallbackVC().from(COSValue::fromPointer(array.get()));
+  }
+};
+
+}  // namespace
+
+VGDT_JAVA_CONVERSION(CallbackJC, CallbackInJava)
 
 VGDT_REGISTER_TYPE(Callback, init_VortilGraphicsDatatype_CallbackDataType,
                    init_VortilGraphicsDatatype_CallbackDataType_callback)

@@ -1,19 +1,20 @@
 #include "HostText.h"
+#include "JavaObjects.h"
 #include "PropertyDataType.ipp"
 #include "TypeRegistration.h"
 
 #include <graphics/datatype/FontNameDataType.h>
 #include <java/environment.h>
+#include <java/strings.h>
 #include <ut/unicode.h>
 #include <vx/array.h>
 #include <vx/errors.h>
 
 #include <jni.h>
 
-#include <algorithm>
 #include <cstring>
 #include <memory>
-#include <string_view>
+#include <string>
 
 namespace graphics::datatype {
 
@@ -91,30 +92,8 @@ UTF16String asUTF16String(const char* text) {
 
 namespace {
 
-constexpr const char* kJavaClass = "com/lindgrove/vg/types/VGFontName";
-
-/// A local reference, deleted when its owner ends.
-template <class Object>
-class LocalReference {
- public:
-  LocalReference(JNIEnv& java, Object object) : java_(java), object_(object) {}
-  ~LocalReference() { java_.DeleteLocalRef(object_); }
-  LocalReference(const LocalReference&) = delete;
-  LocalReference& operator=(const LocalReference&) = delete;
-
-  Object get() const { return object_; }
-
- private:
-  JNIEnv& java_;
-  Object object_;
-};
-
-jstring newJavaString(JNIEnv& java, const char* text) {
-  const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
-  if (std::ranges::all_of(std::string_view(text), isAscii)) return java.NewStringUTF(text);
-  const UTF16String units = asUTF16String(text);  // the other call reads modified UTF-8
-  return java.NewString(units.data(), static_cast<jsize>(units.size()));
-}
+constexpr const char* kFile = "objects/FontNameDataTypeImpl";
+constexpr JavaName kFontName{"com.lindgrove.vg.types.VGFontName"};
 
 }  // namespace
 
@@ -122,23 +101,46 @@ bool isFontNameValidIgnoreCase(const char* name) {
   if (!name || *name == '\0') return false;
   JNIEnv* const java = GetJNIEnvR();
   if (!java) return true;
-  const LocalReference javaClass(*java, java->FindClass(kJavaClass));
+  const Local<jclass> javaClass(*java, java->FindClass(kFontName.path));
   if (!javaClass.get() || java->ExceptionCheck()) {
     java->ExceptionClear();
-    vxErrMsgIdAndTxt(kError,
-                     "JNI cannot find class %s in file objects/FontNameDataTypeImpl line %d",
-                     kJavaClass, __LINE__);
+    vxErrMsgIdAndTxt(kError, "JNI cannot find class %s in file %s line %d", kFontName.path, kFile,
+                     __LINE__);
   }
-  const LocalReference javaName(*java, newJavaString(*java, name));
-  const jmethodID isValid =
-      javaName.get() ? java->GetStaticMethodID(javaClass.get(), "isFontNameValidIgnoreCase",
-                                               "(Ljava/lang/String;)Z")
-                     : nullptr;
+  const jmethodID isValid = java->GetStaticMethodID(javaClass.get(), "isFontNameValidIgnoreCase",
+                                                    "(Ljava/lang/String;)Z");
+  const Local<jstring> javaName(
+      *java, isValid ? vljCreateStringFromUString(java, asUTF16String(name)) : nullptr);
   const bool result =
-      isValid && java->CallStaticBooleanMethod(javaClass.get(), isValid, javaName.get()) == 1;
+      javaName.get() &&
+      java->CallStaticBooleanMethod(javaClass.get(), isValid, javaName.get()) == JNI_TRUE;
   if (!java->ExceptionCheck()) return result;
   java->ExceptionClear();
   return false;
+}
+
+COSValue FontNameJC::to(COSValue value) const {
+  const auto* const name = value.asPointer<const char>();
+  if (!name) return {};
+  const Place place(kFile);
+  const JavaClass javaClass(*this, kFontName, place);
+  const auto javaName = newJavaString(javaClass.java(), name, place);
+  return COSValue::fromPointer(javaClass.newInstance(
+      "(Ljava/lang/String;)Lcom/lindgrove/vg/types/VGFontName;", javaName.get()));
+}
+
+COSValue FontNameJC::from(COSValue object) const {
+  const Place place(kFile);
+  if (object.isNull()) place.raise("Invalid font: null");
+  const JavaClass javaClass(*this, kFontName, place);
+  javaClass.requireInstance(object.asPointer<_jobject>());
+  const std::string name = JavaObject(javaClass, object.asPointer<_jobject>()).text("getFontName");
+  if (name.empty()) place.raise("Invalid font name");
+  return COSValue::fromPointer(copyText(name.c_str()));
+}
+
+const char* FontNameJC::getJavaDeclarationName() {
+  return kFontName.dotted;
 }
 
 }  // namespace graphics::datatype

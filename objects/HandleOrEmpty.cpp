@@ -1,3 +1,4 @@
+#include "JavaObjects.h"
 #include "NewArray.h"
 #include "PropertyDataType.ipp"
 #include "TypeRegistration.h"
@@ -175,6 +176,26 @@ COSValue HandleOrEmptyVC::to(COSValue value) const {
 
 COSValue HandleOrEmptyVC::from(COSValue array) const {
   return COSValue::fromPointer(new HandleOrEmpty(array.asPointer<const vxArray>()));
+}
+
+COSValue HandleOrEmptyJC::to(COSValue value) const {
+  const auto* const handle = value.asPointer<const HandleOrEmpty>();
+  const COSInterfacePtr object = handle ? handle->getCOSReference() : COSInterfacePtr();
+  if (!object) return {};
+  return javaConversionOf("handle scalar").to(COSValue::fromPointer(object.get()));
+}
+
+COSValue HandleOrEmptyJC::from(COSValue object) const {
+  auto* const referred =
+      object.isNull() ? nullptr
+                      : javaConversionOf("handle scalar").from(object).asPointer<COSInterface>();
+  const COSInterfacePtr reference(referred);
+  if (referred) referred->release();  // the count that came with it
+  return COSValue::fromPointer(new HandleOrEmpty(reference));
+}
+
+const char* HandleOrEmptyJC::getJavaDeclarationName() {
+  return "com.lindgrove.jvi.bean.UDDObject";
 }
 
 VGDT_REGISTER_TYPE(HandleOrEmpty, init_VortilGraphicsDatatype_HandleOrEmptyDataType,

@@ -1,6 +1,6 @@
 #include "NumberText.h"
 #include "PropertyDataType.ipp"
-#include "StyledValues.h"
+#include "StyledJavaValues.h"
 #include "TypeRegistration.h"
 
 #include <graphics/datatype/MeshAlphaDataType.h>
@@ -97,6 +97,31 @@ COSValue MeshAlphaVC::from(COSValue array) const {
     vxErrMsgId(real::ExpectedNumeric());
   return COSValue::fromPointer(new MeshAlpha(vxGetScalar(given)));
 }
+
+namespace {
+
+struct MeshAlphaInJava {
+  using Value = MeshAlpha;
+  static constexpr JavaName kClass{"com.lindgrove.vg.types.VGAlpha"};
+  static constexpr const char* kFile = "objects/MeshAlpha";
+  static constexpr const char* kNullText = "Input parameter for MeshAlpha must not be NULL ";
+
+  static jobject toJava(const JavaClass& javaClass, const MeshAlpha& alpha) {
+    return alpha.getStyle() == MeshAlpha::kNumeric
+               ? javaClass.create("(DI)V", alpha.getAlpha(), jint{0})
+               : javaClass.create("(II)V", jint{alpha.getStyle()}, jint{0});
+  }
+  static COSValue fromJava(const JavaObject& object) {
+    const auto style = styleIn<MeshAlpha>(object, "MeshAlpha");
+    return style == MeshAlpha::kNumeric
+               ? COSValue::fromPointer(new MeshAlpha(object.number("getAlpha")))
+               : styledValue<MeshAlpha>(style);
+  }
+};
+
+}  // namespace
+
+VGDT_JAVA_CONVERSION(MeshAlphaJC, MeshAlphaInJava)
 
 VGDT_REGISTER_TYPE(MeshAlpha, init_VortilGraphicsDatatype_MeshAlphaDataType,
                    init_VortilGraphicsDatatype_MeshAlphaDataType_callback)

@@ -1,3 +1,4 @@
+#include "JavaObjects.h"
 #include "NewArray.h"
 #include "PropertyDataType.ipp"
 #include "TypeRegistration.h"
@@ -173,6 +174,48 @@ COSValue NLineStylesVC::to(COSValue value) const {
 COSValue NLineStylesVC::from(COSValue array) const {
   return COSValue::fromPointer(new NLineStyles(array.asPointer<const vxArray>()));
 }
+
+namespace {
+
+struct NLineStylesInJava {
+  using Value = NLineStyles;
+  static constexpr JavaName kClass{"com.lindgrove.vg.types.VGLineStyles"};
+  static constexpr const char* kFile = "objects/NLineStylesImpl";
+  static constexpr const char* kNullText = "Input parameter for NLineStyles must not be NULL ";
+
+  static jobject toJava(const JavaClass& javaClass, const NLineStyles& styles) {
+    const Place place(kFile);
+    const auto newTexts = [&](auto part) {
+      const auto newText = [&](std::size_t i) {
+        return newJavaString(javaClass.java(), (styles.getStyles()[i].*part)(), place);
+      };
+      return newStringArray(javaClass.java(), styles.getStyles().size(), newText, place);
+    };
+    const auto lines = newTexts(&LineMarkerStyle::getLineStyle);
+    const auto markers = newTexts(&LineMarkerStyle::getMarkerStyle);
+    const jobject made = javaClass.tryNewInstance(
+        "([Ljava/lang/String;[Ljava/lang/String;)Lcom/lindgrove/vg/types/VGLineStyles;",
+        lines.get(), markers.get());
+    if (!javaClass.succeeded(made)) place.raise("Line styles are not parsable");
+    return made;
+  }
+
+  static COSValue fromJava(const JavaObject& object) {
+    const Local<> styles = object.object("getConcatenatedStyles", "()[Ljava/lang/String;");
+    std::vector<std::string> texts;
+    forEachText(
+        object.java(), static_cast<jobjectArray>(styles.get()),
+        [&texts](const auto& units) {
+          texts.push_back(fl::i18n::to_utf8(units.data(), units.size()));
+        },
+        Place(kFile));
+    return COSValue::fromPointer(new NLineStyles(texts));
+  }
+};
+
+}  // namespace
+
+VGDT_JAVA_CONVERSION(NLineStylesJC, NLineStylesInJava)
 
 VGDT_REGISTER_TYPE(NLineStyles, init_VortilGraphicsDatatype_NLineStylesDataType,
                    init_VortilGraphicsDatatype_NLineStylesDataType_callback)

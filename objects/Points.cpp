@@ -1,6 +1,7 @@
 // Point2, Point2d, Point3, PositivePoint3 and Rectangle2: the values are objects of the host's own
 // geometric classes.
 
+#include "JavaObjects.h"
 #include "NewArray.h"
 #include "NumericArrays.h"
 #include "TypeRegistration.h"
@@ -206,6 +207,87 @@ COSValue Rectangle2SC::from(COSValue text) const {
   return COSValue::fromPointer(PropertyTypeTraits<Rectangle2DataType>::create(
       truncated(a), truncated(b), truncated(c), truncated(d)));
 }
+
+// --- Java ---------------------------------------------------------------------------------------
+
+namespace {
+
+struct Point2InJava {
+  using Value = Point2i;
+  static constexpr JavaName kClass{"java.awt.Point"};
+  static constexpr const char* kFile = "objects/Points";
+  static constexpr const char* kNullText = "Input parameter for Point2 must not be NULL ";
+
+  static jobject toJava(const JavaClass& javaClass, const Point2i& p) {
+    return javaClass.create("(II)V", jint{p.x}, jint{p.y});
+  }
+  /// Kept: what goes out as whole numbers comes back through getters of doubles.
+  static COSValue fromJava(const JavaObject& object) {
+    const Point2d point{object.number("getX"), object.number("getY")};
+    return COSValue::fromPointer(PropertyTypeTraits<Point2DataType>::create(point.asPoint2i()));
+  }
+};
+
+struct Point2dInJava {
+  using Value = Point2d;
+  static constexpr JavaName kClass{"com.lindgrove.vg.types.VGPoint"};
+  static constexpr const char* kFile = "objects/Points";
+  static constexpr const char* kNullText = "Input parameter for Point2d must not be NULL ";
+
+  static jobject toJava(const JavaClass& javaClass, const Point2d& p) {
+    return javaClass.create("(DD)V", p.x, p.y);
+  }
+  static COSValue fromJava(const JavaObject& object) {
+    const auto [x, y] = object.components<2>();
+    return COSValue::fromPointer(PropertyTypeTraits<Point2dDataType>::create(x, y));
+  }
+};
+
+struct Point3InJava {
+  using Value = Point3d;
+  static constexpr JavaName kClass{"com.lindgrove.vg.types.VGPoint3"};
+  static constexpr const char* kFile = "objects/Points";
+  static constexpr const char* kNullText = "Input parameter for Point3 must not be NULL ";
+
+  static jobject toJava(const JavaClass& javaClass, const Point3d& p) {
+    return javaClass.create("(DDD)V", p.x, p.y, p.z);
+  }
+  static COSValue fromJava(const JavaObject& object) {
+    const auto [x, y, z] = object.components<3>();
+    return COSValue::fromPointer(PropertyTypeTraits<Point3DataType>::create(x, y, z));
+  }
+};
+
+/// Kept: nothing asks for positive numbers on this way.
+struct PositivePoint3InJava : Point3InJava {
+  static constexpr const char* kNullText = "Input parameter for PositivePoint3 must not be NULL ";
+};
+
+struct Rectangle2InJava {
+  using Value = Rectangle2i;
+  static constexpr JavaName kClass{"java.awt.Rectangle"};
+  static constexpr const char* kFile = "objects/Points";
+  static constexpr const char* kNullText = "Input parameter for Rectangle2 must not be NULL ";
+
+  static jobject toJava(const JavaClass& javaClass, const Rectangle2i& r) {
+    return javaClass.create("(IIII)V", jint{r.getXMin()}, jint{r.getYMin()}, jint{r.getWidth()},
+                            jint{r.getHeight()});
+  }
+  /// Kept: a size goes out, and the far corner that comes back is taken as a size.
+  static COSValue fromJava(const JavaObject& object) {
+    return COSValue::fromPointer(PropertyTypeTraits<Rectangle2DataType>::create(
+        truncated(object.number("getMinX")), truncated(object.number("getMinY")),
+        truncated(object.number("getMaxX")), truncated(object.number("getMaxY"))));
+  }
+};
+
+}  // namespace
+
+VGDT_JAVA_CONVERSION(Point2JC, Point2InJava)
+VGDT_JAVA_CONVERSION(Point2dJC, Point2dInJava)
+VGDT_JAVA_CONVERSION(Point3JC, Point3InJava)
+VGDT_JAVA_CONVERSION(PositivePoint3JC, PositivePoint3InJava)
+VGDT_JAVA_CONVERSION(Rectangle2JC, Rectangle2InJava)
 
 VGDT_REGISTER_TYPE(Point2, init_VortilGraphicsDatatype_Point2DataType,
                    init_VortilGraphicsDatatype_Point2DataType_callback)

@@ -1,3 +1,4 @@
+#include "JavaObjects.h"
 #include "NewArray.h"
 #include "NumericArrays.h"
 #include "RoundOff.h"
@@ -126,6 +127,27 @@ COSValue PositionSC::from(COSValue text) const {
     return COSValue::fromPointer(Values::createDefault());
   }
 }
+
+namespace {
+
+struct PositionInJava {
+  using Value = Position;
+  static constexpr JavaName kClass{"com.lindgrove.vg.types.VGRectangle"};
+  static constexpr const char* kFile = "objects/Position";
+  static constexpr const char* kNullText = "Input parameter for Position must not be NULL ";
+
+  static jobject toJava(const JavaClass& javaClass, const Position& p) {
+    return javaClass.create("(DDDD)V", p.getX(), p.getY(), p.getWidth(), p.getHeight());
+  }
+  static COSValue fromJava(const JavaObject& object) {
+    const auto [x, y, width, height] = object.components<4>();
+    return COSValue::fromPointer(Values::create(x, y, width, height));
+  }
+};
+
+}  // namespace
+
+VGDT_JAVA_CONVERSION(PositionJC, PositionInJava)
 
 VGDT_REGISTER_TYPE(Position, init_VortilGraphicsDatatype_PositionDataType,
                    init_VortilGraphicsDatatype_PositionDataType_callback)

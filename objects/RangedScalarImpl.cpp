@@ -1,5 +1,6 @@
 // Positive and LightingStrength: one number each, confined to a range.
 
+#include "JavaObjects.h"
 #include "NumberText.h"
 #include "PropertyDataType.ipp"
 #include "TypeRegistration.h"
@@ -72,16 +73,22 @@ double readNumber(const char* text, const char* identifier, const char* fault) {
   }
 }
 
+/// Of the number that `read` gives; what the type refuses becomes a host error.
+template <class Type, class Read>
+COSValue newValue(Read&& read) {
+  try {
+    return COSValue::fromPointer(new Type(read()));
+  } catch (const InvalidValueException& error) {
+    vxErrMsgWrapper(error.identifier().c_str(), error.text().c_str(), RangeOf<Type>::kName);
+  }
+}
+
 template <class Type>
 COSValue valueFromArray(COSValue array) {
   if (array.isNull()) return array;
-  using Range = RangeOf<Type>;
-  try {
-    const double number = readScalar(array.asPointer<const vxArray>(), Range::kInvalidArray);
-    return COSValue::fromPointer(new Type(number));
-  } catch (const InvalidValueException& error) {
-    vxErrMsgWrapper(error.identifier().c_str(), error.text().c_str(), Range::kName);
-  }
+  return newValue<Type>([array] {
+    return readScalar(array.asPointer<const vxArray>(), RangeOf<Type>::kInvalidArray);
+  });
 }
 
 /// Kept: the exception passes to the caller, unlike that of an array.
@@ -105,7 +112,23 @@ COSValue arrayOf(COSValue value) {
       value.isNull() ? Type().getValue() : value.asPointer<const Type>()->getValue()));
 }
 
+struct PositiveInJava {
+  using Value = Positive;
+  static constexpr JavaName kClass{"com.lindgrove.vg.types.VGDouble"};
+  static constexpr const char* kFile = "objects/RangedScalarImpl";
+  static constexpr const char* kNullText = "Invalid value for Positive type: NULL";
+
+  static jobject toJava(const JavaClass& javaClass, const Positive& value) {
+    return javaClass.create("(D)V", value.getValue());
+  }
+  static COSValue fromJava(const JavaObject& object) {
+    return newValue<Positive>([&object] { return object.number("getValue"); });
+  }
+};
+
 }  // namespace
+
+VGDT_JAVA_CONVERSION(PositiveJC, PositiveInJava)
 
 template <class Type>
 RangedScalar<Type>::RangedScalar() noexcept : value_(RangeOf<Type>::kDefault) {}

@@ -1,4 +1,5 @@
 #include "HostText.h"
+#include "JavaObjects.h"
 #include "NewArray.h"
 #include "PropertyDataType.ipp"
 #include "TypeRegistration.h"
@@ -78,6 +79,36 @@ COSValue UTF16StringVC::from(COSValue array) const {
   return COSValue::fromPointer(new UTF16String(oneString(array.asPointer<const vxArray>())));
 }
 
+namespace {
+
+constexpr const char* kJavaFile = "objects/Strings";
+constexpr JavaName kJavaString{"java.lang.String"};
+constexpr JavaName kJavaStrings{"java.lang.String[]"};
+
+}  // namespace
+
+COSValue UTF16StringJC::to(COSValue value) const {
+  const Place place(kJavaFile);
+  const auto* const text = value.asPointer<const UTF16String>();
+  return COSValue::fromPointer(newJavaString(requireJava(*this, kJavaString.path, place),
+                                             text ? *text : UTF16String(), place)
+                                   .release());
+}
+
+COSValue UTF16StringJC::from(COSValue object) const {
+  if (object.isNull()) return COSValue::fromPointer(new UTF16String);
+  const Place place(kJavaFile);
+  const JavaClass javaClass(*this, kJavaString, place);
+  auto* const text = object.asPointer<_jobject>();
+  javaClass.requireInstance(text);
+  return COSValue::fromPointer(
+      new UTF16String(unitsOf(javaClass.java(), static_cast<jstring>(text), place)));
+}
+
+const char* UTF16StringJC::getJavaDeclarationName() {
+  return kJavaString.dotted;
+}
+
 VGDT_REGISTER_TYPE(UTF16String, init_VortilGraphicsDatatype_UTF16StringDataType,
                    init_VortilGraphicsDatatype_UTF16StringDataType_callback)
 
@@ -154,6 +185,38 @@ COSValue NStringsVC::to(COSValue value) const {
 
 COSValue NStringsVC::from(COSValue array) const {
   return COSValue::fromPointer(new NStrings(array.asPointer<const vxArray>()));
+}
+
+COSValue NStringsJC::to(COSValue value) const {
+  const Place place(kJavaFile);
+  JNIEnv& java = requireJava(*this, kJavaString.path, place);
+  const ArrayPtr cells(NStringsVC().to(value).asPointer<vxArray>());
+  const auto newText = [&](std::size_t i) {
+    const vxArray* const text = vxGetCell(cells.get(), i);
+    return newJavaString(java, unitsIn(text), place);
+  };
+  return COSValue::fromPointer(
+      newStringArray(java, vxGetNumberOfElements(cells.get()), newText, place).release());
+}
+
+COSValue NStringsJC::from(COSValue object) const {
+  if (object.isNull()) return COSValue::fromPointer(new NStrings);
+  const Place place(kJavaFile);
+  const JavaClass javaClass(*this, kJavaStrings, place);
+  auto* const texts = object.asPointer<_jobject>();
+  javaClass.requireInstance(texts);
+  std::vector<UTF16String> list;
+  forEachText(
+      javaClass.java(), static_cast<jobjectArray>(texts),
+      [&list](UTF16String text) { list.push_back(std::move(text)); }, place);
+  const ArrayPtr cells(vxCreateCellMatrix(list.size(), 1));
+  for (std::size_t i = 0; i < list.size(); ++i)
+    vxSetCell(cells.get(), i, vxCreateString_UTF16(list[i].data(), list[i].size()));
+  return COSValue::fromPointer(new NStrings(cells.get()));
+}
+
+const char* NStringsJC::getJavaDeclarationName() {
+  return kJavaStrings.dotted;
 }
 
 VGDT_REGISTER_TYPE(NStrings, init_VortilGraphicsDatatype_NStringsDataType,

@@ -3,7 +3,7 @@
 #include "NewArray.h"
 #include "NumberText.h"
 #include "PropertyDataType.ipp"
-#include "StyledValues.h"
+#include "StyledJavaValues.h"
 #include "TypeRegistration.h"
 
 #include <graphics/datatype/ColorNameTable.h>
@@ -180,6 +180,91 @@ COSValue MeshColorVC::from(COSValue array) const {
     vxErrMsgId(real::ExpectedNumeric1());
   return valueFromArray<MeshColor, VORTIL::datatypes::MeshColor::ValueMustBe3ElementVector>(given);
 }
+
+// --- Java ---------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr const char* kJavaFile = "objects/StyledColors";
+
+template <class Color>
+COSValue colorFromComponents(const JavaObject& object) {
+  const auto [red, green, blue, alpha] = object.components<4>();
+  return COSValue::fromPointer(new Color(red, green, blue, alpha));
+}
+
+struct RGBAColorInJava {
+  using Value = RGBAColor;
+  static constexpr JavaName kClass{"com.lindgrove.vg.types.VGColor"};
+  static constexpr const char* kFile = kJavaFile;
+
+  static COSValue ofNull() { return styledValue<RGBAColor>(ColorStyle::kNone); }
+  static jobject toJava(const JavaClass& javaClass, const RGBAColor& c) {
+    if (c.getStyle() == ColorStyle::kNone) return nullptr;
+    return javaClass.create("(DDDD)V", c.getRed(), c.getGreen(), c.getBlue(), c.getAlpha());
+  }
+  static COSValue fromJava(const JavaObject& object) {
+    return colorFromComponents<RGBAColor>(object);
+  }
+};
+
+struct MarkerColorInJava {
+  using Value = MarkerColor;
+  static constexpr JavaName kClass{"com.lindgrove.vg.types.VGStyledColor"};
+  static constexpr const char* kFile = kJavaFile;
+  static constexpr const char* kNullText = "Input parameter for marker color must not be NULL ";
+
+  static jobject toJava(const JavaClass& javaClass, const MarkerColor& c) {
+    JNIEnv& java = javaClass.java();
+    const Place place(kFile);
+    const auto& names = MarkerColorStyle::getInstance()->getEnumStrings();
+    const auto newName = [&](std::size_t i) { return newAsciiString(java, names[i].c_str(), place); };
+    const auto styles = newStringArray(java, names.size(), newName, place);
+    if (c.getStyle() == MarkerColor::kNumeric)
+      return javaClass.newInstance(
+          "(DDDD[Ljava/lang/String;)Lcom/lindgrove/vg/types/VGStyledColor;", c.getRed(),
+          c.getGreen(), c.getBlue(), c.getAlpha(), styles.get());
+    const char* const word = wordOf(c);
+    if (!word) raiseInvalidStyle(place, "MarkerColor", std::to_string(int{c.getStyle()}));
+    const auto name = newAsciiString(java, word, place);
+    return javaClass.newInstance(
+        "(Ljava/lang/String;[Ljava/lang/String;)Lcom/lindgrove/vg/types/VGStyledColor;",
+        name.get(), styles.get());
+  }
+  static COSValue fromJava(const JavaObject& object) {
+    if (!object.truth("isStyle")) return colorFromComponents<MarkerColor>(object);
+    const std::string name = object.text("getStyleName");
+    const auto style = styleNamed<MarkerColor>(name.c_str());
+    if (!style || style == MarkerColor::kNumeric)
+      raiseInvalidStyle(Place(kFile), "MarkerColor", name);
+    return styledValue<MarkerColor>(*style);
+  }
+};
+
+struct MeshColorInJava {
+  using Value = MeshColor;
+  static constexpr JavaName kClass{"com.lindgrove.vg.types.VGMeshColor"};
+  static constexpr const char* kFile = kJavaFile;
+  static constexpr const char* kNullText = "Input parameter for mesh color must not be NULL ";
+
+  static jobject toJava(const JavaClass& javaClass, const MeshColor& c) {
+    if (c.getStyle() != MeshColor::kNumeric)
+      return javaClass.create("(II)V", jint{c.getStyle()}, jint{0});
+    return javaClass.create("(DDDDI)V", c.getRed(), c.getGreen(), c.getBlue(), c.getAlpha(),
+                            jint{0});
+  }
+  static COSValue fromJava(const JavaObject& object) {
+    const auto style = styleIn<MeshColor>(object, "MeshColor");
+    return style == MeshColor::kNumeric ? colorFromComponents<MeshColor>(object)
+                                        : styledValue<MeshColor>(style);
+  }
+};
+
+}  // namespace
+
+VGDT_JAVA_CONVERSION(RGBAColorJC, RGBAColorInJava)
+VGDT_JAVA_CONVERSION(MarkerColorJC, MarkerColorInJava)
+VGDT_JAVA_CONVERSION(MeshColorJC, MeshColorInJava)
 
 // clang-format off
 

@@ -1,14 +1,22 @@
+#include "FloatElements.h"
+#include "JavaDetour.h"
 #include "PropertyDataType.ipp"
+#include "ShapedArrayJavaConverter.h"
 #include "TextLines.h"
 #include "TypeRegistration.h"
 
+#include <graphics/datatype/NStringsDataType.h>
 #include <graphics/datatype/NumericOrStringDataType.h>
+#include <graphics/datatype/Point3DataType.h>
 #include <graphics/datatype/TextStringDataType.h>
+#include <graphics/datatype/shaped_types.h>
 #include <messages/catalog.h>
 #include <vg/MatrixTraits.h>
 #include <vx/errors.h>
 #include <boost/shared_ptr.hpp>
 
+#include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -226,6 +234,51 @@ COSValue NumericOrStringVC::to(COSValue value) const {
 }
 COSValue NumericOrStringVC::from(COSValue array) const {
   return valueFromArray<NumericOrString>(array);
+}
+
+// --- Java ---------------------------------------------------------------------------------------
+
+COSValue NumericOrStringJC::to(COSValue value) const {
+  return JavaDetour::by<NumericOrStringDataType, NStringsDataType>().to(value);
+}
+COSValue NumericOrStringJC::from(COSValue object) const {
+  return JavaDetour::by<NumericOrStringDataType, NStringsDataType>().from(object);
+}
+const char* NumericOrStringJC::getJavaDeclarationName() {
+  return "java.lang.String[]";
+}
+
+namespace {
+
+constexpr const char* kFile = "objects/TextDataTypesImpl";
+constexpr JavaName kPoint3{"com.lindgrove.vg.types.VGPoint3"};
+
+}  // namespace
+
+COSValue TextPositionJavaConverter::to(COSValue value) const {
+  const Place place(kFile);
+  const auto* const position = value.asPointer<const TextPosition>();
+  if (!position) place.raise("NULL is not a valid value fot TextPosition");  // kept: the misspelling
+  const vxArray* const array = position->getPtr();
+  if (ArrayBase::isEmpty(array)) place.raise("Native array size cannot be 0");
+  if (vxGetNumberOfElements(array) > 3) place.raise("Array size must be less than 3");
+  if (vxGetClassID(array) != vxDOUBLE_CLASS) place.raise("Input data type must be double");
+  std::vector<double> numbers = floatsOf(array);
+  if (!std::ranges::all_of(numbers, [](double number) { return std::isfinite(number); }))
+    place.raise("Array element for TextPosition may not be NaN or Inf");
+  numbers.resize(3);
+  return COSValue::fromPointer(JavaClass(*this, kPoint3, place)
+                                   .create("(DDD)V", numbers[0], numbers[1], numbers[2]));
+}
+
+COSValue TextPositionJavaConverter::from(COSValue object) const {
+  if (object.isNull())
+    Place(kFile).raise("Input parameter for text position must not be NULL ");
+  return JavaDetour::by<TextPositionDataType, Point3DataType>().from(object);
+}
+
+const char* TextPositionJavaConverter::getJavaDeclarationName() {
+  return kPoint3.dotted;
 }
 
 VGDT_REGISTER_TYPE(TextString, init_VortilGraphicsDatatype_TextStringDataType,

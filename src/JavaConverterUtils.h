@@ -2,6 +2,7 @@
 
 #include <jni.h>
 
+#include <functional>
 #include <string>
 
 namespace graphics::datatype::JavaConverterUtils {
@@ -11,5 +12,9 @@ namespace graphics::datatype::JavaConverterUtils {
 /// be found.
 void throwJavaException(JNIEnv* env, const std::string& message, const std::string& exceptionClass,
                         const std::string& file, int line);
+
+/// Runs an operation of a native entry and returns its result, or null after a failure, which
+/// becomes a pending Java exception as ConverterTester says.
+jobject guarded(JNIEnv* env, const std::function<jobject()>& operation);
 
 }  // namespace graphics::datatype::JavaConverterUtils

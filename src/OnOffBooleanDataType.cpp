@@ -1,3 +1,5 @@
+#include "JavaObjects.h"
+#include "OnOffBooleanJavaConverter.h"
 #include "TypeRegistration.h"
 #include "WordEnumeration.h"
 
@@ -123,22 +125,58 @@ COSValue OnOffBooleanVC::from(COSValue value) const {
   return OnOffBooleanSC().from(COSValue::fromPointer(text.c_str()));
 }
 
-/// This type alone has a third conversion, and says so when the class system refuses it.
+namespace {
+
+class OnOffBooleanJavaConverter final : public AbstractJavaConverter {
+ public:
+  COSValue to(COSValue value) const override {
+    return COSValue::fromPointer(JavaClass(*this, kClass, Place(kFile))
+                                     .create("(Z)V", static_cast<jboolean>(value.asLogical())));
+  }
+
+  COSValue from(COSValue object) const override {
+    const Place place(kFile);
+    if (object.isNull()) place.raise("Input parameter for OnOffBoolean must not be NULL ");
+    const JavaClass javaClass(*this, kClass, place);
+    javaClass.requireInstance(object.asPointer<_jobject>());
+    return COSValue::fromLogical(
+        JavaObject(javaClass, object.asPointer<_jobject>()).truth("booleanValue"));
+  }
+
+  const char* getJavaDeclarationName() override { return kClass.dotted; }
+
+ private:
+  static constexpr JavaName kClass{"java.lang.Boolean"};
+  static constexpr const char* kFile = "src/OnOffBooleanDataType";
+};
+
+/// The conversion of "bool", which only this type has, comes between those for text and for Java.
+vcos::JavaTypeConversion* addBoolFirst(vcos::COSDataType&, const char*) {
+  addConversion<OnOffBooleanSC>("string", "bool");
+  return new OnOffBooleanJavaConverter;
+}
+
+}  // namespace
+
+std::unique_ptr<AbstractJavaConverter> newOnOffBooleanJavaConverter() {
+  return std::make_unique<OnOffBooleanJavaConverter>();
+}
+
+/// This type alone says so when the class system refuses it.
 template <>
-void registerType<OnOffBooleanDataType, OnOffBooleanVC, OnOffBooleanSC>() {
+void registerType<OnOffBooleanDataType, OnOffBooleanVC, OnOffBooleanSC, addBoolFirst>() {
   auto* type = dynamic_cast<OnOffBooleanDataType*>(OnOffBooleanDataType::getType());
   if (!type) return;
   try {
     addType(*type, OnOffBooleanDataType::kDottedName,
-            makeConversion<OnOffBooleanDataType, OnOffBooleanVC>,
-            makeConversion<OnOffBooleanDataType, OnOffBooleanSC>);
-    addConversion<OnOffBooleanSC>("string", "bool");
+            {makeConversion<OnOffBooleanDataType, OnOffBooleanVC>,
+             makeConversion<OnOffBooleanDataType, OnOffBooleanSC>, addBoolFirst});
   } catch (const vcos::COSException&) {
     vxErrMsgId(messages::MultipleRegistry());
   }
 }
 
 static void registerOnOffBoolean();
-VGDT_REGISTER_TYPE(OnOffBoolean, init_datatypes_OnOffBooleanDataType, registerOnOffBoolean)
+VGDT_REGISTER_TYPE_WITH(OnOffBoolean, addBoolFirst, init_datatypes_OnOffBooleanDataType, registerOnOffBoolean)
 
 }  // namespace graphics::datatype

@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <graphics/datatype/enumerated_types.h>
 #include <graphics/datatype/vgdatatypes.h>
+#include <messages/MessageCatalog.h>
 #include <messages/catalog.h>
 #include <messages/translation.h>
 #include <ut/memory.h>
@@ -124,6 +125,22 @@ TEST_F(Catalogue, EveryBeginningOfANameIsTakenIfItIsOfOneNameOnly) {
       if (!text.empty()) expectRaised(refusal, [&] { access.fromArray(array.get()); });
     }
   });
+}
+
+TEST_F(Catalogue, EveryNameHasALabelThatTheTypeTakes) {
+  for (const char* locale : {"en", "de"}) {
+    const auto labels = fl::i18n::MessageCatalog::openCatalog("VORTIL::vgdatatypes::vgdatatypes",
+                                                              fl::i18n::VwLocale(locale));
+    forEachType([&](const EnumeratedType& expected, const TypeAccess& access) {
+      for (const auto& [name, number] : expected.names) {
+        const std::string key = "vortil_graphics_datatype_" + expected.name + "_" + name;
+        const fl::ustring text = labels->lookup(key.c_str());
+        const std::string label = fl::i18n::to_utf8(text.data(), text.size());
+        EXPECT_EQ(takeNumber(access, access.fromText(label.c_str())), number) << label;
+        EXPECT_NE(label[0], 'I') << "its small letter is not \"i\" in every language";
+      }
+    });
+  }
 }
 
 TEST_F(Catalogue, OnlyTextIsTakenFromArrays) {

@@ -5,6 +5,7 @@
 
 #include <dlfcn.h>
 #include <gmock/gmock.h>
+#include <messages/MessageCatalog.h>
 #include <messages/catalog.h>
 #include <messages/translation.h>
 #include <unicode/resbund.h>
@@ -14,6 +15,7 @@
 #include <vx/errors.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <new>
 #include <set>
 #include <string>
@@ -47,11 +49,16 @@ TEST(MessageCatalog, EveryTextHasPlacesForExactlyTheArgumentsOfItsMessage) {
   }
 }
 
-TEST(MessageCatalog, EveryTranslationBelongsToAMessage) {
+/// Of the bundles beside the library.
+std::string hostDirectory() {
   Dl_info library{};
   dladdr(reinterpret_cast<void*>(&messages::pattern), &library);
   const std::string path = library.dli_fname;
-  const std::string directory = path.substr(0, path.rfind('/') + 1) + "vghost/messages";
+  return path.substr(0, path.rfind('/') + 1) + "vghost/";
+}
+
+TEST(MessageCatalog, EveryTranslationBelongsToAMessage) {
+  const std::string directory = hostDirectory() + "messages";
   UErrorCode status = U_ZERO_ERROR;
   icu::ResourceBundle bundle(directory.c_str(), icu::Locale("de"), status);
   std::set<std::string> orphans;
@@ -63,6 +70,11 @@ TEST(MessageCatalog, EveryTranslationBelongsToAMessage) {
   EXPECT_THAT(orphans, testing::IsEmpty());
 }
 
+/// The text in a catalogue of a library.
+fl::ustring find(const char* id, const char* locale, const char* key) {
+  return fl::i18n::MessageCatalog::openCatalog(id, fl::i18n::VwLocale(locale))->lookup(key);
+}
+
 TEST(Translation, TheLocaleAloneDecidesTheLanguage) {
   const std::string before = uloc_getDefault();
   UErrorCode status = U_ZERO_ERROR;
@@ -72,6 +84,22 @@ TEST(Translation, TheLocaleAloneDecidesTheLanguage) {
     EXPECT_EQ(messages::text(message, locale), "The value has to be \"on\" or \"off\".") << locale;
   for (const char* locale : {"de", "de_CH", "de-AT"})
     EXPECT_EQ(messages::text(message, locale), "Der Wert muss \"on\" oder \"off\" sein.") << locale;
+  const std::string folder = hostDirectory() + "catalogs/messages_test";
+  std::filesystem::remove_all(folder);
+  std::filesystem::create_directories(folder);
+  std::filesystem::create_directory_symlink("../../messages", folder + "/German");
+  const char* const id = "messages_test::German";
+  const char* const key = message.definition().identifier;
+  for (const char* locale : {"de", "de_CH", "de-AT", "de_DE.UTF-8"})
+    EXPECT_EQ(find(id, locale, key), fl::i18n::to_ustring(messages::pattern(key, "de"))) << locale;
+  using fl::i18n::MessageCatalog;
+  for (const char* locale : {"", "en", "fr_DE", "../German/de"})
+    EXPECT_THROW(find(id, locale, key), MessageCatalog::MessageNotFound) << locale;
+  for (const char* bad :
+       {"", "no::such", "messages_test/German", "messages_test::..::..::messages"})
+    EXPECT_THROW(find(bad, "de", key), MessageCatalog::MessageNotFound) << bad;
+  EXPECT_THROW(find(id, "de", "VORTIL:no:Such"), MessageCatalog::MessageNotFound);
+  std::filesystem::remove_all(folder);
   uloc_setDefault(before.c_str(), &status);
   // What is missing falls back to English, and then to the identifier.
   const VORTIL::host::InjectedFailure untranslated("createArray");

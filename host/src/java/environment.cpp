@@ -3,6 +3,8 @@
 #include <dlfcn.h>
 #include <jni.h>
 
+#include <atomic>
+
 namespace {
 
 using FindMachines = jint (*)(JavaVM** machines, jsize size, jsize* count);
@@ -20,29 +22,42 @@ FindMachines findMachines() noexcept {
   return reinterpret_cast<FindMachines>(function);
 }
 
+/// The machine of the process; null while none runs. One that was found is kept: it never ends
+/// before the process does.
 JavaVM* findMachine() noexcept {
+  static constinit std::atomic<JavaVM*> kept = nullptr;
+  JavaVM* machine = kept.load(std::memory_order_relaxed);
+  if (machine) return machine;
   const FindMachines find = findMachines();
-  JavaVM* machine = nullptr;
   jsize count = 0;
-  return find && find(&machine, 1, &count) == JNI_OK && count != 0 ? machine : nullptr;
+  if (!find || find(&machine, 1, &count) != JNI_OK || count == 0) return nullptr;
+  kept.store(machine, std::memory_order_relaxed);
+  return machine;
 }
 
-JNIEnv* environmentOf(JavaVM* machine) noexcept {
+/// What a machine says of the calling thread.
+struct Thread {
+  jint status = JNI_ERR;
+  JNIEnv* environment = nullptr;  ///< null where the status is not JNI_OK
+};
+
+Thread askMachine(JavaVM* machine) noexcept {
   void* environment = nullptr;
-  const bool isAttached = machine && machine->GetEnv(&environment, JNI_VERSION_1_8) == JNI_OK;
-  return isAttached ? static_cast<JNIEnv*>(environment) : nullptr;
+  const jint status = machine ? machine->GetEnv(&environment, JNI_VERSION_1_8) : JNI_ERR;
+  return {status, status == JNI_OK ? static_cast<JNIEnv*>(environment) : nullptr};
 }
 
 }  // namespace
 
 JNIEnv* GetJNIEnvR() noexcept {
-  return environmentOf(findMachine());
+  return askMachine(findMachine()).environment;
 }
 
 JNIEnv* GetJNIEnv() noexcept {
   JavaVM* const machine = findMachine();
-  if (JNIEnv* const attached = environmentOf(machine)) return attached;
+  const Thread thread = askMachine(machine);
+  if (thread.status != JNI_EDETACHED) return thread.environment;
   void* environment = nullptr;
-  const bool isAttached = machine && machine->AttachCurrentThread(&environment, nullptr) == JNI_OK;
+  const bool isAttached = machine->AttachCurrentThread(&environment, nullptr) == JNI_OK;
   return isAttached ? static_cast<JNIEnv*>(environment) : nullptr;
 }

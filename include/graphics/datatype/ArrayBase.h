@@ -13,6 +13,10 @@ class shared_ptr;
 namespace resource_core {
 class BaseMsgID;
 }
+namespace vcos {
+class COSDataType;
+class JavaTypeConversion;
+}
 
 namespace graphics::datatype {
 
@@ -53,6 +57,12 @@ class VGDT_API ArrayBase {
   const vxArray* getPtr() const noexcept { return data_; }
   /// A further shared data copy, which stands in the present array-list context; null for null.
   gui_objects::AutoPtr<vxArray, gui_objects::VxArrayDtor> getSharedDataCopy() const;
+
+  /// The Java conversion of an array type: one that lives as long as the process, the same at each
+  /// call, for the six types that have a Java form of their own, and a new one for any other.
+  /// `typeName` is the dotted name of the type.
+  static vcos::JavaTypeConversion* createJavaConverter(const vcos::COSDataType* type,
+                                                       const char* typeName);
 
   /// Null, or an array without elements.
   static bool isEmpty(const vxArray* array) noexcept;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <gui_objects/BoundingVolume.h>
 #include <vcos/COSTypeConversion.h>
@@ -48,6 +49,9 @@ class VGDT_API BoundingVolumeVC final : public vcos::COSTypeConversion {
   /// its minimum, or the same infinity.
   vcos::COSValue from(vcos::COSValue array) const override;
 };
+
+/// Between a reference to a host array in Java and a word.
+class VGDT_API BoundingVolumeJC final : public ArrayJavaConverter<BoundingVolumeVC> {};
 
 /// Queues the registration of the type; runs at load.
 VGDT_API bool init_VortilGraphicsDatatype_BoundingVolumeDataType();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <vcos/COSTypeConversion.h>
 
@@ -42,6 +43,9 @@ class VGDT_API COSInterfaceVC final : public vcos::COSTypeConversion {
   /// every other array, for null, and for a number that names nothing.
   vcos::COSValue from(vcos::COSValue array) const override;
 };
+
+/// Between a reference to a host array in Java and a word.
+class VGDT_API COSInterfaceJC final : public ArrayJavaConverter<COSInterfaceVC> {};
 
 /// Queues the registration of the type; runs at load.
 VGDT_API bool init_VortilGraphicsDatatype_COSInterfaceDataType();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <callback/VCallback.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <vcos/COSTypeConversion.h>
@@ -41,6 +42,16 @@ class VGDT_API CallbackVC final : public vcos::COSTypeConversion {
   /// Null for null. An array that is no callback, and any other failure, raises
   /// "VORTIL:datatypes:callback:CreateCallback".
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class com.lindgrove.vg.types.VGCallback and a word.
+class VGDT_API CallbackJC final : public AbstractJavaConverter {
+ public:
+  /// Its text is the code, or the function or the cell array as a literal. Null for null.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Takes what CallbackVC takes behind a reference; null gives null.
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Queues the registration of the type; runs at load.

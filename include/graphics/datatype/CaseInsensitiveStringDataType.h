@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <vcos/COSTypeConversion.h>
 
@@ -44,6 +45,9 @@ class VGDT_API CaseInsensitiveStringVC final : public vcos::COSTypeConversion {
   /// Errors: what the host raises for another class ("VORTIL:class:VORTILConversionError").
   vcos::COSValue from(vcos::COSValue array) const override;
 };
+
+/// Between a reference to a host array in Java and a word.
+class VGDT_API CaseInsensitiveStringJC final : public ArrayJavaConverter<CaseInsensitiveStringVC> {};
 
 /// Queues the registration of the type; runs at load.
 VGDT_API bool init_VortilGraphicsDatatype_CaseInsensitiveStringDataType();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <vcos/COSTypeConversion.h>
 #include <vx/array.h>
@@ -53,6 +54,9 @@ class VGDT_API ColorTableVC final : public vcos::COSTypeConversion {
 ///
 /// Errors: those of failed memory; "VORTIL:host:TooManyFields" beyond 2147483647 names.
 VGDT_API vxArray* getColorTableAsArray();
+
+/// Between a reference to a host array in Java and a word.
+class VGDT_API ColorTableJC final : public ArrayJavaConverter<ColorTableVC> {};
 
 /// Queues the registration of the type; runs at load.
 VGDT_API bool init_VortilGraphicsDatatype_ColorTableDataType();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <gui_objects/UTF16String.h>
 #include <vcos/COSTypeConversion.h>
@@ -47,6 +48,16 @@ class VGDT_API FontNameVC final : public vcos::COSTypeConversion {
   /// Errors: "VORTIL:class:VORTILConversionError", for null, an array that is empty or no row, and
   /// a text that reads as none; what that conversion raises for another class.
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class com.lindgrove.vg.types.VGFontName and a word.
+class VGDT_API FontNameJC final : public AbstractJavaConverter {
+ public:
+  /// By its factory newInstance(). Null for null.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Errors: "Invalid font: null" and "Invalid font name", the latter for an empty name.
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Whether Java knows a font of that name, in any case. False for null and for an empty name; true

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/HostAllocated.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <vcos/COSClass.h>
@@ -85,6 +86,16 @@ class VGDT_API HandleOrEmptyVC final : public vcos::COSTypeConversion {
   vcos::COSValue to(vcos::COSValue value) const override;
   /// Takes what setHandle() takes, and raises what it does.
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class com.lindgrove.jvi.bean.UDDObject and a word.
+class VGDT_API HandleOrEmptyJC final : public AbstractJavaConverter {
+ public:
+  /// By the host's conversion "handle scalar"; null for null and where there is no object.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Null gives a value that refers to nothing.
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Queues the registration of the type; runs at load.

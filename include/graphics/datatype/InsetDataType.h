@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <gui_objects/Inset2d.h>
 #include <vcos/COSTypeConversion.h>
@@ -52,6 +53,9 @@ class VGDT_API InsetVC final : public vcos::COSTypeConversion {
   /// "VORTIL:InsetDataType:InvalidInsetException" for a negative margin.
   vcos::COSValue from(vcos::COSValue array) const override;
 };
+
+/// Between a reference to a host array in Java and a word.
+class VGDT_API InsetJC final : public ArrayJavaConverter<InsetVC> {};
 
 /// Queues the registration of the type; runs at load.
 VGDT_API bool init_VortilGraphicsDatatype_InsetDataType();

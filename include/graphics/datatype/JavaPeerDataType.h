@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/HostAllocated.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <java/references.h>
@@ -60,6 +61,9 @@ class VGDT_API JavaPeerVC final : public vcos::COSTypeConversion {
   /// none; null for null.
   vcos::COSValue from(vcos::COSValue array) const override;
 };
+
+/// Between a reference to a host array in Java and a word.
+class VGDT_API JavaPeerJC final : public ArrayJavaConverter<JavaPeerVC> {};
 
 /// Queues the registration of the type; runs at load.
 VGDT_API bool init_VortilGraphicsDatatype_JavaPeerDataType();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <graphics/datatype/RangedScalar.h>
 #include <vcos/COSTypeConversion.h>
@@ -48,6 +49,9 @@ class VGDT_API LightingStrengthVC final : public vcos::COSTypeConversion {
   /// elements, "VORTIL:datatypes:valueOutsideValidRange" for another number.
   vcos::COSValue from(vcos::COSValue array) const override;
 };
+
+/// Between a reference to a host array in Java and a word.
+class VGDT_API LightingStrengthJC final : public ArrayJavaConverter<LightingStrengthVC> {};
 
 /// Queues the registration of the type; runs at load.
 VGDT_API bool init_VortilGraphicsDatatype_LightingStrengthDataType();

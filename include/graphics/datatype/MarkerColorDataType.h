@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/ColorBase.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <graphics/datatype/enumerated_types.h>
@@ -50,6 +51,16 @@ class VGDT_API MarkerColorVC final : public vcos::COSTypeConversion {
   /// "VORTIL:vg:datatypes:OutOfMemory" for one that gives no text;
   /// "VORTIL:vg:dt_conv:Matrix_to_Real:ExpectedNumeric" for three elements of another class.
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class com.lindgrove.vg.types.VGStyledColor and a word.
+class VGDT_API MarkerColorJC final : public AbstractJavaConverter {
+ public:
+  /// With the names of all styles. Null for null.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Errors: "Invalid style for MarkerColor: ..."; those of ColorBase.
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Queues the registration of the type; runs at load.

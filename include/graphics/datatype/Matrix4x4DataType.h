@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <gui_objects/Matrix4x4d.h>
 #include <vcos/COSTypeConversion.h>
@@ -44,6 +45,9 @@ class VGDT_API Matrix4x4VC final : public vcos::COSTypeConversion {
   /// "VORTIL:datatypes:Matrix4x4DataType:ArrayNull" for an array without data.
   vcos::COSValue from(vcos::COSValue array) const override;
 };
+
+/// Between a reference to a host array in Java and a word.
+class VGDT_API Matrix4x4JC final : public ArrayJavaConverter<Matrix4x4VC> {};
 
 /// Queues the registration of the type; runs at load.
 VGDT_API bool init_VortilGraphicsDatatype_Matrix4x4DataType();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/HostAllocated.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <graphics/datatype/enumerated_types.h>
@@ -80,6 +81,16 @@ class VGDT_API MeshAlphaVC final : public vcos::COSTypeConversion {
   /// Errors: those of the text conversion for a char array; those of MeshAlpha::checkAlpha for a
   /// number; "VORTIL:vg:dt_conv:Matrix_to_Real:ExpectedNumeric" for anything else.
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class com.lindgrove.vg.types.VGAlpha and a word.
+class VGDT_API MeshAlphaJC final : public AbstractJavaConverter {
+ public:
+  /// The int behind the style or the number is 0. Null for null.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Errors: "Invalid style for MeshAlpha: ..."; those of MeshAlpha::checkAlpha.
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Queues the registration of the type; runs at load.

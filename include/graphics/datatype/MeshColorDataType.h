@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/ColorBase.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <graphics/datatype/enumerated_types.h>
@@ -48,6 +49,16 @@ class VGDT_API MeshColorVC final : public vcos::COSTypeConversion {
   /// "VORTIL:vg:dt_conv:Matrix_to_Real:ExpectedNumeric1" for another class, whatever the number of
   /// elements, and for null.
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class com.lindgrove.vg.types.VGMeshColor and a word.
+class VGDT_API MeshColorJC final : public AbstractJavaConverter {
+ public:
+  /// The int behind the style or the colour is 0. Null for null.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Errors: "Invalid style for MeshColor: ..."; those of ColorBase.
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Queues the registration of the type; runs at load.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <vcos/COSTypeConversion.h>
 #include <vx/array.h>
@@ -107,6 +108,16 @@ class VGDT_API NLineStylesVC final : public vcos::COSTypeConversion {
   vcos::COSValue to(vcos::COSValue value) const override;
   /// Takes what the constructor takes. Errors: those of the constructor.
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class com.lindgrove.vg.types.VGLineStyles and a word.
+class VGDT_API NLineStylesJC final : public AbstractJavaConverter {
+ public:
+  /// Lines and markers as two lists, with "" for an absent part. Null for null.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Takes the concatenated styles. Errors: those of NLineStyles.
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Queues the registration of the type; runs at load.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <gui_objects/NStrings.h>
 #include <vcos/COSTypeConversion.h>
@@ -35,6 +36,16 @@ class VGDT_API NStringsVC final : public vcos::COSTypeConversion {
   ///
   /// Errors: what the constructor of NStrings raises ("VORTIL:class:VORTILConversionError").
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class java.lang.String[] and a word.
+class VGDT_API NStringsJC final : public AbstractJavaConverter {
+ public:
+  /// An empty array for null.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Null gives an empty list, and an entry that is null an empty text.
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Queues the registration of the type; runs at load.

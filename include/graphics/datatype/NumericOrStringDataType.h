@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/TextStringDataType.h>
 
 namespace graphics::datatype {
@@ -64,6 +65,16 @@ class VGDT_API NumericOrStringVC final : public vcos::COSTypeConversion {
   vcos::COSValue to(vcos::COSValue value) const override;
   /// Takes what the constructor takes, and raises what it does; null gives the empty text.
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class java.lang.String[] and a word.
+class VGDT_API NumericOrStringJC final : public AbstractJavaConverter {
+ public:
+  /// By way of NStrings.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// By way of NStrings, which a null makes empty.
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Queues the registration of the type; runs at load.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <gui_objects/Points.h>
 #include <vcos/COSTypeConversion.h>
@@ -42,6 +43,16 @@ class VGDT_API Point2VC final : public vcos::COSTypeConversion {
   /// "VORTIL:datatypes:Point2DataType:ArrayShape" for another number of elements,
   /// "VORTIL:datatypes:Point2DataType:ArrayNull" for an array without data.
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class java.awt.Point and a word.
+class VGDT_API Point2JC final : public AbstractJavaConverter {
+ public:
+  /// Null for null.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Fractions are cut off, as by gui_objects::Point2d::asPoint2i().
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Queues the registration of the type; runs at load.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <gui_objects/Points.h>
 #include <vcos/COSTypeConversion.h>
@@ -49,6 +50,16 @@ class VGDT_API Point2dVC final : public vcos::COSTypeConversion {
   /// "VORTIL:datatypes:Point2dDataType:ArrayNull" for an array without data,
   /// "VORTIL:datatypes:Point2dDataType:ArrayData" for NaN and infinities.
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class com.lindgrove.vg.types.VGPoint and a word.
+class VGDT_API Point2dJC final : public AbstractJavaConverter {
+ public:
+  /// Null for null.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Takes any numbers.
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Queues the registration of the type; runs at load.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <gui_objects/Points.h>
 #include <vcos/COSTypeConversion.h>
@@ -50,6 +51,16 @@ class VGDT_API Point3VC final : public vcos::COSTypeConversion {
   /// data, "VORTIL:vg:set_chck:Matrix_to_3element_Vector_set_check_fcn:ExpectedFinite" for NaN and
   /// infinities.
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class com.lindgrove.vg.types.VGPoint3 and a word.
+class VGDT_API Point3JC final : public AbstractJavaConverter {
+ public:
+  /// Null for null.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Takes any numbers.
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Queues the registration of the type; runs at load.

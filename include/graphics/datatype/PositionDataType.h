@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/HostAllocated.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <gui_objects/Rectangles.h>
@@ -98,6 +99,16 @@ class VGDT_API PositionVC final : public vcos::COSTypeConversion {
   vcos::COSValue to(vcos::COSValue value) const override;
   /// Null gives null. Errors: as position::validateArray().
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class com.lindgrove.vg.types.VGRectangle and a word.
+class VGDT_API PositionJC final : public AbstractJavaConverter {
+ public:
+  /// Null for null.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Errors: "VORTIL:vg:PositionDataType:InvalidPositionException" for a negative size.
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Queues the registration of the type; runs at load.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <graphics/datatype/RangedScalar.h>
 #include <vcos/COSTypeConversion.h>
@@ -46,6 +47,17 @@ class VGDT_API PositiveVC final : public vcos::COSTypeConversion {
   /// Errors: "VORTIL:datatypes:invalidPositive" for another class and another number of
   /// elements, "VORTIL:datatypes:valueOutsideValidRange" for another number.
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class com.lindgrove.vg.types.VGDouble and a word.
+class VGDT_API PositiveJC final : public AbstractJavaConverter {
+ public:
+  /// Null for null.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Errors: "Invalid value for Positive type: NULL";
+  /// "VORTIL:datatypes:valueOutsideValidRange".
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Queues the registration of the type; runs at load.

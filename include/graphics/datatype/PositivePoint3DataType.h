@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <gui_objects/Points.h>
 #include <vcos/COSTypeConversion.h>
@@ -43,6 +44,16 @@ class VGDT_API PositivePoint3VC final : public vcos::COSTypeConversion {
   /// data, "VORTIL:datatypes:PositivePoint3DataType:ExpectedFinitePositive" for NaN,
   /// infinities, and numbers that are not above 0.
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class com.lindgrove.vg.types.VGPoint3 and a word.
+class VGDT_API PositivePoint3JC final : public AbstractJavaConverter {
+ public:
+  /// Null for null.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Takes any numbers: kept, the value class tests none.
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Queues the registration of the type; runs at load.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/ColorBase.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <graphics/datatype/enumerated_types.h>
@@ -47,6 +48,16 @@ class VGDT_API RGBAColorVC final : public vcos::COSTypeConversion {
   /// "VORTIL:vg:datatypes:OutOfMemory" for one that gives no text;
   /// "VORTIL:vg:dt_conv:ValueMustBe3Double" for another class.
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class com.lindgrove.vg.types.VGColor and a word.
+class VGDT_API RGBAColorJC final : public AbstractJavaConverter {
+ public:
+  /// Null for null and for the style kNone.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Null gives the style kNone. Errors: those of ColorBase.
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Queues the registration of the type; runs at load.

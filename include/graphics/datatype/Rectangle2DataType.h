@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <gui_objects/Rectangles.h>
 #include <vcos/COSTypeConversion.h>
@@ -47,6 +48,17 @@ class VGDT_API Rectangle2VC final : public vcos::COSTypeConversion {
   /// "VORTIL:datatypes:Rectangle2DataType:ArrayNull" for an array without data,
   /// "VORTIL:InsetDataType:RectangleCrossedPointsException" for a negative width or height.
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class java.awt.Rectangle and a word.
+class VGDT_API Rectangle2JC final : public AbstractJavaConverter {
+ public:
+  /// The corner and the size. Null for null.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Kept: what Java has as corners is taken as a corner and a size. Errors:
+  /// "VORTIL:InsetDataType:RectangleCrossedPointsException".
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Queues the registration of the type; runs at load.

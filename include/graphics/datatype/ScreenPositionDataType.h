@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/HostAllocated.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <gui_objects/Rectangles.h>
@@ -80,6 +81,9 @@ class VGDT_API ScreenPositionVC final : public vcos::COSTypeConversion {
   /// become negative.
   vcos::COSValue from(vcos::COSValue array) const override;
 };
+
+/// Between a reference to a host array in Java and a word.
+class VGDT_API ScreenPositionJC final : public ArrayJavaConverter<ScreenPositionVC> {};
 
 /// Queues the registration of the type; runs at load.
 VGDT_API bool init_VortilGraphicsDatatype_ScreenPositionDataType();

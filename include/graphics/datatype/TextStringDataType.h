@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/ArrayBase.h>
 #include <graphics/datatype/HostAllocated.h>
 #include <graphics/datatype/PropertyDataType.h>
@@ -69,6 +70,9 @@ class VGDT_API TextStringVC final : public vcos::COSTypeConversion {
   /// Takes what TextString::isValid() says; null gives the empty text. Errors: the messages there.
   vcos::COSValue from(vcos::COSValue array) const override;
 };
+
+/// Between a reference to a host array in Java and a word.
+class VGDT_API TextStringJC final : public ArrayJavaConverter<TextStringVC> {};
 
 /// Queues the registration of the type; runs at load.
 VGDT_API bool init_VortilGraphicsDatatype_TextStringDataType();

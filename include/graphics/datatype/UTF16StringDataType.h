@@ -1,5 +1,6 @@
 #pragma once
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <gui_objects/UTF16String.h>
 #include <vcos/COSTypeConversion.h>
@@ -42,6 +43,16 @@ class VGDT_API UTF16StringVC final : public vcos::COSTypeConversion {
   /// Errors: "VORTIL:datatypes:UTF16StringDataType:ArrayClass" for another class,
   /// "VORTIL:datatypes:UTF16StringDataType:NumberOfStrings" for several rows.
   vcos::COSValue from(vcos::COSValue array) const override;
+};
+
+/// Between a Java object of class java.lang.String and a word.
+class VGDT_API UTF16StringJC final : public AbstractJavaConverter {
+ public:
+  /// "" for null.
+  vcos::COSValue to(vcos::COSValue value) const override;
+  /// Null gives "".
+  vcos::COSValue from(vcos::COSValue object) const override;
+  const char* getJavaDeclarationName() override;
 };
 
 /// Queues the registration of the type; runs at load.

@@ -11,6 +11,7 @@
 #include <vector>
 
 namespace vcos {
+class JavaTypeConversion;
 class TypedEnumStringType;
 }
 
@@ -79,6 +80,11 @@ class VGDT_API VGTypedEnumStringType {
   /// is none. The text is in lower case and has no white space around it. The result is the
   /// table's.
   virtual const char* getEnumFromPartialMatch(std::string name) const;
+
+  /// A new Java conversion for the type of that dotted name, whose names the table has. The table
+  /// has to outlive it.
+  static vcos::JavaTypeConversion* createJavaConverter(const VGTypedEnumStringType* table,
+                                                       const char* typeName);
 
   /// isValidEnumName() and getEnumValue() in one search; none for a null text.
   std::optional<vcos::COSValue> findEnumValue(const char* name) const;
