@@ -16,11 +16,13 @@ namespace {
 constexpr const char* kPoint = "com.lindgrove.vg.types.VGPoint";
 
 const JavaDetour& dataBounds() {
-  return JavaDetour::by<DataBoundsDataType, Point2dDataType>();
+  static const JavaDetour detour(DataBoundsDataType::kDottedName, Point2dDataType::kDottedName);
+  return detour;
 }
 
 const JavaDetour& limitsWithInfs() {
-  return JavaDetour::by<LimitsWithInfsDataType, Point2dDataType>();
+  static const JavaDetour detour(LimitsWithInfsDataType::kDottedName, Point2dDataType::kDottedName);
+  return detour;
 }
 
 }  // namespace

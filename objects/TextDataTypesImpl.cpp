@@ -238,27 +238,39 @@ COSValue NumericOrStringVC::from(COSValue array) const {
 
 // --- Java ---------------------------------------------------------------------------------------
 
-COSValue NumericOrStringJC::to(COSValue value) const {
-  return JavaDetour::by<NumericOrStringDataType, NStringsDataType>().to(value);
-}
-COSValue NumericOrStringJC::from(COSValue object) const {
-  return JavaDetour::by<NumericOrStringDataType, NStringsDataType>().from(object);
-}
-const char* NumericOrStringJC::getJavaDeclarationName() {
-  return "java.lang.String[]";
+namespace {
+
+const JavaDetour& byNStrings() {
+  static const JavaDetour detour(NumericOrStringDataType::kDottedName,
+                                 NStringsDataType::kDottedName);
+  return detour;
 }
 
-namespace {
+const JavaDetour& byPoint3() {
+  static const JavaDetour detour(TextPositionDataType::kDottedName, Point3DataType::kDottedName);
+  return detour;
+}
 
 constexpr const char* kFile = "objects/TextDataTypesImpl";
 constexpr JavaName kPoint3{"com.lindgrove.vg.types.VGPoint3"};
 
 }  // namespace
 
+COSValue NumericOrStringJC::to(COSValue value) const {
+  return byNStrings().to(value);
+}
+COSValue NumericOrStringJC::from(COSValue object) const {
+  return byNStrings().from(object);
+}
+const char* NumericOrStringJC::getJavaDeclarationName() {
+  return "java.lang.String[]";
+}
+
 COSValue TextPositionJavaConverter::to(COSValue value) const {
   const Place place(kFile);
   const auto* const position = value.asPointer<const TextPosition>();
-  if (!position) place.raise("NULL is not a valid value fot TextPosition");  // kept: the misspelling
+  if (!position)
+    place.raise("NULL is not a valid value fot TextPosition");  // kept: the misspelling
   const vxArray* const array = position->getPtr();
   if (ArrayBase::isEmpty(array)) place.raise("Native array size cannot be 0");
   if (vxGetNumberOfElements(array) > 3) place.raise("Array size must be less than 3");
@@ -267,14 +279,13 @@ COSValue TextPositionJavaConverter::to(COSValue value) const {
   if (!std::ranges::all_of(numbers, [](double number) { return std::isfinite(number); }))
     place.raise("Array element for TextPosition may not be NaN or Inf");
   numbers.resize(3);
-  return COSValue::fromPointer(JavaClass(*this, kPoint3, place)
-                                   .create("(DDD)V", numbers[0], numbers[1], numbers[2]));
+  return COSValue::fromPointer(
+      JavaClass(*this, kPoint3, place).create("(DDD)V", numbers[0], numbers[1], numbers[2]));
 }
 
 COSValue TextPositionJavaConverter::from(COSValue object) const {
-  if (object.isNull())
-    Place(kFile).raise("Input parameter for text position must not be NULL ");
-  return JavaDetour::by<TextPositionDataType, Point3DataType>().from(object);
+  if (object.isNull()) Place(kFile).raise("Input parameter for text position must not be NULL ");
+  return byPoint3().from(object);
 }
 
 const char* TextPositionJavaConverter::getJavaDeclarationName() {

@@ -100,8 +100,8 @@ COSValue EnumJavaConverter::to(COSValue value) const {
   const auto labelTexts = newStringArray(
       java, names.size(),
       [&](std::size_t i) { return newJavaString(java, labels.of(names[i]), place); }, place);
-  return COSValue::fromPointer(javaClass.newInstance(
-      kNewInstance, current, numbers.get(), nameTexts.get(), labelTexts.get()));
+  return COSValue::fromPointer(javaClass.newInstance(kNewInstance, current, numbers.get(),
+                                                     nameTexts.get(), labelTexts.get()));
 }
 
 COSValue EnumJavaConverter::from(COSValue object) const {

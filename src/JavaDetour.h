@@ -4,30 +4,30 @@
 #include "NewArray.h"
 
 #include <vcos/COSDataType.h>
+#include <vcos/COSNameID.h>
+#include <vcos/COSTypeRepository.h>
 
 namespace graphics::datatype {
 
 /// A Java conversion that goes by way of another type, whose values come from the same arrays.
 class JavaDetour {
  public:
-  /// That of a data type by way of another. The conversions are looked up once.
-  template <class DataType, class ViaDataType>
-  static const JavaDetour& by() {
-    static const JavaDetour detour(arrayConversionOf(DataType::kDottedName),
-                                   arrayConversionOf(ViaDataType::kDottedName),
-                                   javaConversionOf(ViaDataType::kDottedName),
-                                   *ViaDataType::getType());
-    return detour;
-  }
+  /// That of a type by way of another, by their dotted names.
+  JavaDetour(const char* type, const char* viaType)
+      : arrays_(arrayConversionOf(type)),
+        viaArrays_(arrayConversionOf(viaType)),
+        viaJava_(javaConversionOf(viaType)),
+        viaType_(vcos::COSTypeRepository::getType(vcos::COSNameID(viaType))) {}
 
   vcos::COSValue to(vcos::COSValue value) const {
     const ArrayPtr array(arrays_.to(value).asPointer<vxArray>());
-    const ViaValue via(viaType_, viaArrays_.from(vcos::COSValue::fromPointer(array.get())));
+    const ViaValue via(*viaType_.getObject(),
+                       viaArrays_.from(vcos::COSValue::fromPointer(array.get())));
     return viaJava_.to(via.word());
   }
 
   vcos::COSValue from(vcos::COSValue object) const {
-    const ViaValue via(viaType_, viaJava_.from(object));
+    const ViaValue via(*viaType_.getObject(), viaJava_.from(object));
     const ArrayPtr array(viaArrays_.to(via.word()).asPointer<vxArray>());
     return arrays_.from(vcos::COSValue::fromPointer(array.get()));
   }
@@ -35,13 +35,6 @@ class JavaDetour {
   const vcos::JavaTypeConversion& viaJava() const noexcept { return viaJava_; }
 
  private:
-  JavaDetour(const vcos::COSTypeConversion& arrays, const vcos::COSTypeConversion& viaArrays,
-             const vcos::JavaTypeConversion& viaJava, const vcos::COSDataType& viaType)
-      : arrays_(arrays),
-        viaArrays_(viaArrays),
-        viaJava_(viaJava),
-        viaType_(viaType) {}
-
   class ViaValue {
    public:
     ViaValue(const vcos::COSDataType& type, vcos::COSValue word) : type_(type), word_(word) {}
@@ -59,7 +52,7 @@ class JavaDetour {
   const vcos::COSTypeConversion& arrays_;
   const vcos::COSTypeConversion& viaArrays_;
   const vcos::JavaTypeConversion& viaJava_;
-  const vcos::COSDataType& viaType_;
+  vcos::COSDataTypePtr viaType_;
 };
 
 }  // namespace graphics::datatype

@@ -4,6 +4,7 @@
 #include "PropertyDataType.ipp"
 #include "TypeRegistration.h"
 
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/HostAllocated.h>
 #include <graphics/datatype/vxErrMsgWrapper.h>
 #include <ut/memory.h>
@@ -45,6 +46,8 @@ class PercentageSC final : public vcos::COSTypeConversion {
   vcos::COSValue to(vcos::COSValue value) const override;
   vcos::COSValue from(vcos::COSValue text) const override;
 };
+
+class PercentageJC final : public ArrayJavaConverter<PercentageVC> {};
 
 template <>
 struct PropertyTypeTraits<PercentageDataType> : PlainValues<Percentage> {
