@@ -179,6 +179,11 @@ TEST_F(Eval, SendsAValueToJavaAndBackAndShowsTheErrorOfEachStepInItsMember) {
     EXPECT_THAT(replyTo(std::string(R"({"java":true,)") + members + "}"), HasSubstr(java));
     EXPECT_EQ(status_, kDone) << members;
   }
+  std::ostringstream output;
+  const Console console{output, output, Style(ColorDepth::None), Style(ColorDepth::None)};
+  EXPECT_EQ(convertValue(console, "Tick", {kText, "[2]"}, {.withJava = true}), kDone);
+  EXPECT_THAT(output.str(), HasSubstr("  Java class  double[]\n  Java text   [2.0]\n"
+                                      "  came back   2  (1x1 double)\n  equal       yes\n"));
 }
 
 TEST_F(Eval, PassesOnWhatIsPrintedAndWarnedOf) {
