@@ -1,4 +1,5 @@
-#include <dlfcn.h>
+#include "../ut/ownLibrary.h"
+
 #include <messages/MessageCatalog.h>
 #include <messages/translation.h>
 #include <unicode/ures.h>
@@ -14,12 +15,7 @@ constexpr std::string_view kWordCharacters =
     "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_";
 
 const std::string& catalogDirectory() {
-  static const auto& directory = *new std::string([] {
-    Dl_info library{};
-    if (dladdr(reinterpret_cast<void*>(&VwLocale::global), &library) == 0) return std::string();
-    const std::string path = library.dli_fname;
-    return path.substr(0, path.find_last_of('/') + 1) + "vghost/catalogs";
-  }());
+  static const auto& directory = *new std::string(ownDirectory() + "vghost/catalogs");
   return directory;
 }
 
