@@ -5,8 +5,6 @@
 #include <graphics/datatype/EnumBase.h>
 #include <messages/MessageCatalog.h>
 #include <vcos/COSDataType.h>
-#include <vcos/COSNameID.h>
-#include <vcos/COSTypeRepository.h>
 
 #include <jni.h>
 
@@ -17,7 +15,6 @@
 namespace graphics::datatype {
 
 using fl::i18n::MessageCatalog;
-using vcos::COSNameID;
 using vcos::COSValue;
 
 namespace {

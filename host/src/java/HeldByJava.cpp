@@ -7,6 +7,13 @@ namespace {
 
 constexpr const char* kConversionError = "VORTIL:class:JavaConversionError";
 
+void requireClass(JNIEnv& java, const char* path) {
+  if (!findClass(java, path))
+    vxErrMsgIdAndTxt(kConversionError,
+                     "JNI cannot find class %s: vgdatatypes-host.jar is not on the class path",
+                     path);
+}
+
 }  // namespace
 
 Local<_jobject> NumberedClass::create(JNIEnv& java, jlong number) const noexcept {
@@ -26,14 +33,12 @@ std::optional<jlong> NumberedClass::numberOf(JNIEnv& java, jobject object) const
 
 jlong NumberedClass::requireNumberOf(JNIEnv& java, jobject object) const {
   if (const auto number = numberOf(java, object)) return *number;
+  requireClass(java, path);
   vxErrMsgIdAndTxt(kConversionError, "Input parameter must be an instance of %s", dottedName);
 }
 
 void NumberedClass::raiseNotCreated(JNIEnv& java) const {
-  if (!findClass(java, path))
-    vxErrMsgIdAndTxt(kConversionError,
-                     "JNI cannot find class %s: vgdatatypes-host.jar is not on the class path",
-                     path);
+  requireClass(java, path);
   vxErrMsgIdAndTxt(kConversionError, "JNI failed making an object of class %s", path);
 }
 

@@ -20,7 +20,7 @@ void throwNew(JNIEnv& java, const char* path, const fl::ustring& text) noexcept 
   const Local<_jstring> message(vljCreateStringFromUString(&java, text));
   if (!message) return;
   const Local<_jobject> failure(java.NewObject(type.get(), constructor, message.get()));
-  if (!java.ExceptionCheck()) java.Throw(static_cast<jthrowable>(failure.get()));
+  if (!java.ExceptionCheck() && failure) java.Throw(static_cast<jthrowable>(failure.get()));
 }
 
 void throwOutOfMemory(JNIEnv& java) noexcept {

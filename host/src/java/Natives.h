@@ -2,6 +2,8 @@
 
 #include "Jni.h"
 
+#include <string>
+
 namespace vghost::java {
 
 /// Makes the exception that is being handled one of Java's: an OutOfMemoryError where memory has

@@ -4,6 +4,7 @@
 #include <glob.h>
 #include <jni.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -87,9 +88,10 @@ std::vector<std::string> optionsFor(const fs::path& library) {
 void startMachine() {
   const JavaLibrary java = loadJava();
   std::vector<std::string> texts = optionsFor(ownLibrary());
-  std::vector<JavaVMOption> options;
-  for (std::string& text : texts)
-    options.push_back({text.data(), nullptr});
+  std::vector<JavaVMOption> options(texts.size());
+  std::ranges::transform(texts, options.begin(), [](std::string& text) {
+    return JavaVMOption{text.data(), nullptr};
+  });
   JavaVMInitArgs arguments{JNI_VERSION_1_8, static_cast<jint>(options.size()), options.data(),
                            JNI_FALSE};
   JavaVM* machine = nullptr;
