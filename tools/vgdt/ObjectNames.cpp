@@ -1,7 +1,5 @@
 #include "ObjectNames.h"
 
-#include <SampleClasses.h>
-
 #include <functional>
 #include <utility>
 
@@ -17,9 +15,12 @@ using Names = boost::intrusive::set<ObjectName, boost::intrusive::constant_time_
                                     boost::intrusive::key_of_value<ObjectOf>,
                                     boost::intrusive::compare<std::less<>>>;
 
-/// Never destroyed: whoever has names may end late.
+/// Never destroyed: whoever has names may end late. The host shows objects by them too.
 Names& names() {
-  static Names& all = *new Names;
+  static Names& all = []() -> Names& {
+    vghost::setObjectNaming(nameOf);
+    return *new Names;
+  }();
   return all;
 }
 
@@ -34,11 +35,6 @@ ObjectName::ObjectName(std::string name, vcos::COSInterfacePtr object)
 std::string_view nameOf(const vcos::COSInterface& object) noexcept {
   const auto found = names().find(&object);
   return found == names().end() ? std::string_view() : found->name();
-}
-
-std::string_view shownName(const vcos::COSInterface& object) noexcept {
-  const std::string_view name = nameOf(object);
-  return name.empty() ? sample::shortName(*object.getClass()) : name;
 }
 
 }  // namespace vgdt

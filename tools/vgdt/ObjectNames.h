@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vcos/COSInterface.h>
+#include <vx/literal.h>
 
 #include <boost/intrusive/set.hpp>
 #include <string>
@@ -32,7 +33,6 @@ class ObjectName : public boost::intrusive::set_base_hook<
 /// The name of an object; empty if it has none.
 std::string_view nameOf(const vcos::COSInterface& object) noexcept;
 
-/// The name, or else the short name of the object's class.
-std::string_view shownName(const vcos::COSInterface& object) noexcept;
+using vghost::shownName;
 
 }  // namespace vgdt

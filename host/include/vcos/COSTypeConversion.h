@@ -29,8 +29,10 @@ class VGHOST_API JavaTypeConversion {
   /// The dotted name of the Java class.
   virtual const char* getJavaDeclarationName() = 0;
 
-  /// Takes the conversion over for the life of the process, also when it throws. A COSException if
-  /// the name has a conversion already.
+  /// Takes the conversion over for the life of the process, also when it throws. One that is static
+  /// is never destroyed: its address says whether it is part of a loaded program or library. A
+  /// COSException if the name has a conversion already; the host has those of "any" (VLArrayRef)
+  /// and "handle scalar" (UDDObject) itself.
   static void addConversion(COSNameID inner, JavaTypeConversion* conversion);
   /// Null if there is none.
   static JavaTypeConversion* getConversion(COSNameID inner);

@@ -76,9 +76,7 @@ fs::path findJar(const fs::path& directory) {
 }
 
 std::vector<std::string> optionsFor(const fs::path& library) {
-  // Most programs here end soon: what makes a long run faster would only delay the start.
-  std::vector<std::string> options = {"-Xrs", "-Djava.awt.headless=true", "-XX:+UseSerialGC",
-                                      "-XX:TieredStopAtLevel=1", "-Xshare:auto"};
+  std::vector<std::string> options = {"-Xrs", "-Djava.awt.headless=true"};
   if (library.empty()) return options;
   options.push_back("-Dvghost.library=" + library.string());
   if (const fs::path jar = findJar(library.parent_path()); !jar.empty())

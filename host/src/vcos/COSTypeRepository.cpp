@@ -1,7 +1,9 @@
+#include "../java/ReferenceConversions.h"
 #include "BuiltInTypes.h"
 #include "CountedObject.h"
 #include "PermanentMemory.h"
 
+#include <dlfcn.h>
 #include <ut/faults.h>
 #include <vcos/COSPackage.h>
 #include <vcos/COSTypeRepository.h>
@@ -56,11 +58,20 @@ using Table = std::unordered_map<Key, Value, Hash, std::equal_to<>,
 
 constexpr std::size_t kUsualTypes = 256;
 
+/// Java conversions that are static stay as they are.
+struct DestroyUnlessStatic {
+  void operator()(JavaTypeConversion* conversion) const noexcept {
+    // What is not part of a loaded file is on the heap.
+    if (Dl_info file; dladdr(conversion, &file) == 0) delete conversion;
+  }
+};
+using JavaConversionOwner = std::unique_ptr<JavaTypeConversion, DestroyUnlessStatic>;
+
 struct Repository {
   std::vector<std::unique_ptr<COSDataType>> builtInTypes;
   Table<COSNameID, COSDataTypePtr> types{kUsualTypes};
   Table<NamePair, std::unique_ptr<COSTypeConversion>, NamePairHash> conversions{kUsualTypes};
-  Table<COSNameID, std::unique_ptr<JavaTypeConversion>> javaConversions;
+  Table<COSNameID, JavaConversionOwner> javaConversions;
 };
 
 [[noreturn]] void throwTaken(const std::string& what) {
@@ -80,6 +91,10 @@ std::unique_ptr<Repository> createRepository() {
     add(*repository, COSNameID(type->getName()), type.get());
   repository->conversions.try_emplace({COSNameID("any"), COSNameID("string")},
                                       makeArrayStringConversion());
+  auto& javaConversions = repository->javaConversions;
+  javaConversions.try_emplace(COSNameID("any"), vghost::java::makeArrayConversion().release());
+  javaConversions.try_emplace(COSNameID("handle scalar"),
+                              vghost::java::makeObjectConversion().release());
   return repository;
 }
 
@@ -149,7 +164,7 @@ COSTypeConversion* COSTypeRepository::getConversion(COSNameID outside, COSNameID
 }
 
 void JavaTypeConversion::addConversion(COSNameID inner, JavaTypeConversion* conversion) {
-  std::unique_ptr<JavaTypeConversion> owner(conversion);
+  JavaConversionOwner owner(conversion);
   countHostCall("JavaTypeConversion::addConversion");
   if (!repository().javaConversions.try_emplace(inner, std::move(owner)).second)
     throwTaken(std::string("The Java conversion of ") + inner.c_str());

@@ -3,11 +3,14 @@
 #include "text/Utf8.h"
 
 #include <fmt/format.h>
+#include <ut/unicode.h>
 
 #include <algorithm>
 
 namespace vgdt {
 namespace {
+
+using vghost::isControl;
 
 constexpr std::string_view kCut = "...";
 
@@ -28,12 +31,6 @@ constexpr CodeRange kWide[] = {
 };
 constexpr CodeRange kWithoutWidth[] = {
     {0x0300, 0x036F}, {0x200B, 0x200D}, {0x20D0, 0x20FF}, {0xFE00, 0xFE0F}, {0xFE20, 0xFE2F},
-};
-
-/// What a terminal obeys or what turns the direction of text.
-constexpr CodeRange kControls[] = {
-    {0x00, 0x1F},     {0x7F, 0x9F},     {0x061C, 0x061C},
-    {0x200E, 0x200F}, {0x202A, 0x202E}, {0x2066, 0x2069},
 };
 
 template <std::size_t count>
@@ -58,7 +55,7 @@ std::string escaped(char32_t control) {
 }
 
 std::size_t widthOf(char32_t character) {
-  if (isIn(kControls, character)) return escaped(character).size();
+  if (isControl(character)) return escaped(character).size();
   if (isIn(kWithoutWidth, character)) return 0;
   return isIn(kWide, character) ? 2 : 1;
 }
@@ -90,7 +87,7 @@ std::string printable(std::string_view text) {
   std::string result;
   while (!text.empty()) {
     const auto [character, length] = firstCharacter(text);
-    if (isIn(kControls, character))
+    if (isControl(character))
       result += escaped(character);
     else
       result += Utf8Bytes(character);

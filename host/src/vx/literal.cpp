@@ -1,21 +1,22 @@
-#include "literal/LiteralPrinter.h"
+#include "ArrayHeader.h"
+#include "text.h"
 
-#include "ArrayElements.h"
-#include "ObjectNames.h"
-#include "text/NumberText.h"
-#include "text/TextDisplay.h"
-
-#include <fmt/format.h>
 #include <messages/ustring.h>
+#include <ut/unicode.h>
+#include <vcos/COSClass.h>
+#include <vx/element_types.h>
+#include <vx/literal.h>
 #include <vx/objects.h>
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
+#include <atomic>
+#include <cstddef>
+#include <span>
+#include <string>
 #include <string_view>
-#include <vector>
+#include <utility>
 
-namespace vgdt {
+namespace vghost {
 namespace {
 
 /// The elements of a large array that are shown before the cut.
@@ -31,16 +32,40 @@ bool isZeroByZero(const vxArray* array) {
   return isMatrix(array) && vxGetM(array) == 0 && vxGetN(array) == 0;
 }
 
+/// Elements in storage order; `data` is the array's, of its real or its imaginary parts.
+template <class T>
+std::span<const T> elementsOf(const vxArray* array, const void* data) {
+  return {static_cast<const T*>(data), vxGetNumberOfElements(array)};
+}
+
 std::string sizesText(const vxArray* array) {
-  return fmt::format("{}", fmt::join(dimensionsOf(array), ","));
+  std::string text;
+  for (const std::size_t size : array->dimensions)
+    text.append(text.empty() ? "" : ",").append(std::to_string(size));
+  return text;
 }
 
-std::string called(std::string_view function, std::string_view argument) {
-  return fmt::format("{}({})", function, argument);
+std::string joined(const std::vector<std::string>& texts, std::string_view separator) {
+  std::string all;
+  for (const std::string& text : texts)
+    all.append(&text == texts.data() ? "" : separator).append(text);
+  return all;
 }
 
-std::string reshaped(const vxArray* array, std::string_view text) {
-  return fmt::format("reshape({},{})", text, sizesText(array));
+std::string called(const std::string& function, const std::string& arguments) {
+  return function + '(' + arguments + ')';
+}
+
+std::string reshaped(const vxArray* array, const std::string& text) {
+  return called("reshape", text + ',' + sizesText(array));
+}
+
+std::string complexText(const std::string& real, const std::string& imaginary) {
+  return called("complex", real + ',' + imaginary);
+}
+
+std::string countText(std::size_t count, std::string_view of) {
+  return std::string("... ").append(std::to_string(count)).append(of);
 }
 
 /// "a b; c d" from the texts of the elements; an array of more dimensions is written as one row.
@@ -76,15 +101,16 @@ std::string quoted(const fl::ustring& characters) {
 /// Whether a person who is shown the characters in quotes sees them all. Half of a surrogate pair
 /// has no UTF-8, and control characters are shown as escapes, which no literal has.
 bool canBeQuoted(const fl::ustring& characters) {
-  const std::string text = fl::i18n::to_utf8(characters.data(), characters.size());
-  return onOneLine(text) == text && fl::i18n::to_ustring(text) == characters;
+  return std::ranges::none_of(characters, isControl) &&
+         fl::i18n::to_ustring(fl::i18n::to_utf8(characters.data(), characters.size())) ==
+             characters;
 }
 
 std::vector<fl::ustring> rowsOf(const vxArray* array) {
   const std::size_t rows = isMatrix(array) ? vxGetM(array) : 1;
   std::vector<fl::ustring> texts(rows);
   std::size_t index = 0;
-  for (const vxChar character : elementsOf<vxChar>(array))
+  for (const vxChar character : textOf(array))
     texts[index++ % rows].push_back(character);
   return texts;
 }
@@ -111,13 +137,20 @@ std::string partsText(const vxArray* array) {
   const bool isComplex = vxIsComplex(array);
   if (vxIsEmpty(array)) {
     const std::string empty = emptyText(array);
-    return isComplex ? fmt::format("complex({0},{0})", empty) : empty;
+    return isComplex ? complexText(empty, empty) : empty;
   }
   return withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) -> std::string {
-    std::string real = partText(array, elementsOf<T>(array));
+    std::string real = partText(array, elementsOf<T>(array, vxGetData(array)));
     if (!isComplex) return real;
-    return fmt::format("complex({},{})", real, partText(array, imaginaryPartsOf<T>(array)));
+    return complexText(real, partText(array, elementsOf<T>(array, vxGetImagData(array))));
   });
+}
+
+constinit std::atomic<ObjectNaming> objectNaming = nullptr;
+
+std::string nameOf(const vcos::COSInterface& object) {
+  const ObjectNaming naming = objectNaming;
+  return std::string(naming ? naming(object) : std::string_view());
 }
 
 class Printer {
@@ -134,7 +167,7 @@ class Printer {
       case vxSTRUCT_CLASS:
         return structure(array);
       case vxFUNCTION_CLASS:
-        return fmt::format("@{}", vxGetFunctionName(array));
+        return std::string("@") + vxGetFunctionName(array);
       case vxOBJECT_CLASS:
         return objects(array);
       case vxCHAR_CLASS:
@@ -165,21 +198,21 @@ class Printer {
     const std::size_t count = vxGetNumberOfElements(array);
     std::string text;
     withElementType(vxGetClassID(array), [&]<class T>(std::type_identity<T>) {
-      const auto elements = elementsOf<T>(array);
+      const auto elements = elementsOf<T>(array, vxGetData(array));
       for (const T element : elements.first(std::min(count, kShownElements)))
         text += numberText(element) + ' ';
     });
-    return fmt::format("[{}... {} elements]", text, count);
+    return '[' + text + countText(count, " elements]");
   }
 
   // --- texts -------------------------------------------------------------------------------------
 
   std::string characters(const vxArray* array) const {
     if (vxIsEmpty(array)) return emptyText(array);
-    if (!canBeRows(array)) return partText(array, elementsOf<vxChar>(array));
+    if (!canBeRows(array)) return partText<vxChar>(array, textOf(array));
     const std::vector<std::string> rows = rowTexts(array);
     const bool isOne = rows.size() == 1 && !isCutText(array);
-    const std::string text = isOne ? rows.front() : fmt::format("[{}]", fmt::join(rows, "; "));
+    const std::string text = isOne ? rows.front() : '[' + joined(rows, "; ") + ']';
     return isMatrix(array) || isCutText(array) ? text : reshaped(array, text);
   }
 
@@ -197,7 +230,7 @@ class Printer {
 
   std::string rowText(const fl::ustring& row) const {
     if (row.size() <= maxCharacters_) return quoted(row);
-    return fmt::format("{} ... {} elements", quoted(row.substr(0, maxCharacters_)), row.size());
+    return quoted(row.substr(0, maxCharacters_)) + ' ' + countText(row.size(), " elements");
   }
 
   std::vector<std::string> rowTexts(const vxArray* array) const {
@@ -206,7 +239,7 @@ class Printer {
     if (count > maxElements_) rows.resize(std::min(count, kShownElements));
     std::vector<std::string> texts(rows.size());
     std::ranges::transform(rows, texts.begin(), [this](const auto& row) { return rowText(row); });
-    if (count > maxElements_) texts.push_back(fmt::format("... {} rows", count));
+    if (count > maxElements_) texts.push_back(countText(count, " rows"));
     return texts;
   }
 
@@ -226,14 +259,14 @@ class Printer {
     std::vector<std::string> texts;
     for (std::size_t i = 0; i < (isTooLong(array) ? std::min(count, kShownElements) : count); ++i)
       texts.push_back(print(vxGetCell(array, i)));
-    if (isTooLong(array)) texts.push_back(fmt::format("... {} elements", count));
+    if (isTooLong(array)) texts.push_back(countText(count, " elements"));
     return texts;
   }
 
   std::string cells(const vxArray* array) const {
     const std::size_t count = vxGetNumberOfElements(array);
     if (isTooLong(array))
-      return fmt::format("{{{}}}", fmt::join(cellTexts(array), vxGetN(array) == 1 ? "; " : ", "));
+      return '{' + joined(cellTexts(array), vxGetN(array) == 1 ? "; " : ", ") + '}';
     std::size_t nulls = 0;
     for (std::size_t i = 0; i < count; ++i)
       nulls += vxGetCell(array, i) == nullptr ? 1 : 0;
@@ -249,11 +282,11 @@ class Printer {
     if (!vxIsScalar(array)) return described(array);
     std::vector<std::string> fields(static_cast<std::size_t>(vxGetNumberOfFields(array)));
     for (int field = 0; std::string & text : fields) {
-      text = fmt::format("'{}',{}", vxGetFieldNameByNumber(array, field),
-                         print(vxGetFieldByNumber(array, 0, field)));
+      text = std::string("'") + vxGetFieldNameByNumber(array, field) + "'," +
+             print(vxGetFieldByNumber(array, 0, field));
       ++field;
     }
-    return fmt::format("struct({})", fmt::join(fields, ","));
+    return called("struct", joined(fields, ","));
   }
 
   std::string objects(const vxArray* array) const {
@@ -269,19 +302,29 @@ class Printer {
 
   static std::string objectText(const vcos::COSInterfacePtr& object) {
     if (!object) return "<null>";
-    const std::string_view name = nameOf(*object.get());
-    return name.empty() ? fmt::format("<{}>", shownName(*object.get())) : std::string(name);
+    std::string name = nameOf(*object.get());
+    return name.empty() ? '<' + shownName(*object.get()) + '>' : name;
   }
 
-  static std::string described(const vxArray* array) {
-    return fmt::format("<{}>", sizeAndClass(array));
-  }
+  static std::string described(const vxArray* array) { return '<' + sizeAndClass(array) + '>'; }
 
   std::size_t maxElements_;
   std::size_t maxCharacters_;  ///< of a row
 };
 
 }  // namespace
+
+void setObjectNaming(ObjectNaming naming) noexcept {
+  objectNaming = naming;
+}
+
+std::string shownName(const vcos::COSInterface& object) {
+  std::string name = nameOf(object);
+  if (!name.empty()) return name;
+  const vcos::COSClass* const itsClass = object.getClass();
+  const std::string_view className = itsClass ? itsClass->getName() : "object";
+  return std::string(className.substr(className.rfind('.') + 1));
+}
 
 std::string formatLiteral(const vxArray* array, std::size_t maxElements) {
   return Printer(maxElements).print(array);
@@ -292,7 +335,7 @@ std::vector<std::string> formatLiteralRows(const vxArray* array, std::size_t max
 }
 
 std::string sizeAndClass(const vxArray* array) {
-  return fmt::format("{} {}", fmt::join(dimensionsOf(array), "x"), vxGetClassName(array));
+  return sizeText(array->dimensions.data(), array->dimensions.size()) + ' ' + vxGetClassName(array);
 }
 
-}  // namespace vgdt
+}  // namespace vghost
