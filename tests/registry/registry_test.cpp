@@ -47,9 +47,23 @@ class Taken final : public vcos::COSTypeConversion {
   COSValue from(COSValue value) const override { return value; }
 };
 
-/// Takes the place of one step of the registration, 0 being the type.
+class TakenInJava final : public vcos::JavaTypeConversion {
+  COSValue to(COSValue value) const override { return value; }
+  COSValue from(COSValue value) const override { return value; }
+  const char* getJavaDeclarationName() override { return "taken"; }
+};
+
+std::string javaNameOf(const RegisteredType& row) {
+  auto* const found = vcos::JavaTypeConversion::getConversion(COSNameID(row.dottedName().c_str()));
+  return found ? found->getJavaDeclarationName() : "";
+}
+
+/// Takes the place of one step of the registration, 0 being the type, and the last the conversion
+/// to Java.
 void take(const RegisteredType& row, std::size_t step) {
-  if (step > row.conversions.size()) return;
+  if (step > row.conversions.size())
+    return vcos::JavaTypeConversion::addConversion(COSNameID(row.dottedName().c_str()),
+                                                   new TakenInJava);
   if (step == 0)
     COSTypeRepository::addType(COSNameID(row.dottedName().c_str()),
                                graphics::datatype::OnOffBooleanDataType::getType());
@@ -61,7 +75,7 @@ void take(const RegisteredType& row, std::size_t step) {
 
 /// What was registered before a step that the class system refuses stays, the rest is left out.
 void expectRefusedAt(const RegisteredType& row, std::size_t step) {
-  if (step > row.conversions.size()) return;
+  EXPECT_EQ(javaNameOf(row), step > row.conversions.size() ? "taken" : "") << row.name;
   SCOPED_TRACE(row.name + ", step " + std::to_string(step));
   const COSNameID name(row.dottedName().c_str());
   auto* type = COSTypeRepository::findType(name).getObject();
