@@ -86,18 +86,16 @@ struct CallbackInJava {
     JNIEnv& java = javaClass.java();
     const ArrayPtr array(callback.convertToVortilArray(true));
     const auto text = newJavaString(java, displayText(array.get()), Place(kFile));
-    const Local<> reference(java, hostArrayConversion()
-                                      .to(COSValue::fromPointer(array.get()))
-                                      .asPointer<_jobject>());
-    return javaClass.create("(Ljava/lang/String;Lcom/lindgrove/jvi/types/VLArrayRef;)V",
-                            text.get(), reference.get());
+    const Local<> reference(
+        java, hostArrayConversion().to(COSValue::fromPointer(array.get())).asPointer<_jobject>());
+    return javaClass.create("(Ljava/lang/String;Lcom/lindgrove/jvi/types/VLArrayRef;)V", text.get(),
+                            reference.get());
   }
   static COSValue fromJava(const JavaObject& object) {
     const Local<> reference =
         object.object("getCallbackObject", "()Lcom/lindgrove/jvi/types/VLArrayRef;");
-    const ArrayPtr array(hostArrayConversion()
-                             .from(COSValue::fromPointer(reference.get()))
-                             .asPointer<vxArray>());
+    const ArrayPtr array(
+        hostArrayConversion().from(COSValue::fromPointer(reference.get())).asPointer<vxArray>());
     return CallbackVC().from(COSValue::fromPointer(array.get()));
   }
 };

@@ -74,7 +74,8 @@ COSValue ColorOrderJavaConverter::from(COSValue object) const {
   const JavaClass colorArray(*this, kColorArray, place);
   auto* const given = object.asPointer<_jobject>();
   colorArray.requireInstance(given);
-  const Local<> result = JavaObject(colorArray, given).object("getColorArray", "()[Ljava/awt/Color;");
+  const Local<> result =
+      JavaObject(colorArray, given).object("getColorArray", "()[Ljava/awt/Color;");
   JNIEnv& java = colorArray.java();
   const auto colors = static_cast<jobjectArray>(result.get());
   const auto count = static_cast<std::size_t>(java.GetArrayLength(colors));

@@ -111,9 +111,8 @@ bool isFontNameValidIgnoreCase(const char* name) {
                                                     "(Ljava/lang/String;)Z");
   const Local<jstring> javaName(
       *java, isValid ? vljCreateStringFromUString(java, asUTF16String(name)) : nullptr);
-  const bool result =
-      javaName.get() &&
-      java->CallStaticBooleanMethod(javaClass.get(), isValid, javaName.get()) == JNI_TRUE;
+  const bool result = javaName.get() && java->CallStaticBooleanMethod(javaClass.get(), isValid,
+                                                                      javaName.get()) == JNI_TRUE;
   if (!java->ExceptionCheck()) return result;
   java->ExceptionClear();
   return false;

@@ -21,8 +21,7 @@ const JavaDetour& dataBounds() {
 }
 
 const JavaDetour& limitsWithInfs() {
-  static const JavaDetour detour(LimitsWithInfsDataType::kDottedName,
-                                 Point2dDataType::kDottedName);
+  static const JavaDetour detour(LimitsWithInfsDataType::kDottedName, Point2dDataType::kDottedName);
   return detour;
 }
 

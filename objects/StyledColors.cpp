@@ -218,7 +218,9 @@ struct MarkerColorInJava {
     JNIEnv& java = javaClass.java();
     const Place place(kFile);
     const auto& names = MarkerColorStyle::getInstance()->getEnumStrings();
-    const auto newName = [&](std::size_t i) { return newAsciiString(java, names[i].c_str(), place); };
+    const auto newName = [&](std::size_t i) {
+      return newAsciiString(java, names[i].c_str(), place);
+    };
     const auto styles = newStringArray(java, names.size(), newName, place);
     if (c.getStyle() == MarkerColor::kNumeric)
       return javaClass.newInstance(
@@ -228,8 +230,8 @@ struct MarkerColorInJava {
     if (!word) raiseInvalidStyle(place, "MarkerColor", std::to_string(int{c.getStyle()}));
     const auto name = newAsciiString(java, word, place);
     return javaClass.newInstance(
-        "(Ljava/lang/String;[Ljava/lang/String;)Lcom/lindgrove/vg/types/VGStyledColor;",
-        name.get(), styles.get());
+        "(Ljava/lang/String;[Ljava/lang/String;)Lcom/lindgrove/vg/types/VGStyledColor;", name.get(),
+        styles.get());
   }
   static COSValue fromJava(const JavaObject& object) {
     if (!object.truth("isStyle")) return colorFromComponents<MarkerColor>(object);

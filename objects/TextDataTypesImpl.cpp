@@ -269,7 +269,8 @@ const char* NumericOrStringJC::getJavaDeclarationName() {
 COSValue TextPositionJavaConverter::to(COSValue value) const {
   const Place place(kFile);
   const auto* const position = value.asPointer<const TextPosition>();
-  if (!position) place.raise("NULL is not a valid value fot TextPosition");  // kept: the misspelling
+  if (!position)
+    place.raise("NULL is not a valid value fot TextPosition");  // kept: the misspelling
   const vxArray* const array = position->getPtr();
   if (ArrayBase::isEmpty(array)) place.raise("Native array size cannot be 0");
   if (vxGetNumberOfElements(array) > 3) place.raise("Array size must be less than 3");
@@ -278,13 +279,12 @@ COSValue TextPositionJavaConverter::to(COSValue value) const {
   if (!std::ranges::all_of(numbers, [](double number) { return std::isfinite(number); }))
     place.raise("Array element for TextPosition may not be NaN or Inf");
   numbers.resize(3);
-  return COSValue::fromPointer(JavaClass(*this, kPoint3, place)
-                                   .create("(DDD)V", numbers[0], numbers[1], numbers[2]));
+  return COSValue::fromPointer(
+      JavaClass(*this, kPoint3, place).create("(DDD)V", numbers[0], numbers[1], numbers[2]));
 }
 
 COSValue TextPositionJavaConverter::from(COSValue object) const {
-  if (object.isNull())
-    Place(kFile).raise("Input parameter for text position must not be NULL ");
+  if (object.isNull()) Place(kFile).raise("Input parameter for text position must not be NULL ");
   return byPoint3().from(object);
 }
 

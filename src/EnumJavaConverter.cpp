@@ -5,8 +5,6 @@
 #include <graphics/datatype/EnumBase.h>
 #include <messages/MessageCatalog.h>
 #include <vcos/COSDataType.h>
-#include <vcos/COSNameID.h>
-#include <vcos/COSTypeRepository.h>
 
 #include <jni.h>
 
@@ -17,7 +15,6 @@
 namespace graphics::datatype {
 
 using fl::i18n::MessageCatalog;
-using vcos::COSNameID;
 using vcos::COSValue;
 
 namespace {
@@ -100,8 +97,8 @@ COSValue EnumJavaConverter::to(COSValue value) const {
   const auto labelTexts = newStringArray(
       java, names.size(),
       [&](std::size_t i) { return newJavaString(java, labels.of(names[i]), place); }, place);
-  return COSValue::fromPointer(javaClass.newInstance(
-      kNewInstance, current, numbers.get(), nameTexts.get(), labelTexts.get()));
+  return COSValue::fromPointer(javaClass.newInstance(kNewInstance, current, numbers.get(),
+                                                     nameTexts.get(), labelTexts.get()));
 }
 
 COSValue EnumJavaConverter::from(COSValue object) const {

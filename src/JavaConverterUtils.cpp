@@ -54,7 +54,9 @@ class TestScope {
     vxErrorMode saved = vxSetErrorMode(vxERROR_MODE_RAISE);
   };
   struct Restore {
-    void operator()(vxAllocListContext* context) const { vxRestorePreviousAllocListContext(context); }
+    void operator()(vxAllocListContext* context) const {
+      vxRestorePreviousAllocListContext(context);
+    }
   };
   struct Exit {
     void operator()(vxArrayListContext* context) const {
@@ -91,9 +93,9 @@ jobject guarded(JNIEnv& java, const std::function<jobject()>& operation,
 
 jobject JavaConverterUtils::guarded(JNIEnv* env, const std::function<jobject()>& operation) {
   return datatype::guarded(*env, operation, [env] {
-    throwNew(*env, kRuntimeException,
-             std::string("Unexpected exception in file ") + kFile + " line " +
-                 std::to_string(__LINE__));
+    throwNew(
+        *env, kRuntimeException,
+        std::string("Unexpected exception in file ") + kFile + " line " + std::to_string(__LINE__));
   });
 }
 

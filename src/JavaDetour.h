@@ -21,7 +21,8 @@ class JavaDetour {
 
   vcos::COSValue to(vcos::COSValue value) const {
     const ArrayPtr array(arrays_.to(value).asPointer<vxArray>());
-    const ViaValue via(*viaType_.getObject(), viaArrays_.from(vcos::COSValue::fromPointer(array.get())));
+    const ViaValue via(*viaType_.getObject(),
+                       viaArrays_.from(vcos::COSValue::fromPointer(array.get())));
     return viaJava_.to(via.word());
   }
 

@@ -163,8 +163,7 @@ bool JavaObject::truth(Called getter) const {
 }
 
 Local<> JavaObject::object(Called getter, const char* signature) const {
-  Local<> result(java(),
-                 java().CallObjectMethod(object_, class_.findGetter(getter, signature)));
+  Local<> result(java(), java().CallObjectMethod(object_, class_.findGetter(getter, signature)));
   class_.require(result.get(), getter.name, getter.line);
   return result;
 }

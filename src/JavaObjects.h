@@ -174,8 +174,7 @@ class JavaClass {
   template <class... Arguments>
   jobject create(Called signature, Arguments... arguments) const {
     const jmethodID constructor = java_.GetMethodID(get(), "<init>", signature.name);
-    const jobject made =
-        constructor ? java_.NewObject(get(), constructor, arguments...) : nullptr;
+    const jobject made = constructor ? java_.NewObject(get(), constructor, arguments...) : nullptr;
     require(made, "<init>", signature.line);
     return made;
   }
@@ -281,8 +280,8 @@ Local<jobjectArray> newStringArray(JNIEnv& java, std::size_t count, NewText newT
                                    const Place& place) {
   const Local<jclass> text(java, java.FindClass("java/lang/String"));
   requireMade(java, text.get(), place);
-  Local<jobjectArray> texts(
-      java, java.NewObjectArray(javaCount(count, place), text.get(), nullptr));
+  Local<jobjectArray> texts(java,
+                            java.NewObjectArray(javaCount(count, place), text.get(), nullptr));
   requireMade(java, texts.get(), place);
   for (std::size_t i = 0; i < count; ++i) {
     const Local<jstring> element = newText(i);
@@ -296,13 +295,13 @@ Local<jobjectArray> newStringArray(JNIEnv& java, std::size_t count, NewText newT
 }  // namespace graphics::datatype
 
 /// Defines the members of a conversion by what a type says of itself in Java.
-#define VGDT_JAVA_CONVERSION(Converter, InJava)                         \
-  vcos::COSValue Converter::to(vcos::COSValue value) const {            \
-    return objectToJava<InJava>(*this, value);                          \
-  }                                                                     \
-  vcos::COSValue Converter::from(vcos::COSValue object) const {         \
-    return objectFromJava<InJava>(*this, object);                       \
-  }                                                                     \
-  const char* Converter::getJavaDeclarationName() {                     \
-    return InJava::kClass.dotted;                                       \
+#define VGDT_JAVA_CONVERSION(Converter, InJava)                 \
+  vcos::COSValue Converter::to(vcos::COSValue value) const {    \
+    return objectToJava<InJava>(*this, value);                  \
+  }                                                             \
+  vcos::COSValue Converter::from(vcos::COSValue object) const { \
+    return objectFromJava<InJava>(*this, object);               \
+  }                                                             \
+  const char* Converter::getJavaDeclarationName() {             \
+    return InJava::kClass.dotted;                               \
   }

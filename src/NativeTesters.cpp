@@ -61,7 +61,9 @@ class TestValue {
  private:
   /// An array type has a default value with data, and a default constructor that gives none.
   static COSValue makeDefault() {
-    if constexpr (requires { requires std::is_base_of_v<ArrayBase, typename DataType::ValueClass>; })
+    if constexpr (requires {
+                    requires std::is_base_of_v<ArrayBase, typename DataType::ValueClass>;
+                  })
       return COSValue::fromPointer(new typename DataType::ValueClass);
     else
       return typeOf<DataType>().copy(typeOf<DataType>().getDefaultValue());
@@ -108,8 +110,8 @@ class Tester final : public ConverterTester {
                                     const std::string& text) const override {
     if constexpr (std::is_same_v<Conversion, OfType<ShapedArrayJavaConverter, DataType>>) {
       TestValue<DataType> value;
-      value.take(textConversionOf(DataType::getDataTypeName())
-                     .from(COSValue::fromPointer(text.c_str())));
+      value.take(
+          textConversionOf(DataType::getDataTypeName()).from(COSValue::fromPointer(text.c_str())));
       const auto destroy = [](TestValue<DataType>* used) { used->take({}); };
       const std::unique_ptr<TestValue<DataType>, decltype(destroy)> owner(&value, destroy);
       return converterIn(java)->to(value.get()).template asPointer<_jobject>();

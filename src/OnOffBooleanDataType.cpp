@@ -177,6 +177,7 @@ void registerType<OnOffBooleanDataType, OnOffBooleanVC, OnOffBooleanSC, addBoolF
 }
 
 static void registerOnOffBoolean();
-VGDT_REGISTER_TYPE_WITH(OnOffBoolean, addBoolFirst, init_datatypes_OnOffBooleanDataType, registerOnOffBoolean)
+VGDT_REGISTER_TYPE_WITH(OnOffBoolean, addBoolFirst, init_datatypes_OnOffBooleanDataType,
+                        registerOnOffBoolean)
 
 }  // namespace graphics::datatype

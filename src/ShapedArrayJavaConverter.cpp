@@ -57,8 +57,7 @@ const char* ShapedArrayJavaConverter::getJavaDeclarationName() {
 
 COSValue ShapedArrayJavaConverter::to(COSValue value) const {
   auto* const arrayBase = value.asPointer<ArrayBase>();
-  return hostArrayConversion().to(
-      COSValue::fromPointer(arrayBase ? arrayBase->getPtr() : nullptr));
+  return hostArrayConversion().to(COSValue::fromPointer(arrayBase ? arrayBase->getPtr() : nullptr));
 }
 
 COSValue ShapedArrayJavaConverter::from(COSValue object) const {

@@ -22,15 +22,15 @@
 
 /// The same, for a type whose Java conversion is made by a function.
 #define VGDT_REGISTER_TYPE_WITH(Type, makeForJava, queueFunction, callback) \
-  void callback() {                                                   \
-    registerType<Type##DataType, Type##VC, Type##SC, makeForJava>();  \
-  }                                                                   \
-  bool queueFunction() {                                              \
-    get_initialization_callback_registry()->addCallback(&callback);   \
-    return true;                                                      \
-  }                                                                   \
-  namespace {                                                         \
-  [[maybe_unused]] const bool queueFunction##_done = queueFunction(); \
+  void callback() {                                                         \
+    registerType<Type##DataType, Type##VC, Type##SC, makeForJava>();        \
+  }                                                                         \
+  bool queueFunction() {                                                    \
+    get_initialization_callback_registry()->addCallback(&callback);         \
+    return true;                                                            \
+  }                                                                         \
+  namespace {                                                               \
+  [[maybe_unused]] const bool queueFunction##_done = queueFunction();       \
   }
 
 namespace graphics::datatype {
@@ -85,9 +85,8 @@ void addTypeInSilence(vcos::COSDataType& type, const char* dottedName,
 template <class DataType, class VC, class SC, MakeJavaConversion makeForJava>
 void registerType() {
   if (auto* type = dynamic_cast<DataType*>(DataType::getType()))
-    addTypeInSilence(
-        *type, DataType::kDottedName,
-        {makeConversion<DataType, VC>, makeConversion<DataType, SC>, makeForJava});
+    addTypeInSilence(*type, DataType::kDottedName,
+                     {makeConversion<DataType, VC>, makeConversion<DataType, SC>, makeForJava});
 }
 
 }  // namespace graphics::datatype

@@ -252,7 +252,8 @@ class BridgeTest {
         new Type("Position", VGRectangle.class)
             .starts(new VGRectangle(0, 0, 0, 0))
             .takes(new VGRectangle(-1, 2, 3, 4))
-            .refuses(new VGRectangle(0, 0, -1, 1), "VORTIL:vg:set_chck:DimensionsOutsideRange ")
+            .refuses(new VGRectangle(0, 0, -1, 1),
+                "VORTIL:vg:PositionDataType:InvalidPositionException ")
             .refuses(null, notNull("Position"))
             .wantsInstance("must be"),
         new Type("Positive", VGDouble.class)

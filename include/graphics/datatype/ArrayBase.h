@@ -16,7 +16,7 @@ class BaseMsgID;
 namespace vcos {
 class COSDataType;
 class JavaTypeConversion;
-}
+}  // namespace vcos
 
 namespace graphics::datatype {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <graphics/datatype/AbstractJavaConverter.h>
 #include <callback/VCallback.h>
+#include <graphics/datatype/AbstractJavaConverter.h>
 #include <graphics/datatype/PropertyDataType.h>
 #include <vcos/COSTypeConversion.h>
 

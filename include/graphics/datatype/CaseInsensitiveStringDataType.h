@@ -47,7 +47,8 @@ class VGDT_API CaseInsensitiveStringVC final : public vcos::COSTypeConversion {
 };
 
 /// Between a reference to a host array in Java and a word.
-class VGDT_API CaseInsensitiveStringJC final : public ArrayJavaConverter<CaseInsensitiveStringVC> {};
+class VGDT_API CaseInsensitiveStringJC final : public ArrayJavaConverter<CaseInsensitiveStringVC> {
+};
 
 /// Queues the registration of the type; runs at load.
 VGDT_API bool init_VortilGraphicsDatatype_CaseInsensitiveStringDataType();

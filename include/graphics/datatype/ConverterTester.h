@@ -5,9 +5,9 @@
 
 #include <string>
 
-class _jobject;                         // NOLINT(bugprone-reserved-identifier): the name is Java's
-class _jstring;                         // NOLINT(bugprone-reserved-identifier): the name is Java's
-using jobject = _jobject*;              // as in jni.h
+class _jobject;             // NOLINT(bugprone-reserved-identifier): the name is Java's
+class _jstring;             // NOLINT(bugprone-reserved-identifier): the name is Java's
+using jobject = _jobject*;  // as in jni.h
 using jstring = _jstring*;
 
 namespace graphics::datatype {

@@ -13,7 +13,7 @@
 namespace vcos {
 class JavaTypeConversion;
 class TypedEnumStringType;
-}
+}  // namespace vcos
 
 namespace graphics::datatype {
 
