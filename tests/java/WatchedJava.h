@@ -9,6 +9,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -112,7 +113,13 @@ class WatchedJava {
  private:
   static constexpr std::uint64_t kNever = UINT64_MAX;
 
-  WatchedJava() : java_(vghost::startJava()), real_(*java_.functions), table_(real_) {
+  /// What native code does wrong is printed.
+  static JNIEnv& startChecked() {
+    setenv("JAVA_TOOL_OPTIONS", "-Xcheck:jni", 0);
+    return vghost::startJava();
+  }
+
+  WatchedJava() : java_(startChecked()), real_(*java_.functions), table_(real_) {
     references_.reserve(100);
     failure_ = static_cast<jclass>(java_.NewGlobalRef(find("java/lang/IllegalStateException")));
     system_ = static_cast<jclass>(java_.NewGlobalRef(find("java/lang/System")));
@@ -122,8 +129,8 @@ class WatchedJava {
           &Table::CallIntMethodV, &Table::CallDoubleMethodV, &Table::NewString,
           &Table::NewStringUTF, &Table::GetStringRegion, &Table::NewObjectArray,
           &Table::NewDoubleArray, &Table::NewIntArray, &Table::GetObjectArrayElement,
-          &Table::SetObjectArrayElement, &Table::GetDoubleArrayRegion,
-          &Table::SetDoubleArrayRegion, &Table::GetFloatArrayRegion, &Table::SetIntArrayRegion>();
+          &Table::SetObjectArrayElement, &Table::GetDoubleArrayRegion, &Table::SetDoubleArrayRegion,
+          &Table::GetFloatArrayRegion, &Table::SetIntArrayRegion>();
     table_.FindClass = [](JNIEnv*, const char* path) {
       const bool isHidden = !get().isAside_ && std::string_view(path).starts_with(get().hidden_);
       return get().pass(&Table::FindClass, isHidden, path);

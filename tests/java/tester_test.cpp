@@ -86,9 +86,8 @@ class TesterTest : public testing::Test {
 
 TEST_F(TesterTest, HostErrorsAreIllegalArguments) {
   using HostError = Lindgrove::System::utErrorException_DEPRECATED;
-  for (const std::string& text :
-       {std::string("%s {0} %n"), std::string("a\0b", 3), std::string("\xF0\x9F\x98\x80 \xC3\xA9"),
-        std::string()}) {
+  for (const std::string& text : {std::string("%s {0} %n"), std::string("a\0b", 3),
+                                  std::string("\xF0\x9F\x98\x80 \xC3\xA9"), std::string()}) {
     const std::string expected = "java.lang.IllegalArgumentException: A:b " + text;
     for (const bool byText : {false, true}) {
       const Work wrapped = [&](JNIEnv*) -> jobject {
@@ -112,8 +111,9 @@ TEST_F(TesterTest, OtherExceptionsAreOfTheMachineAtRunTime) {
   for (const Work& work : works) {
     EXPECT_THAT(thrownBy(work), MatchesRegex("java.lang.RuntimeException: Unexpected exception in "
                                              "file src/JavaConverterUtils line [0-9]+"));
-    EXPECT_EQ(thrownBy(work, true), "java.lang.RuntimeException: Unexpected exception in file  in "
-                                    "file src/JavaConverterUtils line 166");
+    EXPECT_EQ(thrownBy(work, true),
+              "java.lang.RuntimeException: Unexpected exception in file  in "
+              "file src/JavaConverterUtils line 166");
   }
 }
 
@@ -146,9 +146,9 @@ TEST_F(TesterTest, HandsTextsOnAndResultsBack) {
     EXPECT_EQ(tester.testGetter(&java, nullptr), result);
     EXPECT_EQ(tester.convertToJavaFromString(&java, nullptr, nullptr), nullptr);
     EXPECT_EQ(tester.seen, "");
-    EXPECT_EQ(tester.convertToJavaFromString(&java, nullptr,
-                                             watched.text({u"%s\0\U0001F600\xD800", 6})),
-              result);
+    EXPECT_EQ(
+        tester.convertToJavaFromString(&java, nullptr, watched.text({u"%s\0\U0001F600\xD800", 6})),
+        result);
     EXPECT_EQ(tester.seen, "%s\xEF\xBF\xBD\xF0\x9F\x98\x80\xEF\xBF\xBD");
     EXPECT_EQ(watched.takePending(), "");
   });
