@@ -71,7 +71,7 @@ class Eval : public testing::Test {
   static void expectRefusal(const char* type, const GivenValue& given, const char* words) {
     std::ostringstream output;
     const Console console{output, output, Style(ColorDepth::None), Style(ColorDepth::None)};
-    EXPECT_EQ(convertValue(console, type, given, false), kRefused) << type << ' ' << given.content;
+    EXPECT_EQ(convertValue(console, type, given, {}), kRefused) << type << ' ' << given.content;
     EXPECT_THAT(output.str(), HasSubstr(words)) << type << ' ' << given.content;
   }
 
@@ -151,6 +151,36 @@ TEST_F(Eval, ShowsTheErrorOfAConversionBackInItsMember) {
   EXPECT_EQ(status_, kDone);
 }
 
+TEST_F(Eval, SendsAValueToJavaAndBackAndShowsTheErrorOfEachStepInItsMember) {
+  const std::pair<const char*, const char*> kCases[] = {
+      {R"("type":"Position","array":"[1 2 3 4]","equals":{"word":"null"})",
+       R"("compare":2,"java":{"class":"com.lindgrove.vg.types.VGRectangle",)"
+       R"("text":"VGRectangle[x=1.0, y=2.0, width=3.0, height=4.0]",)"
+       R"("array":{"class":"double","dims":[1,4],"data":[1,2,3,4]}}})"},
+      {R"("type":"on_off","text":"on")",
+       R"("java":{"class":"java.lang.Boolean","text":"true",)"
+       R"("array":{"class":"char","dims":[1,2],"rows":["on"]}}})"},
+      {R"-("type":"UTF16String","array":"char([233 0 55357 56832 55357])")-",
+       R"("class":"java.lang.String","text":"é\u0000)"
+       "\U0001F600\uFFFD\",\"array\":"},
+      {R"("type":"NStrings","array":"{'a';'b'}")",
+       R"("java":{"class":"java.lang.String[]","text":"[a, b]","array":{"class":"cell",)"},
+      {R"("type":"Tick","array":"[0 0.5]")",
+       R"("java":{"class":"double[]","text":"[0.0, 0.5]","array":{"class":"double","dims":[1,2],)"},
+      {R"("type":"RGBAColor","text":"none")",
+       R"("java":{"class":null,"text":null,"array":{"class":"char","dims":[1,4],"rows":["none"])"},
+      {R"("type":"Position","word":"null")",
+       R"("java":{"class":null,"text":null,"array":{"error":{"kind":"host","id":)"
+       R"("VORTIL:class:JavaConversionError","message":"Input parameter for Position must not )"},
+      {R"-("type":"TickLength","array":"int8([1 2])")-",
+       R"("java":{"error":{"kind":"host","id":"VORTIL:class:JavaConversionError","message":")"},
+  };
+  for (const auto& [members, java] : kCases) {
+    EXPECT_THAT(replyTo(std::string(R"({"java":true,)") + members + "}"), HasSubstr(java));
+    EXPECT_EQ(status_, kDone) << members;
+  }
+}
+
 TEST_F(Eval, PassesOnWhatIsPrintedAndWarnedOf) {
   EXPECT_THAT(replyTo(R"({"type":"Probe","text":"!talk"})"),
               HasSubstr(R"("rows":["!talk"]}},"console":["first","second"]})"));
@@ -160,7 +190,7 @@ TEST_F(Eval, PassesOnWhatIsPrintedAndWarnedOf) {
   std::ostringstream output;
   std::ostringstream errors;
   const Console console{output, errors, Style(ColorDepth::None), Style(ColorDepth::None)};
-  EXPECT_EQ(convertValue(console, "Probe", {kText, "!talk"}, false), kDone);
+  EXPECT_EQ(convertValue(console, "Probe", {kText, "!talk"}, {}), kDone);
   EXPECT_EQ(errors.str(), "  console     first\n              second\n");
 }
 
@@ -238,7 +268,7 @@ TEST_F(Eval, RefusesARequestThatIsWrongAndServesTheNext) {
       {"scalar",
        {R"("type":"bool","array":"'on'")", R"("type":"bool","word":"default")",
         R"("type":"bool","text":"on","equals":{"text":"on"})"}},
-      {"Java", {on + R"(,"java":true)"}},
+      {"no Java form", {R"("type":"bool","text":"on","java":true)"}},
       {"java", {on + R"(,"java":1)"}},
       {"the ops are value, describe, types", {R"("op":"colour","name":"red")"}},
       {"op", {R"("op":["types"])"}},
@@ -313,7 +343,7 @@ TEST_F(Eval, EndsWhatItMadeAndSaysThatMemoryHasRunOutWhicheverAllocationFails) {
         R"-({"type":"NumericMatrix","array":"{1,'a',struct('b',{true})}"})-", R"({"op":"color"})",
         R"({"op":"color","name":"bl"})", R"({"op":"describe","type":"MarkerStyle"})",
         R"({"type":"Units","array":"'nonesuch'"})", R"({"type":"nonesuch","text":""})",
-        R"({"id":{"b":[1,2],"a":[[]]}})",
+        R"({"type":"Position","array":"[1 2 3 4]","java":true})", R"({"id":{"b":[1,2],"a":[[]]}})",
         R"({"op":"units","what":"inset","from":"in","to":"pix","value":[1,2,3,"Inf"]})"}) {
     EXPECT_EQ(newsOfWriting(line), 0U) << line;
     const std::string good = written();

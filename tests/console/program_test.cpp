@@ -31,6 +31,9 @@ struct Case {
   const char* output;  // a part of it
 };
 
+// No Java machine starts with an option that it does not know.
+#define WITHOUT_JAVA "JAVA_TOOL_OPTIONS=-nonesuch '" VGDT_PROGRAM "' "
+
 const Case kCases[] = {
     {0, {"--help"}, "convert"},
     {0, {"convert --help"}, "Examples"},
@@ -56,6 +59,14 @@ const Case kCases[] = {
     {0, {"convert on_off \"'ON'\""}, "array       'on'  (1x2 char)"},
     {0, {"convert on_off --text of"}, "text        off"},
     {0, {"convert MarkerStyle \"'P'\""}, "text        pentagram\n"},
+    {0, {"describe Tick"}, "  Java class  double[]\n"},
+    {0,
+     {"convert Tick --text '[2]' --java"},
+     "text   [2.0]\n  came back   2  (1x1 double)\n  equal"},
+    {2, {"types | grep x; " WITHOUT_JAVA "convert Tick 2 --java"}, "vgdt: the Java machine in /"},
+    {2,
+     {"types | grep x; " WITHOUT_JAVA "convert Tick 2 --java --json"},
+     "{\"ok\":false,\"error\":{\"kind\":\"request\",\"id\":\"\",\"message\":\"the Java machine in"},
     {1, {"convert Units \"' P'\""}, "ambiguous   between points and pixels\n"},
     {1, {"convert UnitsWithData --text c"}, "between centimeters and char"},
     {1, {"convert LightStyle --text '   LOCL'"}, "did you mean \"local\"?"},

@@ -104,13 +104,16 @@ class CommandLine {
   void addConvert() {
     CLI::App* command =
         addCommand("convert", "Convert a value",
-                   "  vgdt convert on_off \"'On'\"\n  vgdt convert bool --text off");
+                   "  vgdt convert on_off \"'On'\"\n  vgdt convert bool --text off\n"
+                   "  vgdt convert Position \"[1 2 3 4]\" --java");
     addTypeName(command);
     CLI::Option* literal = command->add_option("LITERAL", literal_, "The value as a host array");
     literal->type_name("");
     command->add_option("--text", text_, "The value as a text, for the text conversion")
         ->type_name("TEXT")
         ->excludes(literal);
+    command->add_flag("--java", withJava_,
+                      "Show the value's Java object, too, and what comes back");
     addJsonFlag(command);
     command->allow_extras();
     command->callback([this, command] {
@@ -118,7 +121,9 @@ class CommandLine {
       if (!literal_ && !text_) throw CLI::RequiredError("LITERAL or --text");
       const GivenValue given = text_ ? GivenValue{GivenValue::Route::Text, *text_}
                                      : GivenValue{GivenValue::Route::Array, *literal_};
-      chosen_ = [this, given] { return convertValue(console_, typeName_, given, asJson_); };
+      chosen_ = [this, given] {
+        return convertValue(console_, typeName_, given, {asJson_, withJava_});
+      };
     });
   }
 
@@ -233,6 +238,7 @@ class CommandLine {
   UnitsArguments units_;
   bool asJson_ = false;
   bool asTable_ = false;
+  bool withJava_ = false;
 };
 
 std::string textOf(const Failure& failure) {

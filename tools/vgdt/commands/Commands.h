@@ -12,8 +12,12 @@ namespace vgdt {
 /// The commands of the program. Each returns its exit status and has written its errors.
 ExitStatus listTypes(const Console& console, const std::optional<std::string>& family, bool asJson);
 ExitStatus describeType(const Console& console, const std::string& name, bool asJson);
+struct ConvertOptions {
+  bool asJson = false;
+  bool withJava = false;  ///< the value also goes to Java and back
+};
 ExitStatus convertValue(const Console& console, const std::string& name, const GivenValue& given,
-                        bool asJson);
+                        const ConvertOptions& options);
 /// Lists the colour names, or writes a page of them to the file `page`, which "-" names as standard
 /// output.
 ExitStatus listColors(const Console& console, const std::optional<std::string>& page, bool asJson);

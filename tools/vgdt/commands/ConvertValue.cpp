@@ -1,3 +1,4 @@
+#include "JavaValues.h"
 #include "commands/Commands.h"
 #include "commands/Refusals.h"
 #include "literal/LiteralPrinter.h"
@@ -15,13 +16,16 @@ const char* memberOf(GivenValue::Route route) {
   return route == GivenValue::Route::Text ? "text" : "array";
 }
 
+std::string noneSince(const Failure& failure) {
+  return fmt::format("none: {}", failure.message.empty() ? "the conversion fails and says nothing"
+                                                         : failure.message);
+}
+
 /// A value may have no text, and still be one.
 std::string shownText(const Type& type, vcos::COSValue word) {
   std::optional<std::string> text;
   if (const auto failure = failureOf([&] { text = textOf(type, word); }))
-    return fmt::format("none: {}", failure->message.empty()
-                                       ? "the conversion fails and says nothing"
-                                       : failure->message);
+    return noneSince(*failure);
   return text.value_or("none");
 }
 
@@ -52,11 +56,11 @@ std::vector<std::string> escapedLines(const vxArray* array) {
   return hasEscapes ? shown : std::vector<std::string>();
 }
 
-void printArray(std::ostream& output, const vxArray* array) {
-  if (!array) return printField(output, "array", "none");
+void printArray(std::ostream& output, const char* name, const vxArray* array) {
+  if (!array) return printField(output, name, "none");
   std::vector<std::string> literal = formatLiteralRows(array, kMaxElements);
   literal.back() += fmt::format("  ({})", sizeAndClass(array));
-  printField(output, "array", literal);
+  printField(output, name, literal);
   printField(output, "escaped", escapedLines(array));
 }
 
@@ -66,16 +70,37 @@ void printValue(const Console& console, const Type& type, vcos::COSValue word) {
   if (type.isImmediate()) printField(console.output, "word", wordText(word));
   if (type.isScalar) return;
   const vcos::ArrayOwner array = arrayOf(type, word);
-  printArray(console.output, array.get());
+  printArray(console.output, "array", array.get());
 }
 
-ExitStatus convertForPeople(const Console& console, const Type& type, const GivenValue& given) {
+void printJava(std::ostream& output, const JavaForm& form) {
+  constexpr std::size_t kMaxColumns = 1000;
+  const auto printText = [&output](const char* name, const std::optional<std::string>& text,
+                                   const std::optional<Failure>& failure) {
+    printField(output, name,
+               failure ? noneSince(*failure) : onOneLine(text.value_or("null"), kMaxColumns));
+  };
+  printText("Java class", form.className, form.failure);
+  if (form.failure) return;
+  if (form.className) printText("Java text", form.text, form.textFailure);
+  if (form.arrayFailure) return printField(output, "came back", noneSince(*form.arrayFailure));
+  printArray(output, "came back", form.array.get());
+  printField(output, "equal", form.isEqual ? "yes" : "no");
+}
+
+ExitStatus convertForPeople(const Console& console, const Type& type, const GivenValue& given,
+                            bool withJava) {
   const ArrayScope scope;
   vcos::ArrayOwner array;
   try {
     if (given.route == GivenValue::Route::Array) array = readLiteral(type, given.content);
+    std::optional<JavaAccess> java;
+    if (withJava) java.emplace(type);
     const Value value = array ? Value(type, array.get()) : Value(type, given);
+    std::optional<JavaForm> form;
+    if (java) form = java->formOf(value.word());
     printValue(console, type, value.word());
+    if (form) printJava(console.output, *form);
     return kDone;
   } catch (const RequestError& error) {
     reportRequestError(console, given.content, error);
@@ -89,12 +114,15 @@ ExitStatus convertForPeople(const Console& console, const Type& type, const Give
 }  // namespace
 
 ExitStatus convertValue(const Console& console, const std::string& name, const GivenValue& given,
-                        bool asJson) {
-  if (asJson)
-    return printReply(
-        console, serveRequest(requestOf({{"type", name}, {memberOf(given.route), given.content}})));
+                        const ConvertOptions& options) {
+  if (options.asJson) {
+    JsonValue request = requestOf({{"type", name}, {memberOf(given.route), given.content}});
+    if (options.withJava)
+      request.members.emplace("java", JsonValue{.kind = JsonValue::Kind::Boolean, .text = "true"});
+    return printReply(console, serveRequest(request));
+  }
   const HostOutput output;
-  const ExitStatus status = convertForPeople(console, requireType(name), given);
+  const ExitStatus status = convertForPeople(console, requireType(name), given, options.withJava);
   output.print(console.errors);
   return status;
 }

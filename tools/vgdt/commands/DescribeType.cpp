@@ -1,3 +1,4 @@
+#include "JavaValues.h"
 #include "commands/Commands.h"
 #include "requests/Requests.h"
 #include "text/Examples.h"
@@ -39,6 +40,8 @@ void printDescription(const Console& console, const Type& type) {
   };
   for (const auto& [name, value] : fields)
     printField(console.output, name, value);
+  if (const auto javaClass = javaClassOf(type))
+    printField(console.output, "Java class", *javaClass);
   printField(console.output, "values", words.values);
   printField(console.output, "texts", words.texts);
   const Examples examples = findExamples(type);

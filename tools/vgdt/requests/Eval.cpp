@@ -64,12 +64,28 @@ std::string outcomeText(const Reply& reply) {
   return answer->isInTable ? "ok, ambiguous" : "ok, missing";
 }
 
+std::string failureText(const Failure& failure) {
+  return failure.message.empty() ? nameOf(failure.kind) : failure.message;
+}
+
+/// The text of a Java object, and why nothing came back from it.
+std::string javaText(const JavaForm& form) {
+  const auto& noText = form.failure ? form.failure : form.textFailure;
+  std::string text = "Java: " + (noText ? failureText(*noText) : form.text.value_or("null"));
+  if (form.arrayFailure) text += "; back: " + failureText(*form.arrayFailure);
+  return text;
+}
+
 std::string messageText(const Reply& reply) {
   if (const auto* failure = std::get_if<Failure>(&reply.answer)) return failure->message;
   const auto* answer = std::get_if<ValueAnswer>(&reply.answer);
-  if (!answer || !answer->comparison) return "";
-  return fmt::format("{}, compare {}", answer->comparison->isEqual ? "equal" : "not equal",
-                     answer->comparison->compare);
+  if (!answer) return "";
+  std::vector<std::string> parts;
+  if (const auto& comparison = answer->comparison)
+    parts.push_back(fmt::format("{}, compare {}", comparison->isEqual ? "equal" : "not equal",
+                                comparison->compare));
+  if (answer->java) parts.push_back(javaText(*answer->java));
+  return fmt::format("{}", fmt::join(parts, "; "));
 }
 
 /// Empty if there is no such member.

@@ -101,6 +101,19 @@ void writeError(JsonWriter& writer, const Failure& failure) {
   writer.closeObject();
 }
 
+void writeTextOrError(JsonWriter& writer, const std::optional<std::string>& text,
+                      const std::optional<Failure>& failure) {
+  if (failure) return writeError(writer, *failure);
+  if (!text) return writer.null();
+  writer.text(*text);
+}
+
+void writeArrayOrError(JsonWriter& writer, const vcos::ArrayOwner& array,
+                       const std::optional<Failure>& failure) {
+  if (failure) return writeError(writer, *failure);
+  writeArray(writer, array.get());
+}
+
 }  // namespace
 
 void writeTexts(JsonWriter& writer, const std::vector<std::string>& texts) {
@@ -139,9 +152,7 @@ void writeMessage(JsonWriter& writer, std::string_view identifier, std::string_v
 }
 
 void writeText(JsonWriter& writer, const ValueForm& value) {
-  if (value.textFailure) return writeError(writer, *value.textFailure);
-  if (!value.text) return writer.null();
-  writer.text(*value.text);
+  writeTextOrError(writer, value.text, value.textFailure);
 }
 
 void writeValue(JsonWriter& writer, const ValueForm& value, std::string_view type) {
@@ -159,10 +170,19 @@ void writeValue(JsonWriter& writer, const ValueForm& value, std::string_view typ
   writer.key("text");
   writeText(writer, value);
   writer.key("array");
-  if (value.arrayFailure)
-    writeError(writer, *value.arrayFailure);
-  else
-    writeArray(writer, value.array.get());
+  writeArrayOrError(writer, value.array, value.arrayFailure);
+  writer.closeObject();
+}
+
+void writeJava(JsonWriter& writer, const JavaForm& form) {
+  if (form.failure) return writeError(writer, *form.failure);
+  writer.openObject();
+  writer.key("class");
+  writeTextOrError(writer, form.className, std::nullopt);
+  writer.key("text");
+  writeTextOrError(writer, form.text, form.textFailure);
+  writer.key("array");
+  writeArrayOrError(writer, form.array, form.arrayFailure);
   writer.closeObject();
 }
 

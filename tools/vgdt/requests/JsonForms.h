@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Errors.h"
+#include "JavaValues.h"
 #include "Values.h"
 #include "requests/JsonWriter.h"
 
@@ -30,5 +31,8 @@ void writeText(JsonWriter& writer, const ValueForm& value);
 
 /// {"type", "null", "word", "text", "array"}; without the first if `type` is empty.
 void writeValue(JsonWriter& writer, const ValueForm& value, std::string_view type = {});
+
+/// {"class", "text", "array"}, or {"error"} in its place.
+void writeJava(JsonWriter& writer, const JavaForm& form);
 
 }  // namespace vgdt

@@ -20,11 +20,15 @@ class AnswerWriter {
   void operator()(const ValueAnswer& answer) {
     writer_.key("value");
     writeValue(writer_, answer.value);
-    if (!answer.comparison) return;
-    writer_.key("equal");
-    writer_.boolean(answer.comparison->isEqual);
-    writer_.key("compare");
-    writer_.number(answer.comparison->compare);
+    if (answer.comparison) {
+      writer_.key("equal");
+      writer_.boolean(answer.comparison->isEqual);
+      writer_.key("compare");
+      writer_.number(answer.comparison->compare);
+    }
+    if (!answer.java) return;
+    writer_.key("java");
+    writeJava(writer_, *answer.java);
   }
   void operator()(const TypeForm& form) {
     writer_.key("type");

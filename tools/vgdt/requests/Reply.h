@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ExitStatus.h"
+#include "JavaValues.h"
 #include "Values.h"
 #include "requests/JsonValue.h"
 #include "requests/JsonWriter.h"
@@ -17,14 +18,15 @@
 
 namespace vgdt {
 
-/// A value, and how it compares with a second one.
+/// A value, how it compares with a second one, and what becomes of it in Java.
 struct ValueAnswer {
   struct Comparison {
     bool isEqual;
     int compare;
   };
   ValueForm value;
-  std::optional<Comparison> comparison;
+  std::optional<Comparison> comparison = {};
+  std::optional<JavaForm> java = {};
 };
 
 using TypeNames = std::vector<std::string>;

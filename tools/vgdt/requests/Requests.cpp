@@ -1,5 +1,6 @@
 #include "requests/Requests.h"
 
+#include "JavaValues.h"
 #include "Values.h"
 #include "requests/Members.h"
 #include "requests/RequestParser.h"
@@ -37,12 +38,12 @@ constexpr RouteRow kRoutes[] = {
     {"word", GivenValue::Route::Word},
 };
 
-void refuseJava(const JsonValue& request) {
+bool asksForJava(const JsonValue& request) {
   const JsonValue* java = request.find("java");
-  if (!java) return;
+  if (!java) return false;
   if (java->kind != JsonValue::Kind::Boolean)
     throw RequestError("\"java\" has to be true or false");
-  if (java->text == "true") throw RequestError("Java values are not available");
+  return java->text == "true";
 }
 
 GivenValue givenValue(const JsonValue& object) {
@@ -57,35 +58,38 @@ GivenValue givenValue(const JsonValue& object) {
   return {chosen->route, stringMember(object, chosen->member)};
 }
 
-GivenValue valueToCompare(const JsonValue& equals) {
-  if (!equals.isObject() || equals.members.size() != 1)
-    throw RequestError(
-        "\"equals\" has to be an object with one of \"text\", \"array\" and \"word\"");
-  return givenValue(equals);
-}
-
-ValueAnswer answerComparison(const Type& type, const JsonValue& request, const JsonValue& equals) {
+std::optional<GivenValue> valueToCompare(const Type& type, const JsonValue& request) {
+  const JsonValue* equals = request.find("equals");
+  if (!equals) return std::nullopt;
   if (type.isScalar)
     throw RequestError(fmt::format("\"{}\" is a scalar: it takes no \"equals\"", type.name));
-  const GivenValue given = givenValue(request);
-  const GivenValue other = valueToCompare(equals);
-  const Value value(type, given);
+  if (!equals->isObject() || equals->members.size() != 1)
+    throw RequestError(
+        "\"equals\" has to be an object with one of \"text\", \"array\" and \"word\"");
+  return givenValue(*equals);
+}
+
+ValueAnswer::Comparison comparisonOf(const Type& type, vcos::COSValue word,
+                                     const GivenValue& other) {
   const Value second(type, other);
   const vcos::COSDataType& dataType = type.access.dataType();
-  return {valueForm(type, value.word()),
-          ValueAnswer::Comparison{dataType.isEqual(value.word(), second.word()),
-                                  dataType.compare(value.word(), second.word())}};
+  return {dataType.isEqual(word, second.word()), dataType.compare(word, second.word())};
 }
 
 using Answer = decltype(Reply::answer);
 
 Answer answerValue(const JsonValue& request) {
-  refuseJava(request);
+  const bool goesToJava = asksForJava(request);
   const Type type = requireType(stringMember(request, "type"));
-  if (const JsonValue* equals = request.find("equals"))
-    return answerComparison(type, request, *equals);
-  const Value value(type, givenValue(request));
-  return ValueAnswer{valueForm(type, value.word()), std::nullopt};
+  const GivenValue given = givenValue(request);
+  const std::optional<GivenValue> other = valueToCompare(type, request);
+  std::optional<JavaAccess> java;
+  if (goesToJava) java.emplace(type);
+  const Value value(type, given);
+  ValueAnswer result = {valueForm(type, value.word())};
+  if (other) result.comparison = comparisonOf(type, value.word(), *other);
+  if (java) result.java = java->formOf(value.word());
+  return result;
 }
 
 Answer answerDescribe(const JsonValue& request) {
