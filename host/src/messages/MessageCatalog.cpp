@@ -17,7 +17,7 @@ constexpr std::string_view kWordCharacters =
     "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_";
 
 const std::string& catalogDirectory() {
-  static const auto& directory = *new std::string(ownDirectory() + "vghost/catalogs");
+  static const auto& directory = *new std::string(vghost::ownDirectory() + "vghost/catalogs");
   return directory;
 }
 
