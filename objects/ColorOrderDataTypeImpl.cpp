@@ -35,7 +35,7 @@ Local<jobjectArray> newColors(const JavaClass& color, const vxArray* array) {
     };
     const Local<> made(java, color.create("(FFF)V", channel(0), channel(1), channel(2)));
     java.SetObjectArrayElement(colors.get(), static_cast<jsize>(i), made.get());
-    requireMade(java, colors.get(), place);
+    requireNoException(java, place);
   }
   return colors;
 }

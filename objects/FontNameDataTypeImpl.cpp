@@ -107,12 +107,13 @@ bool isFontNameValidIgnoreCase(const char* name) {
     vxErrMsgIdAndTxt(kError, "JNI cannot find class %s in file %s line %d", kFontName.path, kFile,
                      __LINE__);
   }
-  const jmethodID isValid = java->GetStaticMethodID(javaClass.get(), "isFontNameValidIgnoreCase",
-                                                    "(Ljava/lang/String;)Z");
-  const Local<jstring> javaName(
-      *java, isValid ? vljCreateStringFromUString(java, asUTF16String(name)) : nullptr);
-  const bool result = javaName.get() && java->CallStaticBooleanMethod(javaClass.get(), isValid,
-                                                                      javaName.get()) == JNI_TRUE;
+  const Local<jstring> javaName(*java, vljCreateStringFromUString(java, asUTF16String(name)));
+  const jmethodID isValid =
+      javaName.get() ? java->GetStaticMethodID(javaClass.get(), "isFontNameValidIgnoreCase",
+                                               "(Ljava/lang/String;)Z")
+                     : nullptr;
+  const bool result = isValid && java->CallStaticBooleanMethod(javaClass.get(), isValid,
+                                                               javaName.get()) == JNI_TRUE;
   if (!java->ExceptionCheck()) return result;
   java->ExceptionClear();
   return false;

@@ -185,11 +185,13 @@ struct NLineStylesInJava {
 
   static jobject toJava(const JavaClass& javaClass, const NLineStyles& styles) {
     const Place place(kFile);
+    const auto stringClass = findStringClass(javaClass.java(), place);
     const auto newTexts = [&](auto part) {
       const auto newText = [&](std::size_t i) {
         return newJavaString(javaClass.java(), (styles.getStyles()[i].*part)(), place);
       };
-      return newStringArray(javaClass.java(), styles.getStyles().size(), newText, place);
+      return newStringArray(javaClass.java(), stringClass.get(), styles.getStyles().size(), newText,
+                            place);
     };
     const auto lines = newTexts(&LineMarkerStyle::getLineStyle);
     const auto markers = newTexts(&LineMarkerStyle::getMarkerStyle);

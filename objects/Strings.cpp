@@ -195,8 +195,10 @@ COSValue NStringsJC::to(COSValue value) const {
     const vxArray* const text = vxGetCell(cells.get(), i);
     return newJavaString(java, unitsIn(text), place);
   };
+  const auto stringClass = findStringClass(java, place);
   return COSValue::fromPointer(
-      newStringArray(java, vxGetNumberOfElements(cells.get()), newText, place).release());
+      newStringArray(java, stringClass.get(), vxGetNumberOfElements(cells.get()), newText, place)
+          .release());
 }
 
 COSValue NStringsJC::from(COSValue object) const {

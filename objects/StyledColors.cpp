@@ -221,7 +221,8 @@ struct MarkerColorInJava {
     const auto newName = [&](std::size_t i) {
       return newAsciiString(java, names[i].c_str(), place);
     };
-    const auto styles = newStringArray(java, names.size(), newName, place);
+    const auto stringClass = findStringClass(java, place);
+    const auto styles = newStringArray(java, stringClass.get(), names.size(), newName, place);
     if (c.getStyle() == MarkerColor::kNumeric)
       return javaClass.newInstance(
           "(DDDD[Ljava/lang/String;)Lcom/lindgrove/vg/types/VGStyledColor;", c.getRed(),

@@ -47,7 +47,10 @@ COSValue ArrayReferenceConverter::arrayFromJava(const vcos::COSTypeConversion& o
 }
 
 const vcos::JavaTypeConversion& hostArrayConversion() {
-  return javaConversionOf("any");
+  static const COSNameID arrays("any");
+  const auto* const conversion = vcos::JavaTypeConversion::getConversion(arrays);
+  if (!conversion) raiseJavaError("There is no Java conversion of any");
+  return *conversion;
 }
 
 const vcos::JavaTypeConversion& javaConversionOf(const char* name) {

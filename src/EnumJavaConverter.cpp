@@ -54,13 +54,14 @@ class Labels {
 
 Local<jintArray> newNumbers(JNIEnv& java, const VGTypedEnumStringType& table, const Place& place) {
   std::vector<jint> numbers;
+  numbers.reserve(table.getEnumStrings().size());
   for (const std::string& name : table.getEnumStrings())
-    numbers.push_back(table.getEnumValue(name.c_str()).asInteger<jint>());
+    numbers.push_back(table.numberOf(name).asInteger<jint>());
   const jsize count = javaCount(numbers.size(), place);
   Local<jintArray> array(java, java.NewIntArray(count));
   requireMade(java, array.get(), place);
   java.SetIntArrayRegion(array.get(), 0, count, numbers.data());
-  requireMade(java, array.get(), place);
+  requireNoException(java, place);
   return array;
 }
 
@@ -91,11 +92,12 @@ COSValue EnumJavaConverter::to(COSValue value) const {
   const JavaClass javaClass(*this, kClass, place);
   JNIEnv& java = javaClass.java();
   const Local<jintArray> numbers = newNumbers(java, *table_, place);
+  const Local<jclass> stringClass = findStringClass(java, place);
   const auto nameTexts = newStringArray(
-      java, names.size(),
+      java, stringClass.get(), names.size(),
       [&](std::size_t i) { return newAsciiString(java, names[i].c_str(), place); }, place);
   const auto labelTexts = newStringArray(
-      java, names.size(),
+      java, stringClass.get(), names.size(),
       [&](std::size_t i) { return newJavaString(java, labels.of(names[i]), place); }, place);
   return COSValue::fromPointer(javaClass.newInstance(kNewInstance, current, numbers.get(),
                                                      nameTexts.get(), labelTexts.get()));

@@ -24,6 +24,10 @@ bool clearException(JNIEnv& java) {
   place.raise(std::string("JNI cannot find class ").append(path));
 }
 
+[[noreturn]] void raiseNotMade(const Place& place) {
+  place.raise("Java could not make or read an object");
+}
+
 }  // namespace
 
 JNIEnv& requireJava(const JavaEnvironment& environment, const char* path, const Place& place) {
@@ -37,7 +41,7 @@ Local<jdoubleArray> newDoubles(JNIEnv& java, std::span<const double> numbers, co
   Local<jdoubleArray> array(java, java.NewDoubleArray(count));
   requireMade(java, array.get(), place);
   java.SetDoubleArrayRegion(array.get(), 0, count, numbers.data());
-  requireMade(java, array.get(), place);
+  requireNoException(java, place);
   return array;
 }
 
@@ -45,7 +49,7 @@ std::vector<double> doublesOf(JNIEnv& java, jdoubleArray numbers, const Place& p
   const jsize count = java.GetArrayLength(numbers);
   std::vector<double> values(static_cast<std::size_t>(count));
   java.GetDoubleArrayRegion(numbers, 0, count, values.data());
-  requireMade(java, numbers, place);
+  requireNoException(java, place);
   return values;
 }
 
@@ -64,7 +68,19 @@ jsize javaCount(std::size_t count, const Place& place) {
 }
 
 void requireMade(JNIEnv& java, const void* made, const Place& place) {
-  if (clearException(java) || !made) place.raise("Java could not make or read an object");
+  if (made) return;
+  java.ExceptionClear();
+  raiseNotMade(place);
+}
+
+void requireNoException(JNIEnv& java, const Place& place) {
+  if (clearException(java)) raiseNotMade(place);
+}
+
+Local<jclass> findStringClass(JNIEnv& java, const Place& place) {
+  Local<jclass> found(java, java.FindClass("java/lang/String"));
+  requireMade(java, found.get(), place);
+  return found;
 }
 
 Local<jstring> newAsciiString(JNIEnv& java, const char* text, const Place& place) {
@@ -83,7 +99,7 @@ gui_objects::UTF16String unitsOf(JNIEnv& java, jstring text, const Place& place)
   const jsize length = java.GetStringLength(text);
   gui_objects::UTF16String units(static_cast<std::size_t>(length), 0);
   java.GetStringRegion(text, 0, length, units.data());
-  requireMade(java, text, place);
+  requireNoException(java, place);
   return units;
 }
 

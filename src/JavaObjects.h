@@ -139,8 +139,11 @@ gui_objects::UTF16String unitsOf(JNIEnv& java, jstring text, const Place& place)
 /// The same in UTF-8, where half of a surrogate pair and NUL, which ends texts in C, are U+FFFD.
 std::string utf8Of(JNIEnv& java, jstring text, const Place& place);
 
-/// Raises, after clearing what is pending, if a call has failed or made nothing.
+/// Raises, after clearing what is pending, if a call has made nothing. Only for calls that give
+/// null whenever they leave an exception.
 void requireMade(JNIEnv& java, const void* made, const Place& place);
+/// Raises, after clearing what is pending, if a call has failed.
+void requireNoException(JNIEnv& java, const Place& place);
 
 Local<jstring> newJavaString(JNIEnv& java, const gui_objects::UTF16String& units,
                              const Place& place);
@@ -150,10 +153,12 @@ Local<jstring> newJavaString(JNIEnv& java, std::string_view utf8, const Place& p
 template <class Use>
 void forEachText(JNIEnv& java, jobjectArray texts, Use use, const Place& place);
 
+Local<jclass> findStringClass(JNIEnv& java, const Place& place);
+
 /// A String[] of `count` texts; `newText(i)` makes each and is called in order.
 template <class NewText>
-Local<jobjectArray> newStringArray(JNIEnv& java, std::size_t count, NewText newText,
-                                   const Place& place);
+Local<jobjectArray> newStringArray(JNIEnv& java, jclass stringClass, std::size_t count,
+                                   NewText newText, const Place& place);
 
 /// A class that Java has found. It names the file that errors name.
 class JavaClass {
@@ -269,25 +274,22 @@ void forEachText(JNIEnv& java, jobjectArray texts, Use use, const Place& place) 
   const jsize count = java.GetArrayLength(texts);
   for (jsize i = 0; i < count; ++i) {
     const Local<> text(java, java.GetObjectArrayElement(texts, i));
-    requireMade(java, texts, place);
+    if (!text.get()) requireNoException(java, place);
     use(text.get() ? unitsOf(java, static_cast<jstring>(text.get()), place)
                    : gui_objects::UTF16String());
   }
 }
 
 template <class NewText>
-Local<jobjectArray> newStringArray(JNIEnv& java, std::size_t count, NewText newText,
-                                   const Place& place) {
-  const Local<jclass> text(java, java.FindClass("java/lang/String"));
-  requireMade(java, text.get(), place);
+Local<jobjectArray> newStringArray(JNIEnv& java, jclass stringClass, std::size_t count,
+                                   NewText newText, const Place& place) {
   Local<jobjectArray> texts(java,
-                            java.NewObjectArray(javaCount(count, place), text.get(), nullptr));
+                            java.NewObjectArray(javaCount(count, place), stringClass, nullptr));
   requireMade(java, texts.get(), place);
   for (std::size_t i = 0; i < count; ++i) {
     const Local<jstring> element = newText(i);
-    requireMade(java, element.get(), place);
     java.SetObjectArrayElement(texts.get(), static_cast<jsize>(i), element.get());
-    requireMade(java, texts.get(), place);
+    requireNoException(java, place);
   }
   return texts;
 }

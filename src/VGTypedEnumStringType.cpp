@@ -220,6 +220,10 @@ const char* VGTypedEnumStringType::findName(const char* text) const {
   return text ? getEnumFromPartialMatch(normalized(text)) : nullptr;
 }
 
+COSValue VGTypedEnumStringType::numberOf(const std::string& name) const {
+  return hostEnumType_ ? hostEnumType_->getEnumValue(name.c_str()) : COSValue();
+}
+
 bool VGTypedEnumStringType::mayStandForName(const char* text) const {
   if (!text) return false;
   const char first = lowerCased(*text);

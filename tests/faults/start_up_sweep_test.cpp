@@ -16,8 +16,7 @@ using test::Outcome;
 using test::Progress;
 
 bool isOnOffComplete() {
-  const test::RegisteredType& onOff = test::registeredTypes().front();
-  return test::stepsOf(onOff) == 1 + static_cast<int>(onOff.conversions.size());
+  return test::isComplete(test::registeredTypes().front());
 }
 
 /// What holds after one failure, or after it and all later ones.

@@ -339,15 +339,18 @@ int stepsOf(const RegisteredType& type) {
     isMissing = !isThere;
     steps += isThere;
   }
-  return steps;
+  const bool isInJava = vcos::JavaTypeConversion::getConversion(name) != nullptr;
+  return isInJava && isMissing ? -1 : steps + isInJava;
+}
+
+bool isComplete(const RegisteredType& type) {
+  return stepsOf(type) == 2 + static_cast<int>(type.conversions.size());
 }
 
 Progress progress() {
   Progress counts = {{"complete", 0}, {"in part", 0}, {"missing", 0}};
   for (const RegisteredType& type : registeredTypes()) {
-    const int steps = stepsOf(type);
-    const bool isComplete = steps == 1 + static_cast<int>(type.conversions.size());
-    ++counts[isComplete ? "complete" : steps == 0 ? "missing" : "in part"];
+    ++counts[isComplete(type) ? "complete" : stepsOf(type) == 0 ? "missing" : "in part"];
   }
   return counts;
 }

@@ -67,6 +67,8 @@ const std::vector<RegisteredType>& registeredTypes();
 /// How many steps of the registration are done: the type and its conversions, in their order; -1 if
 /// one is done without the one before it.
 int stepsOf(const RegisteredType& type);
+/// Whether all are.
+bool isComplete(const RegisteredType& type);
 
 /// How many types are registered: "complete", "in part" and "missing".
 using Progress = std::map<std::string, std::size_t>;

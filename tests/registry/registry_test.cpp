@@ -47,9 +47,24 @@ class Taken final : public vcos::COSTypeConversion {
   COSValue from(COSValue value) const override { return value; }
 };
 
-/// Takes the place of one step of the registration, 0 being the type.
+class TakenInJava final : public vcos::JavaTypeConversion {
+  COSValue to(COSValue value) const override { return value; }
+  COSValue from(COSValue value) const override { return value; }
+  const char* getJavaDeclarationName() override { return "taken"; }
+};
+
+std::string javaNameOf(const RegisteredType& row) {
+  auto* const found = vcos::JavaTypeConversion::getConversion(COSNameID(row.dottedName().c_str()));
+  return found ? found->getJavaDeclarationName() : "";
+}
+
+/// Takes the place of one step of the registration, 0 being the type, and the last the conversion
+/// to Java.
 void take(const RegisteredType& row, std::size_t step) {
-  if (step > row.conversions.size()) return;
+  if (step > row.conversions.size() + 1) return;
+  if (step > row.conversions.size())
+    return vcos::JavaTypeConversion::addConversion(COSNameID(row.dottedName().c_str()),
+                                                   new TakenInJava);
   if (step == 0)
     COSTypeRepository::addType(COSNameID(row.dottedName().c_str()),
                                graphics::datatype::OnOffBooleanDataType::getType());
@@ -61,7 +76,8 @@ void take(const RegisteredType& row, std::size_t step) {
 
 /// What was registered before a step that the class system refuses stays, the rest is left out.
 void expectRefusedAt(const RegisteredType& row, std::size_t step) {
-  if (step > row.conversions.size()) return;
+  if (step > row.conversions.size() + 1) return;
+  EXPECT_EQ(javaNameOf(row), step > row.conversions.size() ? "taken" : "") << row.name;
   SCOPED_TRACE(row.name + ", step " + std::to_string(step));
   const COSNameID name(row.dottedName().c_str());
   auto* type = COSTypeRepository::findType(name).getObject();
@@ -83,7 +99,7 @@ TEST(Registration, AddsTheTypeAndItsConversionsInOrderUntilOneIsRefused) {
   for (const RegisteredType& row : allTypes())
     row.refusalRaises.empty() ? groups[0].push_back(row) : groups.push_back(Types{row});
   for (const Types& group : groups)
-    for (const std::size_t step : {0U, 1U, 2U, 3U})
+    for (const std::size_t step : {0U, 1U, 2U, 3U, 4U})
       test::inChildProcess([&] {
         for (const RegisteredType& row : group)
           take(row, step);
@@ -208,6 +224,17 @@ TEST_F(Registry, NullIsNoValue) {
     EXPECT_FALSE(type.isEqual(null, value.get()));
     EXPECT_FALSE(type.isEqual(value.get(), null));
     EXPECT_EQ(type.compare(null, value.get()), 2);
+  });
+}
+
+TEST_F(Registry, ValuesCrossToJavaOnlyWhereItRuns) {
+  forEachType([](const RegisteredType& row, const TypeAccess& access,
+                 const vcos::COSDataType& type) {
+    auto* const java = vcos::JavaTypeConversion::getConversion(COSNameID(row.dottedName().c_str()));
+    ASSERT_NE(java, nullptr);
+    const OwnedValue value(type, access.fromArray(row.array().get()));
+    EXPECT_EQ(test::identifierRaisedBy([&] { java->to(value.get()); }),
+              "VORTIL:class:JavaConversionError");
   });
 }
 

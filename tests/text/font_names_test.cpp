@@ -19,9 +19,6 @@ struct FontMachine : test::FakeJavaEnvironment {
     table.FindClass = [](JNIEnv* env, const char* path) {
       return self(env).reference<jclass>("class", path);
     };
-    table.NewStringUTF = [](JNIEnv* env, const char* text) {
-      return self(env).reference<jstring>("text", text);
-    };
     table.NewString = [](JNIEnv* env, const jchar*, jsize length) {
       return self(env).reference<jstring>("text", std::to_string(length) + " units");
     };
@@ -59,7 +56,7 @@ TEST(FontNames, AreWhatJavaSaysWhereItRuns) {
   FontMachine java;
   test::fakeJavaMachine.environment = &java;
   const char* const kAsked =
-      "com/lindgrove/vg/types/VGFontName Serif isFontNameValidIgnoreCase(Ljava/lang/String;)Z  ";
+      "com/lindgrove/vg/types/VGFontName 5 units isFontNameValidIgnoreCase(Ljava/lang/String;)Z  ";
   EXPECT_TRUE(isFontNameValidIgnoreCase("Serif"));
   EXPECT_EQ(java.calls, kAsked);
   java.answer = 2;

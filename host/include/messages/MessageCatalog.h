@@ -3,6 +3,7 @@
 #include <messages/ustring.h>
 #include <ut/export.h>
 
+#include <array>
 #include <exception>
 #include <memory>
 #include <string>
@@ -37,7 +38,8 @@ class VGHOST_API MessageCatalog {
     const char* what() const noexcept override;
   };
 
-  /// A catalogue that is not there, or whose id is malformed, is one without messages.
+  /// A catalogue that is not there, or whose id is malformed, is one without messages. What was
+  /// opened once stays open until the process ends.
   static std::unique_ptr<MessageCatalog> openCatalog(const char* id, const VwLocale& locale);
   ~MessageCatalog();
   MessageCatalog(const MessageCatalog&) = delete;
@@ -56,15 +58,25 @@ class VGHOST_API MessageCatalog {
   };
   using Bundle = std::unique_ptr<UResourceBundle, Close>;
 
-  MessageCatalog();
+  /// That of the country first, the root last.
+  using Bundles = std::vector<Bundle>;
+
+  explicit MessageCatalog(const Bundles& bundles) noexcept : bundles_(bundles) {}
+  static Bundles openBundles(const char* id, const VwLocale& locale);
   static bool canBeStored(char c) noexcept;
 
-  std::vector<Bundle> bundles_;  ///< that of the country first, the root last
+  const Bundles& bundles_;
 };
 
 inline bool MessageCatalog::canBeStored(char c) noexcept {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
-         std::string_view("-+*.:<>").find(c) != std::string_view::npos;
+  static constexpr auto kTable = [] {
+    std::array<bool, 256> table{};
+    for (const char storable : std::string_view("abcdefghijklmnopqrstuvwxyz"
+                                                "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-+*.:<>"))
+      table[static_cast<unsigned char>(storable)] = true;
+    return table;
+  }();
+  return kTable[static_cast<unsigned char>(c)];
 }
 
 // Inline, so that a program that writes bundles needs no library.

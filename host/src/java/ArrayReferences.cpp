@@ -21,8 +21,8 @@ using vcos::COSValue;
 
 /// Never destroyed: Java may end after the host's own data.
 HeldByJava<ArrayOwner>& arrays() {
-  static auto& table = *new HeldByJava<ArrayOwner>(
-      {"com/lindgrove/jvi/types/VLArrayRef", "com.lindgrove.jvi.types.VLArrayRef"});
+  static auto& table = *new HeldByJava<ArrayOwner>("com/lindgrove/jvi/types/VLArrayRef",
+                                                   "com.lindgrove.jvi.types.VLArrayRef");
   return table;
 }
 

@@ -2,6 +2,8 @@
 
 #include <vx/errors.h>
 
+#include <new>
+
 namespace vghost::java {
 namespace {
 
@@ -16,19 +18,32 @@ void requireClass(JNIEnv& java, const char* path) {
 
 }  // namespace
 
-Local<_jobject> NumberedClass::create(JNIEnv& java, jlong number) const noexcept {
+const NumberedClass::Found* NumberedClass::find(JNIEnv& java) const noexcept {
+  if (const Found* const known = found_.load(std::memory_order_acquire)) return known;
   const Local<_jclass> type = findClass(java, path);
-  const jmethodID constructor = type ? java.GetMethodID(type.get(), "<init>", "(J)V") : nullptr;
-  jobject const object = constructor ? java.NewObject(type.get(), constructor, number) : nullptr;
+  if (!type) return nullptr;
+  const jmethodID constructor = java.GetMethodID(type.get(), "<init>", "(J)V");
+  const jfieldID number = constructor ? java.GetFieldID(type.get(), "number", "J") : nullptr;
+  if (clearException(java) || !number) return nullptr;
+  const auto global = static_cast<jclass>(java.NewGlobalRef(type.get()));
+  auto* const made = global ? new (std::nothrow) Found{global, constructor, number} : nullptr;
+  const Found* first = nullptr;
+  if (!made || found_.compare_exchange_strong(first, made, std::memory_order_acq_rel)) return made;
+  java.DeleteGlobalRef(global);
+  delete made;
+  return first;
+}
+
+Local<_jobject> NumberedClass::create(JNIEnv& java, jlong number) const noexcept {
+  const Found* const found = find(java);
+  jobject const object = found ? java.NewObject(found->type, found->constructor, number) : nullptr;
   return unlessThrown(java, object);
 }
 
 std::optional<jlong> NumberedClass::numberOf(JNIEnv& java, jobject object) const noexcept {
-  const Local<_jclass> type = findClass(java, path);
-  if (!object || !type || !java.IsInstanceOf(object, type.get())) return {};
-  const jfieldID field = java.GetFieldID(type.get(), "number", "J");
-  if (clearException(java) || !field) return {};
-  return java.GetLongField(object, field);
+  const Found* const found = object ? find(java) : nullptr;
+  if (!found || !java.IsInstanceOf(object, found->type)) return {};
+  return java.GetLongField(object, found->number);
 }
 
 jlong NumberedClass::requireNumberOf(JNIEnv& java, jobject object) const {

@@ -2,6 +2,7 @@
 
 #include "Jni.h"
 
+#include <atomic>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -11,9 +12,14 @@ namespace vghost::java {
 
 /// A Java class whose objects stand for something of the host's by a number in their field
 /// "number", which their private constructor takes.
-struct NumberedClass {
-  const char* path;
-  const char* dottedName;
+class NumberedClass {
+ public:
+  constexpr NumberedClass(const char* ownPath, const char* ownDottedName) noexcept
+      : path(ownPath),
+        dottedName(ownDottedName) {}
+
+  const char* const path;
+  const char* const dottedName;
 
   /// A new local reference; null if there is no such class, or if Java fails.
   Local<_jobject> create(JNIEnv& java, jlong number) const noexcept;
@@ -23,6 +29,20 @@ struct NumberedClass {
   jlong requireNumberOf(JNIEnv& java, jobject object) const;
   /// Raises the same for an object that Java could not make.
   [[noreturn]] void raiseNotCreated(JNIEnv& java) const;
+
+ private:
+  /// What Java knows the class and its members by. A global reference keeps them valid.
+  struct Found {
+    jclass type;
+    jmethodID constructor;
+    jfieldID number;
+  };
+
+  /// Looked up until it is found, and then kept: it takes longer than all else that is done with
+  /// an object. Null if there is no such class.
+  const Found* find(JNIEnv& java) const noexcept;
+
+  mutable std::atomic<const Found*> found_ = nullptr;
 };
 
 /// Raises "VORTIL:class:JavaConversionError" unless Java runs.
@@ -36,13 +56,14 @@ JNIEnv& requireJava();
 template <class Held>
 class HeldByJava {
  public:
-  explicit HeldByJava(NumberedClass standsFor) noexcept : class_(standsFor) {}
+  HeldByJava(const char* classPath, const char* dottedName) noexcept
+      : class_(classPath, dottedName) {}
 
   const NumberedClass& javaClass() const noexcept { return class_; }
 
   jlong add(Held held) {
     const std::lock_guard lock(mutex_);
-    held_.emplace(next_, std::move(held));
+    held_.emplace_hint(held_.end(), next_, std::move(held));  // the largest number so far
     return next_++;
   }
 
@@ -57,13 +78,18 @@ class HeldByJava {
 
   void giveUp(jlong number) noexcept {
     const std::lock_guard lock(mutex_);
-    if (auto node = held_.extract(number)) givenUp_.insert(std::move(node));
+    auto node = held_.extract(number);
+    if (!node) return;
+    givenUp_.insert(std::move(node));
+    hasGivenUp_ = true;
   }
 
   void releaseGivenUp() noexcept {
-    std::map<jlong, Held> released;  // ends after the lock: what it destroys may come back here
+    if (!hasGivenUp_) return;
+    Table released;  // ends after the lock: what it destroys may come back here
     const std::lock_guard lock(mutex_);
     released.swap(givenUp_);
+    hasGivenUp_ = false;
   }
 
   /// What `use` makes of the entries of these numbers, which stay during the call.
@@ -74,6 +100,8 @@ class HeldByJava {
   }
 
  private:
+  using Table = std::map<jlong, Held>;
+
   const Held& at(jlong number) const {
     const auto found = held_.find(number);
     if (found == held_.end()) raiseUnknownNumber(number);
@@ -82,8 +110,9 @@ class HeldByJava {
 
   NumberedClass class_;
   std::mutex mutex_;
-  std::map<jlong, Held> held_;
-  std::map<jlong, Held> givenUp_;
+  Table held_;
+  Table givenUp_;
+  std::atomic<bool> hasGivenUp_ = false;  ///< written under the lock
   jlong next_ = 1;
 };
 

@@ -16,8 +16,8 @@ using vcos::COSValue;
 
 /// Never destroyed: Java may end after the host's own data.
 HeldByJava<COSInterfacePtr>& objects() {
-  static auto& table = *new HeldByJava<COSInterfacePtr>(
-      {"com/lindgrove/jvi/bean/UDDObject", "com.lindgrove.jvi.bean.UDDObject"});
+  static auto& table = *new HeldByJava<COSInterfacePtr>("com/lindgrove/jvi/bean/UDDObject",
+                                                        "com.lindgrove.jvi.bean.UDDObject");
   return table;
 }
 

@@ -1,3 +1,5 @@
+#include "../ut/ownLibrary.h"
+
 #include <java/machine.h>
 
 #include <dlfcn.h>
@@ -59,14 +61,6 @@ JavaLibrary loadJava() {
       "name one");
 }
 
-/// The file that this code was loaded from.
-fs::path ownLibrary() {
-  Dl_info library{};
-  if (dladdr(reinterpret_cast<void*>(&loadJava), &library) == 0) return {};
-  std::error_code failure;
-  return fs::canonical(library.dli_fname, failure);
-}
-
 /// The jar of the Java classes, as it is built and as it is installed; empty if it is not there.
 fs::path findJar(const fs::path& directory) {
   for (const char* place : {"../java", "vghost/java"}) {
@@ -87,7 +81,8 @@ std::vector<std::string> optionsFor(const fs::path& library) {
 
 void startMachine() {
   const JavaLibrary java = loadJava();
-  std::vector<std::string> texts = optionsFor(ownLibrary());
+  std::error_code failure;
+  std::vector<std::string> texts = optionsFor(fs::canonical(ownLibrary(), failure));
   std::vector<JavaVMOption> options(texts.size());
   std::ranges::transform(texts, options.begin(), [](std::string& text) {
     return JavaVMOption{text.data(), nullptr};

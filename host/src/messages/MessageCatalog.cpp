@@ -1,9 +1,12 @@
-#include <dlfcn.h>
+#include "../ut/ownLibrary.h"
+
 #include <messages/MessageCatalog.h>
 #include <messages/translation.h>
 #include <unicode/ures.h>
 
 #include <algorithm>
+#include <map>
+#include <mutex>
 #include <new>
 #include <utility>
 
@@ -14,12 +17,7 @@ constexpr std::string_view kWordCharacters =
     "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_";
 
 const std::string& catalogDirectory() {
-  static const auto& directory = *new std::string([] {
-    Dl_info library{};
-    if (dladdr(reinterpret_cast<void*>(&VwLocale::global), &library) == 0) return std::string();
-    const std::string path = library.dli_fname;
-    return path.substr(0, path.find_last_of('/') + 1) + "vghost/catalogs";
-  }());
+  static const auto& directory = *new std::string(vghost::ownDirectory() + "vghost/catalogs");
   return directory;
 }
 
@@ -73,23 +71,34 @@ void MessageCatalog::Close::operator()(UResourceBundle* bundle) const noexcept {
   ures_close(bundle);
 }
 
-MessageCatalog::MessageCatalog() = default;
 MessageCatalog::~MessageCatalog() = default;
 
 std::unique_ptr<MessageCatalog> MessageCatalog::openCatalog(const char* id,
                                                             const VwLocale& locale) {
-  std::unique_ptr<MessageCatalog> catalog(new MessageCatalog);
-  const std::string folder = folderOf(id ? id : "");
-  if (folder.empty()) return catalog;
+  static auto& mutex = *new std::mutex;
+  static auto& opened = *new std::map<std::string, Bundles, std::less<>>;
+  std::string name = locale.name();
+  name.append("/").append(id ? id : "");
+  const std::lock_guard lock(mutex);
+  auto found = opened.find(name);
+  if (found == opened.end())
+    found = opened.emplace(std::move(name), openBundles(id ? id : "", locale)).first;
+  return std::unique_ptr<MessageCatalog>(new MessageCatalog(found->second));
+}
+
+MessageCatalog::Bundles MessageCatalog::openBundles(const char* id, const VwLocale& locale) {
+  Bundles bundles;
+  const std::string folder = folderOf(id);
+  if (folder.empty()) return bundles;
   // One by one: ICU's own way from a language to the root leads over the language of the process,
   // and takes ten times as long.
   for (const std::string& name : bundleNames(locale.name())) {
     UErrorCode status = U_ZERO_ERROR;
     Bundle bundle(ures_openDirect(folder.c_str(), name.c_str(), &status));
     requireMemory(status);
-    if (U_SUCCESS(status)) catalog->bundles_.push_back(std::move(bundle));
+    if (U_SUCCESS(status)) bundles.push_back(std::move(bundle));
   }
-  return catalog;
+  return bundles;
 }
 
 ustring MessageCatalog::lookup(const char* key) const {

@@ -1,4 +1,5 @@
-#include <dlfcn.h>
+#include "../ut/ownLibrary.h"
+
 #include <messages/catalog.h>
 #include <messages/translation.h>
 #include <unicode/msgfmt.h>
@@ -47,12 +48,7 @@ std::string utf8(const icu::UnicodeString& text) {
 
 /// The bundles stand in vghost/messages beside the library, wherever that was loaded from.
 const std::string& bundleDirectory() {
-  static const auto& directory = *new std::string([] {
-    Dl_info library{};
-    if (dladdr(reinterpret_cast<void*>(&currentLocale), &library) == 0) return std::string();
-    const std::string path = library.dli_fname;
-    return path.substr(0, path.find_last_of('/') + 1) + "vghost/messages";
-  }());
+  static const auto& directory = *new std::string(ownDirectory() + "vghost/messages");
   return directory;
 }
 

@@ -92,9 +92,10 @@ std::unique_ptr<Repository> createRepository() {
   repository->conversions.try_emplace({COSNameID("any"), COSNameID("string")},
                                       makeArrayStringConversion());
   auto& javaConversions = repository->javaConversions;
-  javaConversions.try_emplace(COSNameID("any"), vghost::java::makeArrayConversion().release());
+  javaConversions.try_emplace(COSNameID("any"),
+                              JavaConversionOwner(vghost::java::makeArrayConversion().release()));
   javaConversions.try_emplace(COSNameID("handle scalar"),
-                              vghost::java::makeObjectConversion().release());
+                              JavaConversionOwner(vghost::java::makeObjectConversion().release()));
   return repository;
 }
 

@@ -89,6 +89,9 @@ class VGDT_API VGTypedEnumStringType {
   /// isValidEnumName() and getEnumValue() in one search; none for a null text.
   std::optional<vcos::COSValue> findEnumValue(const char* name) const;
 
+  /// The value of one of getEnumStrings().
+  vcos::COSValue numberOf(const std::string& name) const;
+
   /// False if no name begins as a text does, which is found out without a search. A text that
   /// begins with white space or beyond ASCII may always stand for one; null never does.
   bool mayStandForName(const char* text) const;
