@@ -17,7 +17,22 @@
 #include <utility>
 #include <vector>
 
+extern "C" [[gnu::weak]] void __lsan_disable();  // NOLINT: the name is the sanitizer's
+extern "C" [[gnu::weak]] void __lsan_enable();   // NOLINT: likewise
+
 namespace test {
+
+/// What is allocated on this thread while this lives is no leak.
+struct LeaksOfJava {
+  LeaksOfJava() {
+    if (__lsan_disable) __lsan_disable();
+  }
+  ~LeaksOfJava() {
+    if (__lsan_enable) __lsan_enable();
+  }
+  LeaksOfJava(const LeaksOfJava&) = delete;
+  LeaksOfJava& operator=(const LeaksOfJava&) = delete;
+};
 
 /// Java, with the calls of the thread that first asks for it going through a table of the test's
 /// own. Those that may fail are counted, and the local references that are in use are known.
@@ -115,6 +130,7 @@ class WatchedJava {
 
   /// What native code does wrong is printed.
   static JNIEnv& startChecked() {
+    const LeaksOfJava mayLeak;
     setenv("JAVA_TOOL_OPTIONS", "-Xcheck:jni", 0);
     return vghost::startJava();
   }
@@ -158,6 +174,7 @@ class WatchedJava {
   template <class Result, class... Parameters, class... Arguments>
   Result pass(Result (*JNINativeInterface_::*entry)(JNIEnv*, Parameters...), bool mustFail,
               Arguments... arguments) {
+    const LeaksOfJava mayLeak;
     if (isAside_) return (real_.*entry)(&java_, arguments...);
     ++calls_;
     if (mustFail || (firstToFail_ <= calls_ && calls_ <= lastToFail_)) {

@@ -134,37 +134,29 @@ void expectCleanFailures(const Subject& subject, COSValue object, bool isToJava,
   EXPECT_TRUE(successes == 1 || subject.name == "JavaPeer") << "not each failure has shown";
 }
 
-TEST_F(Conversions, FailCleanlyAtEveryCallOfJavaAndEveryAllocation) {
+TEST_F(Conversions, GiveTheSameBackAndFailCleanlyAtEveryCallOfJavaAndEveryAllocation) {
+  // Floats, three numbers for two, and another object.
+  const std::set<std::string> others{"ColorOrder", "TextPosition", "JavaPeer"};
   std::vector<Obstacle> obstacles{kCallOfJava};
   std::ranges::copy_if(kObstacles, std::back_inserter(obstacles),
                        [](const Obstacle& obstacle) { return obstacle.letter != 's'; });
   forEachValue([&](const Subject& subject) {
     const COSValue object = subject.toJava();
-    OwnedValue(subject.type, subject.java.from(object));  // makes what is kept
+    const OwnedValue back(subject.type, subject.java.from(object));
+    EXPECT_EQ(vcos::holdsNothing(subject.type, back.get()) ||
+                  subject.type.isEqual(back.get(), subject.value.get()),
+              !others.contains(subject.name));
     for (const Obstacle& obstacle : obstacles)
       for (const bool isToJava : {true, false})
         for (const bool fromThenOn : {false, true})
           expectCleanFailures(subject, object, isToJava, obstacle, fromThenOn);
-    java().release(object.asPointer<_jobject>());
-  });
-}
-
-TEST_F(Conversions, GiveBackWhatTheyWereGivenAndTheNameOfItsClass) {
-  // Floats, three numbers for two, and another object.
-  const std::set<std::string> others{"ColorOrder", "TextPosition", "JavaPeer"};
-  forEachValue([&](const Subject& subject) {
-    auto* const object = subject.toJava().asPointer<_jobject>();
-    const OwnedValue back(subject.type, subject.java.from(COSValue::fromPointer(object)));
-    const bool isSame = vcos::holdsNothing(subject.type, back.get()) ||
-                        subject.type.isEqual(back.get(), subject.value.get());
-    EXPECT_EQ(isSame, !others.contains(subject.name));
-    if (!object) return;
-    const std::string name = java().aside([&](JNIEnv& env) {
-      return java().textOf(
-          java().call(env.GetObjectClass(object), "getTypeName", "()Ljava/lang/String;"));
+    if (object.isNull()) return;
+    java().aside([&](JNIEnv& env) {
+      jobject const type = env.GetObjectClass(object.asPointer<_jobject>());
+      EXPECT_EQ(java().textOf(java().call(type, "getTypeName", "()Ljava/lang/String;")),
+                subject.java.getJavaDeclarationName());
     });
-    EXPECT_EQ(name, subject.java.getJavaDeclarationName());
-    java().release(object);
+    java().release(object.asPointer<_jobject>());
   });
 }
 
@@ -263,16 +255,17 @@ TEST_F(Conversions, ShowNamesWithoutALabelAsTheyAre) {
   } const answer;
   graphics::datatype::EnumStringType table("AnswerInJava");
   table.addEnumValue("none", 7);
-  const auto labelIn = [&](const char* typeName) {
+  const vcos::COSDataType& lineStyle = accessOf("LineStyle").dataType();
+  const auto labelIn = [&](const std::string& typeName) {
     const std::unique_ptr<JavaTypeConversion> conversion(
-        VGTypedEnumStringType::createJavaConverter(&table, typeName));
-    auto* const object = conversion->to(COSValue::fromPointer(&answer)).asPointer<_jobject>();
-    const std::string label =
-        java().textOf(java().call(object, "getLabel", "()Ljava/lang/String;"));
-    EXPECT_EQ(identifierRaisedBy([&] { conversion->from(COSValue::fromPointer(object)); }),
-              std::string_view(typeName).starts_with("vortil.graphics") ? "" : kConversionError);
-    java().release(object);
-    return label;
+        VGTypedEnumStringType::createJavaConverter(&table, typeName.c_str()));
+    const COSValue object = conversion->to(COSValue::fromPointer(&answer));
+    EXPECT_EQ(identifierRaisedBy([&] { OwnedValue(lineStyle, conversion->from(object)); }),
+              typeName.starts_with("vortil.graphics") ? "" : kConversionError);
+    jobject const label =
+        java().call(object.asPointer<_jobject>(), "getLabel", "()Ljava/lang/String;");
+    java().release(object.asPointer<_jobject>());
+    return java().textOf(label);
   };
   EXPECT_EQ(labelIn("vortil.test.Answer"), "none");
   EXPECT_EQ(labelIn("vortil.graphics.datatype.LineStyle"), "None");

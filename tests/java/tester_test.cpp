@@ -33,28 +33,20 @@ struct UserError : fl::except::IUserException {
 using Work = std::function<jobject(JNIEnv*)>;
 
 struct Tester : graphics::datatype::ConverterTester {
-  explicit Tester(Work ownWork) : work(std::move(ownWork)) {}
+  explicit Tester(Work ownWork, bool ownIsOfText = true)
+      : work(std::move(ownWork)),
+        isOfText(ownIsOfText) {}
   jobject getter(JNIEnv* java, jobject) override { return work(java); }
   void setter(JNIEnv* java, jobject, jobject) override { work(java); }
-  Work work;
-};
-
-struct TextTester : Tester {
-  using Tester::Tester;
-  jobject doConvertToJavaFromString(JNIEnv* java, jobject, const std::string& text) const override {
-    seen = text;
-    return work(java);
-  }
-  mutable std::string seen;
-};
-
-struct PendingTester : Tester {
-  using Tester::Tester;
   jobject doConvertToJavaFromString(JNIEnv* java, jobject caller,
                                     const std::string& text) const override {
-    work(java);
-    return ConverterTester::doConvertToJavaFromString(java, caller, text);
+    seen = text;
+    jobject const result = work(java);
+    return isOfText ? result : ConverterTester::doConvertToJavaFromString(java, caller, text);
   }
+  Work work;
+  bool isOfText;
+  mutable std::string seen;
 };
 
 jobject leavePending(JNIEnv* java) {
@@ -62,11 +54,10 @@ jobject leavePending(JNIEnv* java) {
   return nullptr;
 }
 
-/// What the three operations leave pending when all they run is `work`.
-std::string thrownBy(const Work& work, bool byText = false) {
+/// What is pending after a conversion from text, or after each of the two other operations.
+std::string thrownBy(Tester tester, bool byText) {
   WatchedJava& watched = WatchedJava::get();
   return watched.aside([&](JNIEnv& java) {
-    TextTester tester(work);
     if (byText) {
       EXPECT_EQ(tester.convertToJavaFromString(&java, nullptr, watched.text(u"text")), nullptr);
       return watched.takePending();
@@ -88,33 +79,37 @@ TEST_F(TesterTest, HostErrorsAreIllegalArguments) {
   using HostError = Lindgrove::System::utErrorException_DEPRECATED;
   for (const std::string& text : {std::string("%s {0} %n"), std::string("a\0b", 3),
                                   std::string("\xF0\x9F\x98\x80 \xC3\xA9"), std::string()}) {
-    const std::string expected = "java.lang.IllegalArgumentException: A:b " + text;
-    for (const bool byText : {false, true}) {
-      const Work wrapped = [&](JNIEnv*) -> jobject {
-        throw HostError(std::make_shared<UserError>(text));
-      };
-      EXPECT_EQ(thrownBy(wrapped, byText), expected);
-      EXPECT_EQ(thrownBy([&](JNIEnv*) -> jobject { throw UserError(text); }, byText), expected);
-      EXPECT_EQ(thrownBy([&](JNIEnv* java) { return leavePending(java), wrapped(java); }, byText),
-                expected);
-    }
+    const Work works[] = {
+        [&](JNIEnv*) -> jobject { throw HostError(std::make_shared<UserError>(text)); },
+        [&](JNIEnv*) -> jobject { throw UserError(text); },
+        [&](JNIEnv* java) { return leavePending(java) ? nullptr : throw UserError(text); },
+    };
+    for (const Work& work : works)
+      for (const bool byText : {false, true})
+        EXPECT_EQ(thrownBy(Tester(work), byText),
+                  "java.lang.IllegalArgumentException: A:b " + text);
   }
 }
 
-TEST_F(TesterTest, OtherExceptionsAreOfTheMachineAtRunTime) {
+TEST_F(TesterTest, OtherFailuresNameTheLine) {
   const Work works[] = {
       [](JNIEnv*) -> jobject { throw std::bad_alloc(); },
-      [](JNIEnv*) -> jobject { throw 1; },
       [](JNIEnv*) -> jobject { throw vcos::COSOutOfMemoryException(); },
       [](JNIEnv* java) -> jobject { throw leavePending(java); },
   };
   for (const Work& work : works) {
-    EXPECT_THAT(thrownBy(work), MatchesRegex("java.lang.RuntimeException: Unexpected exception in "
-                                             "file src/JavaConverterUtils line [0-9]+"));
-    EXPECT_EQ(thrownBy(work, true),
-              "java.lang.RuntimeException: Unexpected exception in file  in "
-              "file src/JavaConverterUtils line 166");
+    EXPECT_THAT(thrownBy(Tester(work), false),
+                MatchesRegex("java.lang.RuntimeException: Unexpected exception in file "
+                             "src/JavaConverterUtils line [0-9]+"));
+    EXPECT_EQ(thrownBy(Tester(work), true),
+              "java.lang.RuntimeException: Unexpected exception in file  in file "
+              "src/JavaConverterUtils line 166");
   }
+  for (const Work& work : {Work([](JNIEnv*) { return nullptr; }), Work(leavePending)})
+    EXPECT_THAT(thrownBy(Tester(work, false), true),
+                MatchesRegex("java.lang.UnsupportedOperationException: method "
+                             "doConvertToJavaFromString\\(\\) is not implemented in file "
+                             "src/JavaConverterUtils line [0-9]+"));
 }
 
 TEST_F(TesterTest, WorksInScopesOfItsOwn) {
@@ -122,17 +117,16 @@ TEST_F(TesterTest, WorksInScopesOfItsOwn) {
   const std::size_t arrays = vghost::liveArrays();
   const std::size_t blocks = vghost::liveBlocks();
   for (const bool fails : {false, true})
-    for (const bool byText : {false, true})
-      EXPECT_EQ(thrownBy(
-                    [&](JNIEnv*) -> jobject {
-                      EXPECT_EQ(vxSetErrorMode(vxERROR_MODE_REPORT), vxERROR_MODE_RAISE);
-                      EXPECT_NE(vxCreateDoubleScalar(1), vxMalloc(1));
-                      if (fails) throw UserError("text");
-                      vxSetErrorMode(vxERROR_MODE_RAISE);
-                      return nullptr;
-                    },
-                    byText),
+    for (const bool byText : {false, true}) {
+      const Work work = [&](JNIEnv*) -> jobject {
+        EXPECT_EQ(vxSetErrorMode(vxERROR_MODE_RAISE), vxERROR_MODE_RAISE);
+        EXPECT_NE(vxCreateDoubleScalar(1), vxMalloc(1));
+        if (fails) throw UserError("text");
+        return nullptr;
+      };
+      EXPECT_EQ(thrownBy(Tester(work), byText),
                 fails ? "java.lang.IllegalArgumentException: A:b text" : "");
+    }
   EXPECT_EQ(vxSetErrorMode(vxERROR_MODE_RAISE), vxERROR_MODE_REPORT);
   EXPECT_EQ(vghost::liveArrays(), arrays);
   EXPECT_EQ(vghost::liveBlocks(), blocks);
@@ -142,7 +136,7 @@ TEST_F(TesterTest, HandsTextsOnAndResultsBack) {
   WatchedJava& watched = WatchedJava::get();
   watched.aside([&](JNIEnv& java) {
     jstring const result = watched.text(u"result");
-    TextTester tester([=](JNIEnv*) { return result; });
+    Tester tester([=](JNIEnv*) { return result; });
     EXPECT_EQ(tester.testGetter(&java, nullptr), result);
     EXPECT_EQ(tester.convertToJavaFromString(&java, nullptr, nullptr), nullptr);
     EXPECT_EQ(tester.seen, "");
@@ -151,20 +145,6 @@ TEST_F(TesterTest, HandsTextsOnAndResultsBack) {
         result);
     EXPECT_EQ(tester.seen, "%s\xEF\xBF\xBD\xF0\x9F\x98\x80\xEF\xBF\xBD");
     EXPECT_EQ(watched.takePending(), "");
-  });
-}
-
-TEST_F(TesterTest, HasNoTextsUnlessATesterDoes) {
-  WatchedJava& watched = WatchedJava::get();
-  watched.aside([&](JNIEnv& java) {
-    for (const Work& work : {Work([](JNIEnv*) { return nullptr; }), Work(leavePending)}) {
-      EXPECT_EQ(PendingTester(work).convertToJavaFromString(&java, nullptr, watched.text(u"text")),
-                nullptr);
-      EXPECT_THAT(watched.takePending(),
-                  MatchesRegex("java.lang.UnsupportedOperationException: method "
-                               "doConvertToJavaFromString\\(\\) is not implemented in file "
-                               "src/JavaConverterUtils line [0-9]+"));
-    }
   });
 }
 
