@@ -119,28 +119,28 @@ bool isFontNameValidIgnoreCase(const char* name) {
   return false;
 }
 
-COSValue FontNameJC::to(COSValue value) const {
-  const auto* const name = value.asPointer<const char>();
-  if (!name) return {};
-  const Place place(kFile);
-  const JavaClass javaClass(*this, kFontName, place);
-  const auto javaName = newJavaString(javaClass.java(), name, place);
-  return COSValue::fromPointer(javaClass.newInstance(
-      "(Ljava/lang/String;)Lcom/lindgrove/vg/types/VGFontName;", javaName.get()));
-}
+namespace {
 
-COSValue FontNameJC::from(COSValue object) const {
-  const Place place(kFile);
-  if (object.isNull()) place.raise("Invalid font: null");
-  const JavaClass javaClass(*this, kFontName, place);
-  javaClass.requireInstance(object.asPointer<_jobject>());
-  const std::string name = JavaObject(javaClass, object.asPointer<_jobject>()).text("getFontName");
-  if (name.empty()) place.raise("Invalid font name");
-  return COSValue::fromPointer(copyText(name.c_str()));
-}
+struct FontNameInJava {
+  using Value = char;  // the first of the name
+  static constexpr JavaName kClass = kFontName;
+  static constexpr const char* kFile = graphics::datatype::kFile;
+  static constexpr const char* kNullText = "Invalid font: null";
 
-const char* FontNameJC::getJavaDeclarationName() {
-  return kFontName.dotted;
-}
+  static jobject toJava(const JavaClass& javaClass, const char& name) {
+    const auto javaName = newJavaString(javaClass.java(), &name, Place(kFile));
+    return javaClass.newInstance("(Ljava/lang/String;)Lcom/lindgrove/vg/types/VGFontName;",
+                                 javaName.get());
+  }
+  static COSValue fromJava(const JavaObject& object) {
+    const std::string name = object.text("getFontName");
+    if (name.empty()) Place(kFile).raise("Invalid font name");
+    return COSValue::fromPointer(copyText(name.c_str()));
+  }
+};
+
+}  // namespace
+
+VGDT_JAVA_CONVERSION(FontNameJC, FontNameInJava)
 
 }  // namespace graphics::datatype

@@ -207,10 +207,7 @@ struct NLineStylesInJava {
     std::vector<std::string> texts;
     forEachText(
         object.java(), static_cast<jobjectArray>(styles.get()),
-        [&texts](const auto& units) {
-          texts.push_back(fl::i18n::to_utf8(units.data(), units.size()));
-        },
-        Place(kFile));
+        [&texts](auto units) { texts.push_back(utf8Of(std::move(units))); }, Place(kFile));
     return COSValue::fromPointer(new NLineStyles(texts));
   }
 };

@@ -85,6 +85,32 @@ constexpr const char* kJavaFile = "objects/Strings";
 constexpr JavaName kJavaString{"java.lang.String"};
 constexpr JavaName kJavaStrings{"java.lang.String[]"};
 
+struct UTF16StringInJava {
+  static constexpr JavaName kClass = kJavaString;
+
+  static COSValue ofNull() { return COSValue::fromPointer(new UTF16String); }
+  static COSValue fromJava(const JavaObject& object) {
+    return COSValue::fromPointer(new UTF16String(
+        unitsOf(object.java(), static_cast<jstring>(object.get()), Place(kJavaFile))));
+  }
+};
+
+struct NStringsInJava {
+  static constexpr JavaName kClass = kJavaStrings;
+
+  static COSValue ofNull() { return COSValue::fromPointer(new NStrings); }
+  static COSValue fromJava(const JavaObject& object) {
+    std::vector<UTF16String> list;
+    forEachText(
+        object.java(), static_cast<jobjectArray>(object.get()),
+        [&list](UTF16String text) { list.push_back(std::move(text)); }, Place(kJavaFile));
+    const ArrayPtr cells(vxCreateCellMatrix(list.size(), 1));
+    for (std::size_t i = 0; i < list.size(); ++i)
+      vxSetCell(cells.get(), i, vxCreateString_UTF16(list[i].data(), list[i].size()));
+    return COSValue::fromPointer(new NStrings(cells.get()));
+  }
+};
+
 }  // namespace
 
 COSValue UTF16StringJC::to(COSValue value) const {
@@ -96,13 +122,7 @@ COSValue UTF16StringJC::to(COSValue value) const {
 }
 
 COSValue UTF16StringJC::from(COSValue object) const {
-  if (object.isNull()) return COSValue::fromPointer(new UTF16String);
-  const Place place(kJavaFile);
-  const JavaClass javaClass(*this, kJavaString, place);
-  auto* const text = object.asPointer<_jobject>();
-  javaClass.requireInstance(text);
-  return COSValue::fromPointer(
-      new UTF16String(unitsOf(javaClass.java(), static_cast<jstring>(text), place)));
+  return objectFromJava<UTF16StringInJava>(*this, object, Place(kJavaFile));
 }
 
 const char* UTF16StringJC::getJavaDeclarationName() {
@@ -202,19 +222,7 @@ COSValue NStringsJC::to(COSValue value) const {
 }
 
 COSValue NStringsJC::from(COSValue object) const {
-  if (object.isNull()) return COSValue::fromPointer(new NStrings);
-  const Place place(kJavaFile);
-  const JavaClass javaClass(*this, kJavaStrings, place);
-  auto* const texts = object.asPointer<_jobject>();
-  javaClass.requireInstance(texts);
-  std::vector<UTF16String> list;
-  forEachText(
-      javaClass.java(), static_cast<jobjectArray>(texts),
-      [&list](UTF16String text) { list.push_back(std::move(text)); }, place);
-  const ArrayPtr cells(vxCreateCellMatrix(list.size(), 1));
-  for (std::size_t i = 0; i < list.size(); ++i)
-    vxSetCell(cells.get(), i, vxCreateString_UTF16(list[i].data(), list[i].size()));
-  return COSValue::fromPointer(new NStrings(cells.get()));
+  return objectFromJava<NStringsInJava>(*this, object, Place(kJavaFile));
 }
 
 const char* NStringsJC::getJavaDeclarationName() {

@@ -22,6 +22,13 @@ const vcos::COSTypeConversion& requireConversion(const char* outside, const char
   return *conversion;
 }
 
+const vcos::JavaTypeConversion& requireJavaConversion(COSNameID inner) {
+  const auto* const conversion = vcos::JavaTypeConversion::getConversion(inner);
+  if (!conversion)
+    raiseJavaError(std::string("There is no Java conversion of ").append(inner.c_str()));
+  return *conversion;
+}
+
 }  // namespace
 
 JNIEnv* JavaEnvironment::getJNIEnv() const {
@@ -48,15 +55,11 @@ COSValue ArrayReferenceConverter::arrayFromJava(const vcos::COSTypeConversion& o
 
 const vcos::JavaTypeConversion& hostArrayConversion() {
   static const COSNameID arrays("any");
-  const auto* const conversion = vcos::JavaTypeConversion::getConversion(arrays);
-  if (!conversion) raiseJavaError("There is no Java conversion of any");
-  return *conversion;
+  return requireJavaConversion(arrays);
 }
 
 const vcos::JavaTypeConversion& javaConversionOf(const char* name) {
-  const auto* const conversion = vcos::JavaTypeConversion::getConversion(COSNameID(name));
-  if (!conversion) raiseJavaError(std::string("There is no Java conversion of ").append(name));
-  return *conversion;
+  return requireJavaConversion(COSNameID(name));
 }
 
 const vcos::COSTypeConversion& arrayConversionOf(const char* name) {

@@ -69,10 +69,19 @@ class TestScope {
   std::unique_ptr<vxArrayListContext, Exit> arrays_{vxEnterNewArrayListContext()};
 };
 
+/// Lets Java see a failure, by what `throwFailure` throws there.
+template <class ThrowFailure>
+void tell(JNIEnv& java, ThrowFailure&& throwFailure) noexcept {
+  try {
+    throwFailure();
+  } catch (...) {
+    JavaConverterUtils::throwOutOfMemory(&java);  // there was none for the text
+  }
+}
+
 /// Runs an operation; `throwUnexpected` says what becomes of a failure that is no host error.
-template <class ThrowUnexpected>
-jobject guarded(JNIEnv& java, const std::function<jobject()>& operation,
-                ThrowUnexpected&& throwUnexpected) {
+template <class Operation, class ThrowUnexpected>
+jobject guardedOr(JNIEnv& java, Operation&& operation, ThrowUnexpected&& throwUnexpected) noexcept {
   try {
     const TestScope scope;
     try {
@@ -81,29 +90,40 @@ jobject guarded(JNIEnv& java, const std::function<jobject()>& operation,
       error.rethrow();
     }
   } catch (const fl::except::IUserException& error) {
-    throwNew(java, "java/lang/IllegalArgumentException",
-             std::string(error.GetID()) + ' ' + error.GetMessageTxt());
+    tell(java, [&] {
+      throwNew(java, "java/lang/IllegalArgumentException",
+               std::string(error.GetID()) + ' ' + error.GetMessageTxt());
+    });
   } catch (...) {
-    throwUnexpected();
+    tell(java, throwUnexpected);
   }
   return nullptr;
 }
 
 }  // namespace
 
-jobject JavaConverterUtils::guarded(JNIEnv* env, const std::function<jobject()>& operation) {
-  return datatype::guarded(*env, operation, [env] {
-    throwNew(
-        *env, kRuntimeException,
-        std::string("Unexpected exception in file ") + kFile + " line " + std::to_string(__LINE__));
-  });
-}
-
 void JavaConverterUtils::throwJavaException(JNIEnv* env, const std::string& message,
                                             const std::string& exceptionClass,
                                             const std::string& file, int line) {
   throwNew(*env, exceptionClass.c_str(),
            message + " in file " + file + " line " + std::to_string(line));
+}
+
+void JavaConverterUtils::throwOutOfMemory(JNIEnv* env) noexcept {
+  if (env->ExceptionCheck()) env->ExceptionClear();
+  const Local<jclass> type(*env, env->FindClass("java/lang/OutOfMemoryError"));
+  if (type.get()) env->ThrowNew(type.get(), "native memory ran out");
+}
+
+jobject JavaConverterUtils::guarded(JNIEnv* env, jobject (*operation)(void* given),
+                                    void* given) noexcept {
+  return guardedOr(
+      *env, [&] { return operation(given); },
+      [env] {
+        throwNew(*env, kRuntimeException,
+                 std::string("Unexpected exception in file ") + kFile + " line " +
+                     std::to_string(__LINE__));
+      });
 }
 
 ConverterTester::~ConverterTester() = default;
@@ -125,7 +145,7 @@ jobject ConverterTester::convertToJavaFromString(JNIEnv* java, jobject caller, j
     return doConvertToJavaFromString(java, caller, utf8Of(*java, text, Place(kFile)));
   };
   // Kept: the text says "in file" twice, and the line is one that callers know.
-  return datatype::guarded(*java, operation, [java] {
+  return guardedOr(*java, operation, [java] {
     JavaConverterUtils::throwJavaException(java, "Unexpected exception in file ", kRuntimeException,
                                            kFile, 166);
   });

@@ -2,7 +2,6 @@
 
 #include <jni.h>
 
-#include <functional>
 #include <string>
 
 namespace graphics::datatype::JavaConverterUtils {
@@ -13,8 +12,17 @@ namespace graphics::datatype::JavaConverterUtils {
 void throwJavaException(JNIEnv* env, const std::string& message, const std::string& exceptionClass,
                         const std::string& file, int line);
 
+/// Leaves a java.lang.OutOfMemoryError pending, without memory of C++.
+void throwOutOfMemory(JNIEnv* env) noexcept;
+
 /// Runs an operation of a native entry and returns its result, or null after a failure, which
 /// becomes a pending Java exception as ConverterTester says.
-jobject guarded(JNIEnv* env, const std::function<jobject()>& operation);
+jobject guarded(JNIEnv* env, jobject (*operation)(void* given), void* given) noexcept;
+template <class Operation>
+jobject guarded(JNIEnv* env, Operation operation) noexcept {
+  // By its address, so that nothing has to be made for it before failures are caught.
+  const auto run = [](void* given) -> jobject { return (*static_cast<Operation*>(given))(); };
+  return guarded(env, run, &operation);
+}
 
 }  // namespace graphics::datatype::JavaConverterUtils

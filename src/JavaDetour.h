@@ -2,6 +2,7 @@
 
 #include "JavaObjects.h"
 #include "NewArray.h"
+#include "OwnedWord.h"
 
 #include <vcos/COSDataType.h>
 #include <vcos/COSNameID.h>
@@ -21,34 +22,20 @@ class JavaDetour {
 
   vcos::COSValue to(vcos::COSValue value) const {
     const ArrayPtr array(arrays_.to(value).asPointer<vxArray>());
-    const ViaValue via(*viaType_.getObject(),
-                       viaArrays_.from(vcos::COSValue::fromPointer(array.get())));
-    return viaJava_.to(via.word());
+    const OwnedWord via(*viaType_.getObject(),
+                        viaArrays_.from(vcos::COSValue::fromPointer(array.get())));
+    return viaJava_.to(via.get());
   }
 
   vcos::COSValue from(vcos::COSValue object) const {
-    const ViaValue via(*viaType_.getObject(), viaJava_.from(object));
-    const ArrayPtr array(viaArrays_.to(via.word()).asPointer<vxArray>());
+    const OwnedWord via(*viaType_.getObject(), viaJava_.from(object));
+    const ArrayPtr array(viaArrays_.to(via.get()).asPointer<vxArray>());
     return arrays_.from(vcos::COSValue::fromPointer(array.get()));
   }
 
   const vcos::JavaTypeConversion& viaJava() const noexcept { return viaJava_; }
 
  private:
-  class ViaValue {
-   public:
-    ViaValue(const vcos::COSDataType& type, vcos::COSValue word) : type_(type), word_(word) {}
-    ViaValue(const ViaValue&) = delete;
-    ViaValue& operator=(const ViaValue&) = delete;
-    ~ViaValue() { type_.destroy(word_); }
-
-    vcos::COSValue word() const noexcept { return word_; }
-
-   private:
-    const vcos::COSDataType& type_;
-    vcos::COSValue word_;
-  };
-
   const vcos::COSTypeConversion& arrays_;
   const vcos::COSTypeConversion& viaArrays_;
   const vcos::JavaTypeConversion& viaJava_;

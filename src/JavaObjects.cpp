@@ -21,11 +21,11 @@ bool clearException(JNIEnv& java) {
 }
 
 [[noreturn]] void raiseMissingClass(const char* path, const Place& place) {
-  place.raise(std::string("JNI cannot find class ").append(path));
+  place.raise(std::string("JNI cannot find class ").append(path), place.line);
 }
 
 [[noreturn]] void raiseNotMade(const Place& place) {
-  place.raise("Java could not make or read an object");
+  place.raise("Java could not make or read an object: its memory may be full", place.line);
 }
 
 }  // namespace
@@ -57,13 +57,13 @@ void raiseJavaError(const std::string& text) {
   vxErrMsgIdAndTxt(kConversionError, "%s", text.c_str());
 }
 
-void Place::raise(const std::string& text) const {
-  vxErrMsgIdAndTxt(kConversionError, "%s in file %s line %d", text.c_str(), file, line);
+void Place::raise(const std::string& text, int ownLine) const {
+  vxErrMsgIdAndTxt(kConversionError, "%s in file %s line %d", text.c_str(), file, ownLine);
 }
 
 jsize javaCount(std::size_t count, const Place& place) {
   if (count > static_cast<std::size_t>(std::numeric_limits<jsize>::max()))
-    place.raise("A Java array cannot hold " + std::to_string(count) + " elements");
+    place.raise("A Java array cannot hold " + std::to_string(count) + " elements", place.line);
   return static_cast<jsize>(count);
 }
 
@@ -103,10 +103,13 @@ gui_objects::UTF16String unitsOf(JNIEnv& java, jstring text, const Place& place)
   return units;
 }
 
-std::string utf8Of(JNIEnv& java, jstring text, const Place& place) {
-  gui_objects::UTF16String units = unitsOf(java, text, place);
+std::string utf8Of(gui_objects::UTF16String units) {
   std::ranges::replace(units, static_cast<unsigned short>(0), static_cast<unsigned short>(0xFFFD));
   return fl::i18n::to_utf8(units.data(), units.size());
+}
+
+std::string utf8Of(JNIEnv& java, jstring text, const Place& place) {
+  return utf8Of(unitsOf(java, text, place));
 }
 
 Local<jstring> newJavaString(JNIEnv& java, const gui_objects::UTF16String& units,
@@ -132,7 +135,8 @@ JavaClass::JavaClass(const JavaEnvironment& environment, const char* dotted, con
 
 void JavaClass::requireInstance(jobject object, int line) const {
   if (!java_.IsInstanceOf(object, get()))
-    placeOf(line).raise(std::string("Input parameter must be an instance of ").append(dotted_));
+    placeOf(line).raise(std::string("Input parameter must be an instance of ").append(dotted_),
+                        line);
 }
 
 jmethodID JavaClass::findGetter(Called method, const char* signature) const {
@@ -157,7 +161,8 @@ void JavaClass::raiseFailedCall(const char* method, int line) const {
   placeOf(line).raise(std::string("JNI failed calling method ")
                           .append(method)
                           .append("() of class ")
-                          .append(dotted_));
+                          .append(dotted_),
+                      line);
 }
 
 double JavaObject::number(Called getter) const {

@@ -82,7 +82,7 @@ struct Place {
         line(ownLine) {}
 
   /// Raises "VORTIL:class:JavaConversionError" with "<text> in file <file> line <line>".
-  [[noreturn]] void raise(const std::string& text) const;
+  [[noreturn]] void raise(const std::string& text, int ownLine = __builtin_LINE()) const;
 
   const char* file;
   int line;
@@ -91,7 +91,7 @@ struct Place {
 /// Raises "VORTIL:class:JavaConversionError" with a text alone.
 [[noreturn]] void raiseJavaError(const std::string& text);
 
-/// A name that a method is called by, or the signature of a constructor, and the line that does so.
+/// A Java method or a signature, and the line of the source that uses it, for errors.
 struct Called {
   constexpr Called(const char* ownName, int ownLine = __builtin_LINE())  // NOLINT: implicit
       : name(ownName),
@@ -137,6 +137,7 @@ gui_objects::UTF16String unitsIn(const vxArray* array);
 /// The units of a text as they stand; raises if Java gives none of them.
 gui_objects::UTF16String unitsOf(JNIEnv& java, jstring text, const Place& place);
 /// The same in UTF-8, where half of a surrogate pair and NUL, which ends texts in C, are U+FFFD.
+std::string utf8Of(gui_objects::UTF16String units);
 std::string utf8Of(JNIEnv& java, jstring text, const Place& place);
 
 /// Raises, after clearing what is pending, if a call has made nothing. Only for calls that give
@@ -225,6 +226,7 @@ class JavaObject {
 
   const JavaClass& javaClass() const noexcept { return class_; }
   JNIEnv& java() const noexcept { return class_.java(); }
+  jobject get() const noexcept { return object_; }
 
   double number(Called getter) const;
   int integer(Called getter) const;
@@ -249,23 +251,24 @@ class JavaObject {
 
 /// Null for a null word.
 template <class InJava>
-vcos::COSValue objectToJava(const JavaEnvironment& environment, vcos::COSValue value) {
+vcos::COSValue objectToJava(const JavaEnvironment& environment, vcos::COSValue value,
+                            const Place& place) {
   if (value.isNull()) return value;
-  const JavaClass javaClass(environment, InJava::kClass, Place(InJava::kFile));
+  const JavaClass javaClass(environment, InJava::kClass, place);
   return vcos::COSValue::fromPointer(
       InJava::toJava(javaClass, *value.asPointer<const typename InJava::Value>()));
 }
 
 template <class InJava>
-vcos::COSValue objectFromJava(const JavaEnvironment& environment, vcos::COSValue object) {
-  const Place place(InJava::kFile);
+vcos::COSValue objectFromJava(const JavaEnvironment& environment, vcos::COSValue object,
+                              const Place& place) {
   if constexpr (requires { InJava::ofNull(); }) {
     if (object.isNull()) return InJava::ofNull();
   } else {
-    if (object.isNull()) place.raise(InJava::kNullText);
+    if (object.isNull()) place.raise(InJava::kNullText, place.line);
   }
   const JavaClass javaClass(environment, InJava::kClass, place);
-  javaClass.requireInstance(object.asPointer<_jobject>());
+  javaClass.requireInstance(object.asPointer<_jobject>(), place.line);
   return InJava::fromJava(JavaObject(javaClass, object.asPointer<_jobject>()));
 }
 
@@ -297,13 +300,13 @@ Local<jobjectArray> newStringArray(JNIEnv& java, jclass stringClass, std::size_t
 }  // namespace graphics::datatype
 
 /// Defines the members of a conversion by what a type says of itself in Java.
-#define VGDT_JAVA_CONVERSION(Converter, InJava)                 \
-  vcos::COSValue Converter::to(vcos::COSValue value) const {    \
-    return objectToJava<InJava>(*this, value);                  \
-  }                                                             \
-  vcos::COSValue Converter::from(vcos::COSValue object) const { \
-    return objectFromJava<InJava>(*this, object);               \
-  }                                                             \
-  const char* Converter::getJavaDeclarationName() {             \
-    return InJava::kClass.dotted;                               \
+#define VGDT_JAVA_CONVERSION(Converter, InJava)                         \
+  vcos::COSValue Converter::to(vcos::COSValue value) const {            \
+    return objectToJava<InJava>(*this, value, Place(InJava::kFile));    \
+  }                                                                     \
+  vcos::COSValue Converter::from(vcos::COSValue object) const {         \
+    return objectFromJava<InJava>(*this, object, Place(InJava::kFile)); \
+  }                                                                     \
+  const char* Converter::getJavaDeclarationName() {                     \
+    return InJava::kClass.dotted;                                       \
   }

@@ -5,6 +5,7 @@
 #include "JavaConverterUtils.h"
 #include "JavaObjects.h"
 #include "OnOffBooleanJavaConverter.h"
+#include "OwnedWord.h"
 #include "ShapedArrayJavaConverter.h"
 
 #include <graphics/datatype/CallbackDataType.h>
@@ -80,7 +81,7 @@ TestValue<DataType>& testValue() {
 
 // How the conversion of a type is made.
 
-template <class Converter, class>
+template <class Converter>
 struct OwnClass {
   static auto make() { return std::make_unique<Converter>(); }
 };
@@ -109,11 +110,9 @@ class Tester final : public ConverterTester {
   jobject doConvertToJavaFromString(JNIEnv* java, jobject caller,
                                     const std::string& text) const override {
     if constexpr (std::is_same_v<Conversion, OfType<ShapedArrayJavaConverter, DataType>>) {
-      TestValue<DataType> value;
-      value.take(
+      const OwnedWord value(
+          typeOf<DataType>(),
           textConversionOf(DataType::getDataTypeName()).from(COSValue::fromPointer(text.c_str())));
-      const auto destroy = [](TestValue<DataType>* used) { used->take({}); };
-      const std::unique_ptr<TestValue<DataType>, decltype(destroy)> owner(&value, destroy);
       return converterIn(java)->to(value.get()).template asPointer<_jobject>();
     } else {
       return ConverterTester::doConvertToJavaFromString(java, caller, text);
@@ -163,9 +162,9 @@ jstring newName(JNIEnv* java, GetName getName) {
     Tester<Type##DataType, Conversion>().testSetter(java, caller, value);                  \
   }
 #define VGDT_OBJECT_TESTER(Type) \
-  using Type##Conversion = OwnClass<Type##JC, void>; VGDT_NATIVE_TESTER(Type, Type##Conversion)
+  using Type##Conversion = OwnClass<Type##JC>; VGDT_NATIVE_TESTER(Type, Type##Conversion)
 #define VGDT_CUSTOM_TESTER(Type) \
-  using Type##Conversion = OwnClass<Type##JavaConverter, void>; \
+  using Type##Conversion = OwnClass<Type##JavaConverter>; \
   VGDT_NATIVE_TESTER(Type, Type##Conversion)
 #define VGDT_ENUMERATED_TESTER(Type) \
   using Type##Conversion = OfType<EnumJavaConverter, Type##DataType>; \

@@ -135,19 +135,18 @@ class OnOffBooleanJavaConverter final : public AbstractJavaConverter {
   }
 
   COSValue from(COSValue object) const override {
-    const Place place(kFile);
-    if (object.isNull()) place.raise("Input parameter for OnOffBoolean must not be NULL ");
-    const JavaClass javaClass(*this, kClass, place);
-    javaClass.requireInstance(object.asPointer<_jobject>());
-    return COSValue::fromLogical(
-        JavaObject(javaClass, object.asPointer<_jobject>()).truth("booleanValue"));
+    return objectFromJava<OnOffBooleanJavaConverter>(*this, object, Place(kFile));
   }
 
   const char* getJavaDeclarationName() override { return kClass.dotted; }
 
- private:
   static constexpr JavaName kClass{"java.lang.Boolean"};
   static constexpr const char* kFile = "src/OnOffBooleanDataType";
+  static constexpr const char* kNullText = "Input parameter for OnOffBoolean must not be NULL ";
+
+  static COSValue fromJava(const JavaObject& object) {
+    return COSValue::fromLogical(object.truth("booleanValue"));
+  }
 };
 
 /// The conversion of "bool", which only this type has, comes between those for text and for Java.

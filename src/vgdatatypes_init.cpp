@@ -48,14 +48,18 @@ extern "C" JNIEXPORT void JNICALL
 Java_com_lindgrove_test_vg_types_Utils_initializeVgdatatypesLib(JNIEnv* env, jclass) {
   // The line numbers are part of the texts that Java tests know.
   try {
-    initializeOnce();
-  } catch (const std::exception& error) {
-    JavaConverterUtils::throwJavaException(env, error.what(), "java/lang/RuntimeException",
-                                           "src/vgdatatypes_init", 91);
+    try {
+      initializeOnce();
+    } catch (const std::exception& error) {
+      JavaConverterUtils::throwJavaException(env, error.what(), "java/lang/RuntimeException",
+                                             "src/vgdatatypes_init", 91);
+    } catch (...) {
+      JavaConverterUtils::throwJavaException(env, "Unknown exception in native code",
+                                             "java/lang/RuntimeException", "src/vgdatatypes_init",
+                                             96);
+    }
   } catch (...) {
-    JavaConverterUtils::throwJavaException(env, "Unknown exception in native code",
-                                           "java/lang/RuntimeException", "src/vgdatatypes_init",
-                                           96);
+    JavaConverterUtils::throwOutOfMemory(env);
   }
 }
 

@@ -9,5 +9,6 @@ using JNIEnv = JNIEnv_;  // as in jni.h, which whoever uses it includes
 /// thread is not attached to it. Nothing links to Java: while no machine runs, each call looks for
 /// one.
 VGHOST_API JNIEnv* GetJNIEnvR() noexcept;
-/// The same, but a thread that is not attached yet is attached first, and stays so.
+/// The same, but a thread that is not attached yet is attached first, until it ends. Java programs
+/// do not wait for it.
 VGHOST_API JNIEnv* GetJNIEnv() noexcept;

@@ -9,9 +9,11 @@
 #include <vx/objects.h>
 #include <vx/scopes.h>
 
+#include <atomic>
 #include <boost/container_hash/hash.hpp>
 #include <stdexcept>
 #include <string_view>
+#include <utility>
 
 namespace vghost::java {
 namespace {
@@ -19,10 +21,47 @@ namespace {
 using vcos::ArrayOwner;
 using vcos::COSValue;
 
+/// The bytes of all arrays that Java holds.
+std::atomic<std::size_t> bytesHeld = 0;
+
+class HeldArray {
+ public:
+  explicit HeldArray(ArrayOwner array)
+      : array_(std::move(array)),
+        bytes_(vxGetNumberOfElements(array_.get()) * vxGetElementSize(array_.get())) {
+    bytesHeld += bytes_;
+  }
+  HeldArray(HeldArray&& other) noexcept
+      : array_(std::move(other.array_)),
+        bytes_(std::exchange(other.bytes_, 0)) {}
+  HeldArray& operator=(HeldArray&&) = delete;
+  ~HeldArray() { bytesHeld -= bytes_; }
+
+  const vxArray* get() const noexcept { return array_.get(); }
+
+ private:
+  ArrayOwner array_;
+  std::size_t bytes_;
+};
+
+/// To Java an array is a small object, however large it is, so that Java would not look for those
+/// that nobody needs any more before the host's memory is full.
+void collectIfMuchIsHeld(JNIEnv& java) noexcept {
+  constexpr std::size_t kMuch = std::size_t{256} << 20U;
+  static std::atomic<std::size_t> bound = kMuch;
+  if (bytesHeld <= kMuch) bound = kMuch;
+  if (bytesHeld <= bound) return;
+  bound = 2 * bytesHeld;
+  const Local<_jclass> system = findClass(java, "java/lang/System");
+  const jmethodID collect = system ? java.GetStaticMethodID(system.get(), "gc", "()V") : nullptr;
+  if (collect) java.CallStaticVoidMethod(system.get(), collect);
+  clearException(java);
+}
+
 /// Never destroyed: Java may end after the host's own data.
-HeldByJava<ArrayOwner>& arrays() {
-  static auto& table = *new HeldByJava<ArrayOwner>("com/lindgrove/jvi/types/VLArrayRef",
-                                                   "com.lindgrove.jvi.types.VLArrayRef");
+HeldByJava<HeldArray>& arrays() {
+  static auto& table = *new HeldByJava<HeldArray>("com/lindgrove/jvi/types/VLArrayRef",
+                                                  "com.lindgrove.jvi.types.VLArrayRef");
   return table;
 }
 
@@ -34,7 +73,7 @@ ArrayOwner detachedCopy(const vxArray* array) {
 }
 
 vxArray* copyOfNumber(jlong number) {
-  return arrays().with([](const ArrayOwner& held) { return vxCreateSharedDataCopy(held.get()); },
+  return arrays().with([](const HeldArray& held) { return vxCreateSharedDataCopy(held.get()); },
                        number);
 }
 
@@ -43,6 +82,7 @@ class ArrayConversion final : public vcos::JavaTypeConversion {
   COSValue to(COSValue value) const override {
     JNIEnv& java = requireJava();
     releaseGivenUpByJava();
+    collectIfMuchIsHeld(java);
     Local<_jobject> object = newArrayReference(java, value.asPointer<vxArray>());
     if (!object) arrays().javaClass().raiseNotCreated(java);
     return COSValue::fromPointer(object.release());
@@ -84,7 +124,7 @@ std::size_t hashOf(const vxArray* array) {
 /// Hands an array that was made for Java over to it.
 jlong addNew(vxArray* array) {
   vxSetArrayScope(array, 0);
-  return arrays().add(ArrayOwner(array));
+  return arrays().add(HeldArray(ArrayOwner(array)));
 }
 
 void requireRow(jobject row) {
@@ -98,7 +138,7 @@ std::unique_ptr<vcos::JavaTypeConversion> makeArrayConversion() {
 }
 
 Local<_jobject> newArrayReference(JNIEnv& java, const vxArray* array) {
-  return arrays().give(java, detachedCopy(array));
+  return arrays().give(java, HeldArray(detachedCopy(array)));
 }
 
 vxArray* arrayBehind(JNIEnv& java, jobject object) {
@@ -143,7 +183,7 @@ JNIEXPORT jboolean JNICALL Java_com_lindgrove_jvi_types_VLArrayRef_areEqual(JNIE
                                                                             jlong a, jlong b) {
   return guarded(java, [=]() -> jboolean {
     return arrays().with(
-        [](const ArrayOwner& first, const ArrayOwner& second) {
+        [](const HeldArray& first, const HeldArray& second) {
           return vghost::areSame(first.get(), second.get());
         },
         a, b);
@@ -154,7 +194,7 @@ JNIEXPORT jint JNICALL Java_com_lindgrove_jvi_types_VLArrayRef_hash(JNIEnv* java
                                                                     jlong number) {
   return guarded(java, [=] {
     return static_cast<jint>(
-        arrays().with([](const ArrayOwner& held) { return hashOf(held.get()); }, number));
+        arrays().with([](const HeldArray& held) { return hashOf(held.get()); }, number));
   });
 }
 
@@ -162,9 +202,8 @@ JNIEXPORT jstring JNICALL Java_com_lindgrove_jvi_types_VLArrayRef_literal(JNIEnv
                                                                           jlong number) {
   return guarded(java, [=] {
     return newJavaText(
-        java,
-        arrays().with([](const ArrayOwner& held) { return vghost::formatLiteral(held.get()); },
-                      number));
+        java, arrays().with([](const HeldArray& held) { return vghost::formatLiteral(held.get()); },
+                            number));
   });
 }
 

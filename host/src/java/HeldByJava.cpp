@@ -12,7 +12,8 @@ constexpr const char* kConversionError = "VORTIL:class:JavaConversionError";
 void requireClass(JNIEnv& java, const char* path) {
   if (!findClass(java, path))
     vxErrMsgIdAndTxt(kConversionError,
-                     "JNI cannot find class %s: vgdatatypes-host.jar is not on the class path",
+                     "JNI cannot find class %s: vgdatatypes-host.jar is not on the class path, or "
+                     "its library could not be loaded",
                      path);
 }
 
@@ -28,7 +29,7 @@ const NumberedClass::Found* NumberedClass::find(JNIEnv& java) const noexcept {
   const auto global = static_cast<jclass>(java.NewGlobalRef(type.get()));
   auto* const made = global ? new (std::nothrow) Found{global, constructor, number} : nullptr;
   const Found* first = nullptr;
-  if (!made || found_.compare_exchange_strong(first, made, std::memory_order_acq_rel)) return made;
+  if (made && found_.compare_exchange_strong(first, made, std::memory_order_acq_rel)) return made;
   java.DeleteGlobalRef(global);
   delete made;
   return first;

@@ -35,6 +35,14 @@ JavaVM* findMachine() noexcept {
   return machine;
 }
 
+/// Java does not learn by itself that a thread ends.
+struct DetachAtEnd {
+  JavaVM* machine = nullptr;
+  ~DetachAtEnd() {
+    if (machine) machine->DetachCurrentThread();
+  }
+};
+
 /// What a machine says of the calling thread.
 struct Thread {
   jint status = JNI_ERR;
@@ -58,6 +66,8 @@ JNIEnv* GetJNIEnv() noexcept {
   const Thread thread = askMachine(machine);
   if (thread.status != JNI_EDETACHED) return thread.environment;
   void* environment = nullptr;
-  const bool isAttached = machine->AttachCurrentThread(&environment, nullptr) == JNI_OK;
-  return isAttached ? static_cast<JNIEnv*>(environment) : nullptr;
+  if (machine->AttachCurrentThreadAsDaemon(&environment, nullptr) != JNI_OK) return nullptr;
+  thread_local DetachAtEnd attached;
+  attached.machine = machine;
+  return static_cast<JNIEnv*>(environment);
 }
