@@ -129,7 +129,7 @@ void expectCleanFailures(const Subject& subject, COSValue object, bool isToJava,
              : vcos::destroyValue(subject.type, result);
     java.settle([&] { return vghost::liveArrays() <= arrays; });
   });
-  EXPECT_TRUE(met > 0 || !isOfJava || object.isNull());
+  EXPECT_TRUE(met > 0 || !isOfJava || !isToJava || object.isNull());
   // Where the object that comes closest cannot be made, none is the closest.
   EXPECT_TRUE(successes == 1 || subject.name == "JavaPeer") << "not each failure has shown";
 }
@@ -181,9 +181,13 @@ TEST_F(Conversions, TakeNullOrRefuseIt) {
 }
 
 TEST_F(Conversions, NeedTheirJarOnlyForItsClasses) {
-  forEachValue([](const Subject& subject) {
+  // Those that the host has found once are kept.
+  const std::set<std::string> ofHost{"com.lindgrove.jvi.types.VLArrayRef",
+                                     "com.lindgrove.jvi.bean.UDDObject"};
+  forEachValue([&ofHost](const Subject& subject) {
     auto* const object = subject.toJava().asPointer<_jobject>();
-    if (!object) return;
+    if (!object || ofHost.contains(subject.java.getJavaDeclarationName()))
+      return java().release(object);
     java().hide("com/lindgrove/");
     const std::string dotted = subject.java.getJavaDeclarationName();
     const bool isOfJar = dotted.starts_with("com.lindgrove.");
