@@ -63,7 +63,7 @@ std::string thrownBy(Tester tester, bool byText) {
       return watched.takePending();
     }
     EXPECT_EQ(tester.testGetter(&java, nullptr), nullptr);
-    const std::string thrown = watched.takePending();
+    std::string thrown = watched.takePending();
     tester.testSetter(&java, nullptr, nullptr);
     EXPECT_EQ(watched.takePending(), thrown);
     return thrown;
