@@ -217,6 +217,8 @@ class BridgeTest {
             .takes(lineStyles(new String[] {"-", "--", ""}, "", "o", "square"))
             .refuses(lineStyles(new String[] {"-", "up"}, "", ""),
                 "VORTIL:vgdatatypes:InvalidMarkerLineStyle ")
+            .refuses(
+                lineStyles(new String[] {"-\0x"}, ""), "VORTIL:vgdatatypes:InvalidMarkerLineStyle ")
             .refuses(lineStyles(new String[0]), "VORTIL:vgdatatypes:NotEnoughStyles ")
             .refuses(null, notNull("NLineStyles"))
             .wantsInstance("must be"),

@@ -14,6 +14,7 @@
 #include <graphics/datatype/EnumBase.h>
 #include <graphics/datatype/EnumStringType.h>
 #include <graphics/datatype/vgdatatypes.h>
+#include <java/environment.h>
 #include <vcos/exceptions.h>
 
 #include <algorithm>
@@ -22,6 +23,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -215,6 +217,22 @@ TEST_F(Conversions, LetGoOfAnObjectThatJavaGivesUp) {
   }
   object = {};
   EXPECT_TRUE(java().settle([&] { return !watched.isAlive(); }));
+}
+
+TEST_F(Conversions, LeaveNoThreadInJava) {
+  const auto threads = [] {
+    return java().aside([](JNIEnv& java) {
+      const jclass type = java.FindClass("java/lang/Thread");
+      const jint count =
+          java.CallStaticIntMethod(type, java.GetStaticMethodID(type, "activeCount", "()I"));
+      EXPECT_FALSE(java.ExceptionCheck());
+      java.DeleteLocalRef(type);
+      return count;
+    });
+  };
+  const jint before = threads();
+  std::thread([] { EXPECT_NE(GetJNIEnv(), nullptr); }).join();
+  EXPECT_EQ(threads(), before);
 }
 
 TEST_F(Conversions, WorkInTheEnvironmentThatATestFixes) {

@@ -1,6 +1,7 @@
 // How failures reach Java code that calls native entries.
 
 #include "java/WatchedJava.h"
+#include "support/FailingNew.h"
 #include "support/HostError.h"
 
 #include <gmock/gmock.h>
@@ -110,6 +111,28 @@ TEST_F(TesterTest, OtherFailuresNameTheLine) {
                 MatchesRegex("java.lang.UnsupportedOperationException: method "
                              "doConvertToJavaFromString\\(\\) is not implemented in file "
                              "src/JavaConverterUtils line [0-9]+"));
+}
+
+TEST_F(TesterTest, NothingLeavesAnEntryWhereMemoryFails) {
+  using HostError = Lindgrove::System::utErrorException_DEPRECATED;
+  const std::string text(100, 'x');
+  const auto error = std::make_shared<UserError>(text);
+  WatchedJava& watched = WatchedJava::get();
+  watched.aside([&](JNIEnv& java) {
+    jstring const given = watched.text(u"text");
+    Tester tester([&](JNIEnv*) -> jobject { throw HostError(error); });
+    std::string thrown;
+    for (std::uint64_t nth = 1; !thrown.ends_with(text); ++nth)
+      for (const bool byText : {false, true}) {
+        test::failNew(nth, true);
+        byText ? tester.convertToJavaFromString(&java, nullptr, given)
+               : tester.testGetter(&java, nullptr);
+        test::failNoNew();
+        thrown = watched.takePending();
+        EXPECT_NE(thrown, "");
+        ASSERT_LT(nth, 100U);
+      }
+  });
 }
 
 TEST_F(TesterTest, WorksInScopesOfItsOwn) {
