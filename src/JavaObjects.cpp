@@ -146,7 +146,7 @@ jmethodID JavaClass::findGetter(Called method, const char* signature) const {
 }
 
 void JavaClass::requireNoException(Called method) const {
-  require(this, method.name, method.line);
+  if (clearException(java_)) raiseFailedCall(method.name, method.line);
 }
 
 void JavaClass::require(const void* result, const char* method, int line) const {

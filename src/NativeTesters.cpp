@@ -91,6 +91,10 @@ struct OfType {
     return std::make_unique<Converter>(&typeOf<DataType>(), DataType::getDataTypeName());
   }
 };
+template <class DataType>
+using OfNames = OfType<EnumJavaConverter, DataType>;
+template <class DataType>
+using OfReferences = OfType<ShapedArrayJavaConverter, DataType>;
 struct OfOnOff {
   static auto make() { return newOnOffBooleanJavaConverter(); }
 };
@@ -109,7 +113,7 @@ class Tester final : public ConverterTester {
   /// Array references alone are made from text as well.
   jobject doConvertToJavaFromString(JNIEnv* java, jobject caller,
                                     const std::string& text) const override {
-    if constexpr (std::is_same_v<Conversion, OfType<ShapedArrayJavaConverter, DataType>>) {
+    if constexpr (std::is_same_v<Conversion, OfReferences<DataType>>) {
       const OwnedWord value(
           typeOf<DataType>(),
           textConversionOf(DataType::getDataTypeName()).from(COSValue::fromPointer(text.c_str())));
@@ -161,47 +165,39 @@ jstring newName(JNIEnv* java, GetName getName) {
   VGDT_ENTRY(Type, void, set)(JNIEnv* java, jobject caller, jobject value) {               \
     Tester<Type##DataType, Conversion>().testSetter(java, caller, value);                  \
   }
-#define VGDT_OBJECT_TESTER(Type) \
-  using Type##Conversion = OwnClass<Type##JC>; VGDT_NATIVE_TESTER(Type, Type##Conversion)
-#define VGDT_CUSTOM_TESTER(Type) \
-  using Type##Conversion = OwnClass<Type##JavaConverter>; \
-  VGDT_NATIVE_TESTER(Type, Type##Conversion)
-#define VGDT_ENUMERATED_TESTER(Type) \
-  using Type##Conversion = OfType<EnumJavaConverter, Type##DataType>; \
-  VGDT_NATIVE_TESTER(Type, Type##Conversion)
-#define VGDT_REFERENCE_TESTER(Type)                                                        \
-  using Type##Conversion = OfType<ShapedArrayJavaConverter, Type##DataType>;               \
-  VGDT_NATIVE_TESTER(Type, Type##Conversion)                                               \
+#define VGDT_TEXT_TESTER(Type, Conversion)                                                         \
   VGDT_ENTRY(Type, jobject, convertToJavaFromString)(JNIEnv* java, jobject caller, jstring text) { \
-    return Tester<Type##DataType, Type##Conversion>().convertToJavaFromString(java, caller, text); \
+    return Tester<Type##DataType, Conversion>().convertToJavaFromString(java, caller, text);       \
   }
 
-VGDT_OBJECT_TESTER(Callback)
-VGDT_CUSTOM_TESTER(ColorOrder)
-VGDT_REFERENCE_TESTER(Curvature)
-VGDT_CUSTOM_TESTER(DataBounds)
-VGDT_OBJECT_TESTER(FontName)
-VGDT_OBJECT_TESTER(HandleOrEmpty)
-VGDT_REFERENCE_TESTER(ImageXYData)
-VGDT_CUSTOM_TESTER(LimitsWithInfs)
-VGDT_ENUMERATED_TESTER(LineStyle)
-VGDT_OBJECT_TESTER(MarkerColor)
-VGDT_ENUMERATED_TESTER(MarkerStyle)
-VGDT_OBJECT_TESTER(MeshAlpha)
-VGDT_OBJECT_TESTER(MeshColor)
-VGDT_OBJECT_TESTER(NLineStyles)
-VGDT_OBJECT_TESTER(NStrings)
-VGDT_OBJECT_TESTER(NumericOrString)
+VGDT_NATIVE_TESTER(Callback, OwnClass<CallbackJC>)
+VGDT_NATIVE_TESTER(ColorOrder, OwnClass<ColorOrderJavaConverter>)
+VGDT_NATIVE_TESTER(Curvature, OfReferences<CurvatureDataType>)
+VGDT_TEXT_TESTER(Curvature, OfReferences<CurvatureDataType>)
+VGDT_NATIVE_TESTER(DataBounds, OwnClass<DataBoundsJavaConverter>)
+VGDT_NATIVE_TESTER(FontName, OwnClass<FontNameJC>)
+VGDT_NATIVE_TESTER(HandleOrEmpty, OwnClass<HandleOrEmptyJC>)
+VGDT_NATIVE_TESTER(ImageXYData, OfReferences<ImageXYDataDataType>)
+VGDT_TEXT_TESTER(ImageXYData, OfReferences<ImageXYDataDataType>)
+VGDT_NATIVE_TESTER(LimitsWithInfs, OwnClass<LimitsWithInfsJavaConverter>)
+VGDT_NATIVE_TESTER(LineStyle, OfNames<LineStyleDataType>)
+VGDT_NATIVE_TESTER(MarkerColor, OwnClass<MarkerColorJC>)
+VGDT_NATIVE_TESTER(MarkerStyle, OfNames<MarkerStyleDataType>)
+VGDT_NATIVE_TESTER(MeshAlpha, OwnClass<MeshAlphaJC>)
+VGDT_NATIVE_TESTER(MeshColor, OwnClass<MeshColorJC>)
+VGDT_NATIVE_TESTER(NLineStyles, OwnClass<NLineStylesJC>)
+VGDT_NATIVE_TESTER(NStrings, OwnClass<NStringsJC>)
+VGDT_NATIVE_TESTER(NumericOrString, OwnClass<NumericOrStringJC>)
 VGDT_NATIVE_TESTER(OnOffBoolean, OfOnOff)
-VGDT_OBJECT_TESTER(Point2)
-VGDT_OBJECT_TESTER(Point2d)
-VGDT_OBJECT_TESTER(Point3)
-VGDT_OBJECT_TESTER(Position)
-VGDT_OBJECT_TESTER(Positive)
-VGDT_OBJECT_TESTER(RGBAColor)
-VGDT_OBJECT_TESTER(Rectangle2)
-VGDT_CUSTOM_TESTER(TextPosition)
-VGDT_CUSTOM_TESTER(Tick)
-VGDT_ENUMERATED_TESTER(TickDir)
-VGDT_CUSTOM_TESTER(TickLength)
-VGDT_OBJECT_TESTER(UTF16String)
+VGDT_NATIVE_TESTER(Point2, OwnClass<Point2JC>)
+VGDT_NATIVE_TESTER(Point2d, OwnClass<Point2dJC>)
+VGDT_NATIVE_TESTER(Point3, OwnClass<Point3JC>)
+VGDT_NATIVE_TESTER(Position, OwnClass<PositionJC>)
+VGDT_NATIVE_TESTER(Positive, OwnClass<PositiveJC>)
+VGDT_NATIVE_TESTER(RGBAColor, OwnClass<RGBAColorJC>)
+VGDT_NATIVE_TESTER(Rectangle2, OwnClass<Rectangle2JC>)
+VGDT_NATIVE_TESTER(TextPosition, OwnClass<TextPositionJavaConverter>)
+VGDT_NATIVE_TESTER(Tick, OwnClass<TickJavaConverter>)
+VGDT_NATIVE_TESTER(TickDir, OfNames<TickDirDataType>)
+VGDT_NATIVE_TESTER(TickLength, OwnClass<TickLengthJavaConverter>)
+VGDT_NATIVE_TESTER(UTF16String, OwnClass<UTF16StringJC>)
