@@ -41,7 +41,6 @@ class VGHOST_API MessageCatalog {
   /// A catalogue that is not there, or whose id is malformed, is one without messages. What was
   /// opened once stays open until the process ends.
   static std::unique_ptr<MessageCatalog> openCatalog(const char* id, const VwLocale& locale);
-  ~MessageCatalog();
   MessageCatalog(const MessageCatalog&) = delete;
   MessageCatalog& operator=(const MessageCatalog&) = delete;
 

@@ -71,8 +71,6 @@ void MessageCatalog::Close::operator()(UResourceBundle* bundle) const noexcept {
   ures_close(bundle);
 }
 
-MessageCatalog::~MessageCatalog() = default;
-
 std::unique_ptr<MessageCatalog> MessageCatalog::openCatalog(const char* id,
                                                             const VwLocale& locale) {
   static auto& mutex = *new std::mutex;
