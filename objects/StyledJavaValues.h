@@ -1,6 +1,6 @@
 #pragma once
 
-/// What the Java conversions of such values do alike.
+/// What the Java conversions of the types do alike whose value is numbers or a word of a table.
 
 #include "JavaObjects.h"
 #include "StyledValues.h"

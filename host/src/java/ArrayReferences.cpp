@@ -44,8 +44,8 @@ class HeldArray {
   std::size_t bytes_;
 };
 
-/// To Java an array is a small object, however large it is, so that Java would not look for those
-/// that nobody needs any more before the host's memory is full.
+/// Asks Java to collect what it no longer needs. Java sees a reference as a small object, whatever
+/// the size of its array, and would collect too late for the memory of the host.
 void collectIfMuchIsHeld(JNIEnv& java) noexcept {
   constexpr std::size_t kMuch = std::size_t{256} << 20U;
   static std::atomic<std::size_t> bound = kMuch;
